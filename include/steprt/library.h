@@ -1,0 +1,48 @@
+// A library that carries a schema, and whether this object has to let go of it.
+//
+//   STEPlib lib(path);
+//   if (lib.LibOpen()) model.SetLib(&lib);
+//
+// The key of a path, by which a loaded module is known, lies in one buffer of the process: one thread at a time.
+#ifndef STEPRT_LIBRARY_H
+#define STEPRT_LIBRARY_H
+
+#include <steprt/export.h>
+#include <steprt/fwd.h>
+
+class STEPRT_API STEPlib {
+ public:
+  using Entry = int (*)();
+
+  // Wraps a module that somebody else loaded and releases. Null too counts as open.
+  STEPlib(HINSTANCE module);
+
+  // Looks for the module among those of the extension chain, and loads it if it is not there. The last component of
+  // the path, behind its last backslash, is the key: cut at 19 characters and upper-cased, it is sought anywhere in a
+  // module's own upper-cased path, of which the first 127 characters count. A module that is found is shared and stays
+  // loaded; one that is loaded here is released with this object. A null path loads nothing.
+  STEPlib(char* path);
+
+  ~STEPlib();
+
+  // Copies the fields. A module that the target held is not released, and afterwards both objects may own one module:
+  // the caller sees to it that only one of them releases it.
+  STEPlib& operator=(const STEPlib& other);
+
+  bool LibOpen();  // whether the module is usable
+
+  // Releases the module `count` times, whoever owns it, and then destroys this object, which must come from new. An
+  // open and owned module is released once more by that.
+  void UnloadDLL(int count);
+
+ protected:
+  // Fills `table` with the module's entries number 2, 3, ... Gives 1 when all are there. A missing one stays null in
+  // its place, releases an owned module, closes this object and gives 0. A closed object gives 0 and leaves the table.
+  int LoadFunct(Entry* table, int count);
+
+  HINSTANCE handle;  // null after a failed load
+  bool open;         // the handle is usable
+  bool owned;        // this object loaded the module and releases it
+};
+
+#endif

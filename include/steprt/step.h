@@ -1,0 +1,17 @@
+// All of steprt. Each header stands on its own as well.
+#ifndef STEPRT_STEP_H
+#define STEPRT_STEP_H
+
+#include <steprt/aggregate.h>
+#include <steprt/export.h>
+#include <steprt/fwd.h>
+#include <steprt/instance.h>
+#include <steprt/library.h>
+#include <steprt/model.h>
+#include <steprt/read.h>
+#include <steprt/schema.h>
+#include <steprt/select.h>
+#include <steprt/text.h>
+#include <steprt/write.h>
+
+#endif

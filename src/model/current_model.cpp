@@ -1,0 +1,28 @@
+#include "model/current_model.h"
+
+#include <cstring>
+
+#include "steprt/text.h"
+#include "support/number.h"
+
+namespace {
+
+constexpr int kPrefixLimit = 63;
+
+constinit STEPmodel* currentModel = nullptr;
+constinit char autoIdRoom[kPrefixLimit + 5 + 1] = "";  // prefix, five digits, terminator
+
+}  // namespace
+
+STEPmodel* CurrentModel() { return currentModel; }
+
+void CurrentModel(STEPmodel* model) { currentModel = model; }
+
+char* AutoId(int /*reserved*/, const char* prefix) {
+  Copy(autoIdRoom, prefix, kPrefixLimit);
+  const int id = currentModel ? currentModel->GetEntId() : 0;
+  char digits[steprt::kIntRoom];
+  *steprt::IntToText(digits, id) = '\0';
+  std::strcat(autoIdRoom, digits);
+  return autoIdRoom;
+}

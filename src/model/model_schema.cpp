@@ -1,0 +1,15 @@
+// Members of STEPmodel that only ask its schema.
+#include "schema/lookup.h"
+#include "steprt/model.h"
+#include "support/ascii.h"
+
+const char* STEPmodel::EntityName(int type) {
+  const APPentity* row = steprt::FindEntityLinear(type, schema);
+  return row ? row->name : "Unknown";
+}
+
+bool STEPmodel::IsSchema(char* schemaName) {
+  return schema && schemaName && steprt::EqualNoCase(schema->name, schemaName);
+}
+
+void STEPmodel::AppObj(APPobject0* descriptor) { schema = descriptor; }

@@ -1,0 +1,19 @@
+// The local date and time.
+#ifndef STEPRT_PLATFORM_CLOCK_H
+#define STEPRT_PLATFORM_CLOCK_H
+
+namespace steprt {
+
+struct DateAndTime {
+  int day;    // 1 to 31
+  int month;  // 1 to 12
+  int year;
+  int hour;
+  int minute;
+};
+
+DateAndTime LocalNow();
+
+}  // namespace steprt
+
+#endif

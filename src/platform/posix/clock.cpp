@@ -1,0 +1,14 @@
+#include "platform/clock.h"
+
+#include <ctime>
+
+namespace steprt {
+
+DateAndTime LocalNow() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local = {};
+  if (!localtime_r(&now, &local)) gmtime_r(&now, &local);
+  return {local.tm_mday, local.tm_mon + 1, local.tm_year + 1900, local.tm_hour, local.tm_min};
+}
+
+}  // namespace steprt

@@ -1,0 +1,40 @@
+#include "platform/input_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <new>
+
+#include "platform/posix/file_calls.h"
+
+namespace steprt {
+
+InputFile* InputFile::OpenOrNull(const char* name) {
+  const int handle = ::open(name, O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  if (handle < 0) return nullptr;
+  struct stat status;
+  const bool readable = ::fstat(handle, &status) == 0 && !S_ISDIR(status.st_mode);
+  InputFile* file = readable ? new (std::nothrow) InputFile(handle) : nullptr;
+  if (!file) ::close(handle);
+  return file;
+}
+
+InputFile::~InputFile() { ::close(handle_); }
+
+bool InputFile::Refill() {
+  if (ended_) return false;
+  ssize_t count;
+  do {
+    count = fileCalls.read(handle_, block_, kBlock);
+  } while (count < 0 && errno == EINTR);
+  ended_ = count <= 0;
+  if (ended_) count = 0;
+  cursor_ = block_;
+  limit_ = block_ + count;
+  block_[count] = '\n';
+  return count > 0;
+}
+
+}  // namespace steprt

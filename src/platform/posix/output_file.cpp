@@ -1,0 +1,104 @@
+#include "platform/output_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <ctime>
+#include <new>
+
+#include "platform/posix/file_calls.h"
+
+namespace steprt {
+namespace {
+
+// Keeps the signals that a failing write brings (a closed pipe, a size limit) from the host for its own life. One that
+// was pending before stays pending.
+class QuietSignals {
+ public:
+  QuietSignals() {
+    sigset_t pending;
+    sigemptyset(&pending);
+    sigpending(&pending);
+    sigemptyset(&ours_);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) {
+      if (!sigismember(&pending, signal)) sigaddset(&ours_, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &ours_, &before_);
+  }
+  ~QuietSignals() {
+    const timespec now = {0, 0};
+    while (sigtimedwait(&ours_, nullptr, &now) > 0) {
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  QuietSignals(const QuietSignals&) = delete;
+  QuietSignals& operator=(const QuietSignals&) = delete;
+
+ private:
+  sigset_t ours_;
+  sigset_t before_;
+};
+
+bool WriteAll(int handle, const char* bytes, std::size_t size) {
+  const QuietSignals quiet;
+  while (size > 0) {
+    const ssize_t count = fileCalls.write(handle, bytes, size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes += count;
+    size -= static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+// A device, a pipe or the like has no length to cut.
+bool Empty(int handle) {
+  struct stat status;
+  if (::fstat(handle, &status) != 0) return false;
+  return !S_ISREG(status.st_mode) || ::ftruncate(handle, 0) == 0;
+}
+
+}  // namespace
+
+OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
+  const int handle = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+  if (handle < 0) return nullptr;
+  const bool taken = sharing == Sharing::kDenyWrite && ::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  OutputFile* file = taken ? nullptr : new (std::nothrow) OutputFile(handle);
+  if (!file) {
+    ::close(handle);
+    return nullptr;
+  }
+  if (Empty(handle)) return file;
+  delete file;
+  return nullptr;
+}
+
+OutputFile::~OutputFile() {
+  Flush();
+  ::close(handle_);
+}
+
+void OutputFile::Put(std::string_view text) {
+  while (text.size() > kBlock - used_) {
+    const std::size_t fits = kBlock - used_;
+    std::memcpy(block_ + used_, text.data(), fits);
+    used_ = kBlock;
+    text.remove_prefix(fits);
+    Flush();
+  }
+  if (!text.empty()) std::memcpy(block_ + used_, text.data(), text.size());
+  used_ += text.size();
+}
+
+void OutputFile::Flush() {
+  if (!failed_ && used_ > 0) failed_ = !WriteAll(handle_, block_, used_);
+  used_ = 0;
+}
+
+}  // namespace steprt

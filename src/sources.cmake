@@ -1,0 +1,22 @@
+# The library's sources, by layer. The frame in CMakeLists.txt compiles them.
+set(STEPRT_SOURCES
+    support/file_name.cpp
+    support/number.cpp
+    support/number_map.cpp
+    support/text_buffer.cpp
+    platform/posix/clock.cpp
+    platform/posix/file_calls.cpp
+    platform/posix/input_file.cpp
+    platform/posix/message_box.cpp
+    platform/posix/output_file.cpp
+    schema/index.cpp
+    schema/lookup.cpp
+    schema/lookup_cache.cpp
+    model/aggregate.cpp
+    model/copy.cpp
+    model/current_model.cpp
+    model/instance.cpp
+    model/model.cpp
+    model/model_index.cpp
+    model/model_schema.cpp
+    model/select.cpp)
