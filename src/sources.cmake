@@ -20,3 +20,8 @@ set(STEPRT_SOURCES
     model/model_index.cpp
     model/model_schema.cpp
     model/select.cpp)
+
+# The SAX service. Which list is compiled is what the option STEPRT_XML says: ON takes Expat's side, OFF a stand-in that
+# has no reader to give.
+set(STEPRT_XML_SOURCES)     # platform/expat/*.cpp
+set(STEPRT_NO_XML_SOURCES)  # platform/no_sax.cpp
