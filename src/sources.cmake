@@ -19,7 +19,31 @@ set(STEPRT_SOURCES
     model/model.cpp
     model/model_index.cpp
     model/model_schema.cpp
-    model/select.cpp)
+    model/select.cpp
+    read/number_index.cpp
+    read/transfer.cpp
+    read/report.cpp
+    read/instance_table.cpp
+    read/fixups.cpp
+    read/tokeniser.cpp
+    read/sections.cpp
+    read/header_section.cpp
+    read/data_section.cpp
+    read/file_reader.cpp
+    read/attribute.cpp
+    read/scalars.cpp
+    read/reference.cpp
+    read/references.cpp
+    read/list_builder.cpp
+    read/lists.cpp
+    write/record_loop.cpp
+    write/frame.cpp
+    write/file_writer.cpp
+    write/values.cpp
+    write/scalars.cpp
+    write/references.cpp
+    write/lists.cpp
+    model/model_transfer.cpp)
 
 # The SAX service. Which list is compiled is what the option STEPRT_XML says: ON takes Expat's side, OFF a stand-in that
 # has no reader to give.

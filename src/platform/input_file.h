@@ -33,7 +33,7 @@ class InputFile {
  private:
   static constexpr std::size_t kBlock = 1 << 16;
 
-  explicit InputFile(int handle) : handle_(handle) {}
+  explicit InputFile(int handle) : handle_(handle) { block_[0] = '\n'; }
 
   const int handle_;
   bool ended_ = false;

@@ -10,7 +10,7 @@ namespace steprt {
 
 class TextBuffer {
  public:
-  TextBuffer() = default;
+  TextBuffer() { room_[0] = '\0'; }
   ~TextBuffer() { delete[] heap_; }
   TextBuffer(const TextBuffer&) = delete;
   TextBuffer& operator=(const TextBuffer&) = delete;
@@ -25,7 +25,7 @@ class TextBuffer {
  private:
   bool Reserve(std::size_t length);
 
-  char room_[512] = "";
+  char room_[512];
   char* heap_ = nullptr;
   std::size_t capacity_ = sizeof room_ - 1;
   std::size_t length_ = 0;

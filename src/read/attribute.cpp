@@ -1,0 +1,39 @@
+#include "read/attribute.h"
+
+#include "read/tokeniser.h"
+#include "support/ascii.h"
+
+namespace steprt {
+
+char* EmptyText() {
+  static constinit char empty[1] = "";
+  return empty;
+}
+
+int NextAttrToken(STEPtransfer* t) {
+  if (t->lastToken == TOK_SEMI) return TOK_SEMI;
+  int token = NextToken(t);
+  if (token == TOK_COMMA) token = NextToken(t);
+  if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
+  return token;
+}
+
+void SkipAttribute(STEPtransfer* t, int token) {
+  if (token == TOK_OPEN) {
+    do {
+      token = NextToken(t);
+    } while (token != TOK_CLOSE && token != TOK_SEMI && token != TOK_EOF);
+  } else if (token == TOK_CLOSE) {
+    token = NextToken(t);
+  }
+  if (token == TOK_SEMI) t->pushedToken = token;
+}
+
+int FindKeyword(const char* text, const char* const* names, int count) {
+  for (int i = 0; i < count; ++i) {
+    if (EqualNoCase(text, names[i])) return i;
+  }
+  return -1;
+}
+
+}  // namespace steprt

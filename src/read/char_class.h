@@ -1,0 +1,31 @@
+// Which bytes end a word and which part tokens.
+#ifndef STEPRT_READ_CHAR_CLASS_H
+#define STEPRT_READ_CHAR_CLASS_H
+
+#include <array>
+#include <string_view>
+
+namespace steprt {
+
+// Star, dot, slash, signs, double quote and underscore do not end a word.
+inline constexpr std::string_view kDelimiters = "' ()\n;=,\r$\t#";
+inline constexpr std::string_view kBlanks = " \t\r";  // a line feed is one too, but it is counted
+
+using ByteSet = std::array<bool, 256>;
+
+constexpr ByteSet MakeByteSet(std::string_view bytes) {
+  ByteSet set = {};
+  for (const char c : bytes) set[static_cast<unsigned char>(c)] = true;
+  return set;
+}
+
+inline constexpr ByteSet kIsDelimiter = MakeByteSet(kDelimiters);
+inline constexpr ByteSet kIsBlank = MakeByteSet(kBlanks);
+inline constexpr ByteSet kStopsText = MakeByteSet("'\r\n");
+inline constexpr ByteSet kStartsNumber = MakeByteSet("#.+-0123456789");
+
+constexpr bool IsIn(const ByteSet& set, char c) { return set[static_cast<unsigned char>(c)]; }
+
+}  // namespace steprt
+
+#endif

@@ -1,0 +1,58 @@
+#include "read/data_section.h"
+
+#include "read/instance_table.h"
+#include "read/report.h"
+#include "read/sections.h"
+#include "read/tokeniser.h"
+#include "steprt/text.h"
+
+namespace steprt {
+namespace {
+
+void RefuseRecord(STEPtransfer* t, const char* message) {
+  ReportError(t, message);
+  SkipPastSemicolon(t);
+}
+
+// ( attributes ), of which only the brackets are looked at here. What stands in place of the `)` is given back, so that
+// a `;` ends the skip at once; a token in place of the `(` is not, so that a `;` there takes the next record with it.
+void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
+  if (!row.read || NextToken(t) != TOK_OPEN) return RefuseRecord(t, kSyntax);
+  t->lastToken = kNoToken;
+  entry->object = row.read(t);
+  if (t->lastToken == TOK_SEMI) return;
+  const int token = NextToken(t);
+  if (token == TOK_CLOSE) return;
+  t->pushedToken = token;
+  RefuseRecord(t, kSyntax);
+}
+
+// One record, whose number has been read. The number counts as used from here on, whatever becomes of the record.
+// False where the record breaks off before its keyword, as that of a complex instance does.
+bool ReadRecord(STEPtransfer* t, int number) {
+  STEPentry* entry = RegisterEntry(t, number);
+  if (!entry) return RefuseRecord(t, kOutOfMemory), true;
+  if (NextToken(t) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
+  Copy(t->where, t->value.text, kWhereLimit);
+  if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
+    ReadBrackets(t, *row, entry);
+  } else {
+    ReportError(t, kUnknownEntity, t->value.text);
+    SkipPastSemicolon(t);
+  }
+  return true;
+}
+
+}  // namespace
+
+int ReadDataSection(STEPtransfer* t) {
+  for (;;) {
+    const int token = NextToken(t);
+    if (token == TOK_EOF) return SEC_NONE;
+    if (token == TOK_NAME) return SectionCode(t->value.text);
+    if (token != TOK_REF) continue;  // the `;` behind a record as well
+    if (!ReadRecord(t, t->value.integer)) return SEC_NONE;
+  }
+}
+
+}  // namespace steprt

@@ -1,0 +1,89 @@
+#include "read/header_section.h"
+
+#include <utility>
+
+#include "read/report.h"
+#include "read/sections.h"
+#include "read/tokeniser.h"
+#include "read/transfer.h"
+#include "schema/lookup.h"
+#include "steprt/read.h"
+#include "steprt/text.h"
+#include "support/ascii.h"
+
+namespace steprt {
+namespace {
+
+// Reads up to the record's `;` and gives that back: the header takes it in place of `)`.
+STEPheader* ReadFileSkip(STEPtransfer* t) {
+  int token;
+  do {
+    token = NextToken(t);
+  } while (token != TOK_SEMI && token != TOK_EOF);
+  t->pushedToken = token;
+  return nullptr;
+}
+
+// The names of a later record take the place of the earlier ones; a record without names leaves them.
+STEPheader* ReadFileSchema(STEPtransfer* t) {
+  STEPaggr* names = nullptr;
+  xrSTEPtextAggr(t, nullptr, &names);
+  const bool replaces = names && (names->head || !t->schemas);
+  if (replaces) std::swap(t->schemas, names);
+  DeleteTextAggr(names);
+  return nullptr;
+}
+
+// One record, whose keyword has been read. A row without a read function takes an empty bracket.
+bool ReadHeaderRecord(STEPtransfer* t, const APPentity& row) {
+  Copy(t->where, t->buffer, kWhereLimit);
+  if (NextToken(t) != TOK_OPEN) return false;
+  if (row.read) {
+    t->lastToken = kNoToken;
+    row.read(t);
+    if (t->lastToken == TOK_SEMI) return true;
+  }
+  const int token = NextToken(t);
+  return token == TOK_CLOSE || token == TOK_SEMI;
+}
+
+}  // namespace
+
+APPobject0* HeaderSchema() {
+  static constinit struct {
+    APPobject0 descriptor;
+    APPentity more[3];
+  } header = {
+      {nullptr, "header", nullptr, nullptr, nullptr, {{"FILE_DESCRIPTION", ReadFileSkip, nullptr, 501, nullptr}}},
+      {{"FILE_NAME", ReadFileSkip, nullptr, 502, nullptr},
+       {"FILE_SCHEMA", ReadFileSchema, nullptr, 500, nullptr},
+       {nullptr, nullptr, nullptr, 0, nullptr}}};
+  return &header.descriptor;
+}
+
+int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
+  for (;;) {
+    const int token = NextToken(t);
+    if (token == TOK_EOF) return SEC_NONE;
+    if (token != TOK_NAME) continue;
+    if (SectionCode(t->value.text) == SEC_ENDSEC) return SEC_ENDSEC;
+    const APPentity* row = FindEntityByName(t->value.text, table);
+    if (row && ReadHeaderRecord(t, *row)) continue;
+    if (row) {
+      ReportError(t, kSyntaxErrorIn, row->name);
+    } else {
+      ReportError(t, kUnknownEntity, t->value.text);  // `where` still shows what it showed before
+    }
+    SkipPastSemicolon(t);
+  }
+}
+
+// Only whole names count, and a file without FILE_SCHEMA lists none.
+bool SchemaNotListed(STEPtransfer* t, const char* schemaName) {
+  for (const STEPlist* node = t->schemas ? t->schemas->head : nullptr; node; node = node->next) {
+    if (EqualNoCase(node->value.text, schemaName)) return false;
+  }
+  return true;
+}
+
+}  // namespace steprt

@@ -1,0 +1,88 @@
+// The readers of aggregate attributes.
+#include "read/attribute.h"
+#include "read/list_builder.h"
+#include "read/report.h"
+#include "read/tokeniser.h"
+#include "steprt/read.h"
+
+namespace {
+
+using namespace steprt;
+
+int NextItemToken(STEPtransfer* t) {
+  const int token = NextToken(t);
+  return token == TOK_COMMA ? NextToken(t) : token;  // a `;` is not noted here
+}
+
+enum class NullList { kAccepted, kRefused };
+
+// ( items ), each of which `takeItem` takes or refuses. One that is refused ends the list: the first skip reads through
+// the next `)`, the second acts on the token itself, so that a list nested one deep is passed whole.
+template <typename TakeItem>
+void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const char* message, TakeItem takeItem) {
+  int token = NextAttrToken(t);
+  if (token == TOK_SEMI) return;
+  ListBuilder list(t, out);
+  if (!list.Begin()) return;
+  if (token == TOK_NULL && nullList == NullList::kAccepted) return;
+  if (token == TOK_OPEN) {
+    do {
+      token = NextItemToken(t);
+      if (token == TOK_CLOSE) return;
+    } while (takeItem(token, list));
+    SkipAttribute(t, TOK_OPEN);
+  }
+  SkipAttribute(t, token);
+  ReportError(t, message);
+}
+
+bool TakeReference(STEPtransfer* t, int token, ListBuilder& list, int expected, bool allowNull) {
+  if (token == TOK_REF) return list.AddReference(t->value.integer, expected), true;
+  if (token == TOK_NULL && allowNull) return list.AddNull(), true;
+  return false;
+}
+
+bool TakeReal(STEPtransfer* t, int token, ListBuilder& list) {
+  if (token == TOK_REAL) return list.AddReal(t->value.real), true;
+  if (token == TOK_INT) return list.AddReal(t->value.integer), true;
+  if (token == TOK_NULL) return list.AddReal(0.0), true;
+  return false;
+}
+
+// An unknown name is reported and counts as the first one.
+bool TakeEnumerator(STEPtransfer* t, int token, ListBuilder& list, const char** names, int count) {
+  if (token == TOK_NULL) return list.AddInteger(0), true;
+  if (token != TOK_ENUM) return false;
+  const int position = FindKeyword(t->value.text, names, count);
+  if (position < 0) ReportError(t, kUnknownEnumeration, t->value.text);
+  list.AddInteger(position < 0 ? 0 : position);
+  return true;
+}
+
+bool TakeText(STEPtransfer* t, int token, ListBuilder& list) {
+  if (token != TOK_TEXT) return false;
+  list.AddText(t->value.text);
+  return true;
+}
+
+}  // namespace
+
+void xrSTEPaggr(STEPtransfer* t, const char* /*name*/, STEPaggr** out, int expected, bool allowNull) {
+  ListFromTokens(t, out, NullList::kAccepted, kMissingReference,
+                 [=](int token, ListBuilder& list) { return TakeReference(t, token, list, expected, allowNull); });
+}
+
+void xrSTEPaggrPrim(STEPtransfer* t, const char* /*name*/, STEPaggr** out) {
+  ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
+                 [=](int token, ListBuilder& list) { return TakeReal(t, token, list); });
+}
+
+void xrSTEPaggrEnum(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
+  ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
+                 [=](int token, ListBuilder& list) { return TakeEnumerator(t, token, list, names, count); });
+}
+
+void xrSTEPtextAggr(STEPtransfer* t, const char* /*name*/, STEPaggr** out) {
+  ListFromTokens(t, out, NullList::kRefused, kMissingTextInList,
+                 [=](int token, ListBuilder& list) { return TakeText(t, token, list); });
+}

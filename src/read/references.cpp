@@ -1,0 +1,81 @@
+// The readers of single references and of selects.
+#include "read/attribute.h"
+#include "read/fixups.h"
+#include "read/instance_table.h"
+#include "read/reference.h"
+#include "read/report.h"
+#include "read/tokeniser.h"
+#include "steprt/read.h"
+#include "steprt/select.h"
+#include "support/memory.h"
+
+namespace {
+
+using namespace steprt;
+
+// The skip runs before the report here, so that the report names the line that the skip has reached.
+void RefuseReference(STEPtransfer* t, int token) {
+  SkipAttribute(t, token);
+  ReportError(t, kMissingReference);
+}
+
+void StoreReference(STEPtransfer* t, int number, int expected, STEPheader** slot) {
+  if (SettleReference(t, number, expected, slot) == Settled::kFailed) *slot = nullptr;
+}
+
+void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
+  const int token = NextAttrToken(t);
+  switch (token) {
+    case TOK_SEMI:
+      return;
+    case TOK_NULL:
+      *slot = nullptr;
+      return;
+    case TOK_REF:
+      return StoreReference(t, t->value.integer, expected, slot);
+    default:
+      return RefuseReference(t, token);
+  }
+}
+
+// A number that stands for no instance is a null object, without a word, and no type is tested.
+void SelectReference(STEPtransfer* t, int number, STEPselect* select) {
+  if (const STEPentry* entry = FindEntry(t, number)) return select->SetSTEPobj(entry->object);
+  STEPfixup* fixup = AddFixup(t, number);
+  if (!fixup) return ReportError(t, kOutOfMemory);
+  select->SetSTEPobj(nullptr);
+  fixup->slot = &select->value.object;
+}
+
+// A text that cannot be copied leaves the select as it was, without a report.
+void SelectText(STEPselect* select, const char* text) {
+  if (char* copy = CopyTextOrNull(text)) select->SetCharPtr(copy);
+}
+
+void SelectFromTokens(STEPtransfer* t, STEPselect* select) {
+  const int token = NextAttrToken(t);
+  switch (token) {
+    case TOK_SEMI:
+      return;
+    case TOK_NULL:
+      return select->SetSTEPobj(nullptr);
+    case TOK_INT:
+      return select->SetInt(t->value.integer);
+    case TOK_REAL:
+      return select->SetReal(t->value.real);
+    case TOK_TEXT:
+      return SelectText(select, t->value.text);
+    case TOK_REF:
+      return SelectReference(t, t->value.integer, select);
+    default:
+      return RefuseReference(t, token);
+  }
+}
+
+}  // namespace
+
+void xrSTEPref(STEPtransfer* t, const char* /*name*/, STEPheader** slot, int expected, bool /*allowNull*/) {
+  ReferenceFromTokens(t, slot, expected);
+}
+
+void rSTEPsel(STEPtransfer* t, const char* /*name*/, STEPselect* select) { SelectFromTokens(t, select); }

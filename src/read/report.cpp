@@ -1,0 +1,44 @@
+#include "read/report.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "platform/message_box.h"
+#include "support/text_buffer.h"
+
+namespace steprt {
+namespace {
+
+// The message with its one conversion replaced by `value`.
+template <typename Value>
+void ReportFormatted(STEPtransfer* t, const char* message, Value value) {
+  const char* conversion = std::strchr(message, '%');
+  TextBuffer text;
+  text.Add(std::string_view(message, static_cast<std::size_t>(conversion - message))).Add(value).Add(conversion + 2);
+  ReportError(t, text.Text());
+}
+
+}  // namespace
+
+void ReportError(STEPtransfer* t, const char* message) {
+  ++t->errors;
+  if (!t->errorProc) return;
+  TextBuffer text;
+  text.Add(kReportCaption).Add(": ").Add(t->fileName).Add(" (").Add(t->line).Add(") [").Add(t->where).Add("]");
+  t->errorProc(text.Add(message).Text());
+}
+
+void ReportError(STEPtransfer* t, const char* message, const char* text) { ReportFormatted(t, message, text); }
+
+void ReportError(STEPtransfer* t, const char* message, int number) { ReportFormatted(t, message, number); }
+
+STEPerrorProc ErrorProcOf(APPobject0* schema) {
+  for (; schema; schema = schema->next) {
+    if (schema->errorProc) return schema->errorProc;
+  }
+  return DefaultErrorProc;
+}
+
+void DefaultErrorProc(const char* text) { ShowMessage(kReportCaption, text); }
+
+}  // namespace steprt

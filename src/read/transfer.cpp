@@ -1,0 +1,36 @@
+#include "read/transfer.h"
+
+#include <cstring>
+#include <new>
+
+namespace steprt {
+
+TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema, bool xml) {
+  const std::size_t nameSize = std::strlen(fileName) + 1;
+  void* room = ::operator new(sizeof(STEPtransfer) + nameSize, std::nothrow);
+  if (!room) return nullptr;
+  auto* t = new (room) STEPtransfer(errorProc, schema, xml);
+  t->fileName = static_cast<char*>(room) + sizeof(STEPtransfer);
+  std::memcpy(t->fileName, fileName, nameSize);
+  return TransferOwner(t);
+}
+
+void FreeTransfer(STEPtransfer* t) {
+  for (STEPelement* element = t->elements; element;) {
+    STEPelement* next = element->next;
+    delete element;  // its text has gone with the entity that it belonged to
+    element = next;
+  }
+  DeleteTextAggr(t->schemas);
+  t->~STEPtransfer();  // the pools release fixups and entries
+  ::operator delete(t);
+}
+
+void DeleteTextAggr(STEPaggr* aggr) {
+  if (!aggr) return;
+  for (STEPlist* node = aggr->head; node; node = node->next) delete[] node->value.text;
+  DeleteSTEPlist(&aggr->head);
+  delete aggr;
+}
+
+}  // namespace steprt

@@ -1,0 +1,61 @@
+// STEPwrite: the frame of a clear-text file and the records in it.
+#include <memory>
+
+#include "platform/output_file.h"
+#include "read/report.h"
+#include "read/sections.h"
+#include "read/transfer.h"
+#include "steprt/text.h"
+#include "steprt/write.h"
+#include "support/file_name.h"
+#include "support/number.h"
+#include "write/frame.h"
+#include "write/record_loop.h"
+
+namespace {
+
+using namespace steprt;
+
+constexpr int kFailed = -1;
+constexpr int kFirstRecordLine = 10;
+
+void PutSectionChange(STEPtransfer* t, int ended, int begun) {
+  Put(t, {SectionKeyword(ended), ";\n\n", SectionKeyword(begun), ";\n"});
+}
+
+void WriteHead(STEPtransfer* t, const char* fileName, const char* remark) {
+  TextBuffer quoted;
+  PutSectionChange(t, SEC_START, SEC_HEADER);
+  PutFileDescription(t, remark);
+  Put(t, {"\n"});
+  PutFileName(t, QuoteFileName(quoted, fileName));
+  Put(t, {"\nFILE_SCHEMA(('", t->schema->name, "'));\n"});
+  PutSectionChange(t, SEC_ENDSEC, SEC_DATA);
+}
+
+void OpenRecord(STEPtransfer* t, const APPentity& row, int number) {
+  OutputFile& out = *t->file.out;
+  out.Put('#');
+  out.Advance(IntToText(out.Room(kIntRoom), number));
+  Put(t, {" = ", row.name, "("});
+}
+
+void CloseRecord(STEPtransfer* t, const APPentity& /*row*/) { t->file.out->Put(");\n"); }
+
+}  // namespace
+
+int STEPwrite(char* fileName, const char* remark, STEPheader* first, APPobject0* schema) {
+  if (!fileName || !schema) return kFailed;
+  TextBuffer room;
+  const TransferOwner t = NewTransfer(DefaultFileName(room, fileName), ErrorProcOf(schema), schema, false);
+  if (!t) return kFailed;
+  Copy(t->where, "Write", kWhereLimit);
+  const std::unique_ptr<OutputFile> file(OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kDenyWrite));
+  t->file.out = file.get();
+  if (!file) return Refuse(t.get(), kCannotCreateFile, kFailed);
+  WriteHead(t.get(), fileName, remark ? remark : "");
+  t->line = kFirstRecordLine;
+  const int count = WriteRecords(t.get(), first, {OpenRecord, CloseRecord});
+  PutSectionChange(t.get(), SEC_ENDSEC, SEC_END);
+  return count;
+}

@@ -1,0 +1,44 @@
+#include "write/frame.h"
+
+#include "platform/clock.h"
+#include "steprt/write.h"
+#include "support/text_buffer.h"
+
+namespace steprt {
+namespace {
+
+constexpr char kOriginator[] = "QVN";
+
+// "%02u"
+void AddTwoDigits(TextBuffer& text, int number) {
+  if (number < 10) text.Add('0');
+  text.Add(number);
+}
+
+}  // namespace
+
+void Put(STEPtransfer* t, std::initializer_list<std::string_view> pieces) {
+  for (const std::string_view piece : pieces) t->file.out->Put(piece);
+}
+
+void PutFileDescription(STEPtransfer* t, const char* remark) {
+  Put(t, {"FILE_DESCRIPTION(('", t->schema->name, " model', 'TOVARIN version ", STEPversion(), "','", kOriginator,
+          "','", remark, "'));"});
+}
+
+// Day and year without leading zeros, no seconds.
+void PutFileName(STEPtransfer* t, const char* shownName) {
+  const DateAndTime now = LocalNow();
+  TextBuffer date;
+  date.Add(now.day).Add('.');
+  AddTwoDigits(date, now.month);
+  date.Add('.').Add(now.year).Add(' ');
+  AddTwoDigits(date, now.hour);
+  date.Add('.');
+  AddTwoDigits(date, now.minute);
+  Put(t, {"FILE_NAME('", shownName, "','", date.Text(), "');"});
+}
+
+}  // namespace steprt
+
+const char* STEPversion() { return "7, 7, 10, 29"; }

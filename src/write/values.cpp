@@ -1,0 +1,42 @@
+#include "write/values.h"
+
+#include <cstring>
+
+#include "read/attribute.h"
+#include "support/number.h"
+#include "write/numbering.h"
+
+namespace steprt {
+
+void PutInt(STEPtransfer* t, int value) {
+  OutputFile& out = *t->file.out;
+  out.Advance(IntToText(out.Room(kIntRoom), value));
+}
+
+void PutReal(STEPtransfer* t, double value) {
+  OutputFile& out = *t->file.out;
+  out.Advance(RealToText(out.Room(kRealRoom), value));
+}
+
+void PutReference(STEPtransfer* t, STEPheader* object) {
+  if (!object) return t->file.out->Put('$');
+  t->file.out->Put('#');
+  PutInt(t, InstanceNumber(t, object));
+}
+
+void PutQuoted(STEPtransfer* t, const char* text) {
+  OutputFile& out = *t->file.out;
+  if (!text) return out.Put('$');
+  out.Put('\'');
+  while (const char* apostrophe = std::strchr(text, '\'')) {
+    out.Put(std::string_view(text, static_cast<std::size_t>(apostrophe + 1 - text)));
+    out.Put('\'');
+    text = apostrophe + 1;
+  }
+  out.Put(text);
+  out.Put('\'');
+}
+
+const char* LogicalKeyword(int value) { return kLogicalKeywords[value == 0 || value == 1 ? value + 1 : 0]; }
+
+}  // namespace steprt

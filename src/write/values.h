@@ -1,0 +1,17 @@
+// Prints values of attributes, without anything about them.
+#ifndef STEPRT_WRITE_VALUES_H
+#define STEPRT_WRITE_VALUES_H
+
+#include "read/records.h"
+
+namespace steprt {
+
+void PutInt(STEPtransfer* t, int value);
+void PutReal(STEPtransfer* t, double value);             // six significant digits
+void PutReference(STEPtransfer* t, STEPheader* object);  // # and the instance's number; `$` for null
+void PutQuoted(STEPtransfer* t, const char* text);       // in apostrophes, its own doubled; `$` for null
+const char* LogicalKeyword(int value);                   // .U. for all but 0 and 1
+
+}  // namespace steprt
+
+#endif
