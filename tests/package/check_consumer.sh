@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# check_consumer.sh WAY COMPILER SOURCE PREFIX FOLDER - builds the client in FOLDER as a consumer does who comes by this
+# WAY, and runs it:
+#
+#   find_package, pkg_config    on the package installed in PREFIX
+#   subdirectory, without_xml   on the tree in SOURCE, with and without the XML reader
+set -euo pipefail
+way=$1 compiler=$2 source=$3 prefix=$4 folder=$5
+here=$(cd "$(dirname "$0")" && pwd)
+
+build_by_cmake() {
+  cmake -S "$here/$1" -B "$folder" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" "${@:2}"
+  cmake --build "$folder"
+}
+
+build_by_pkg_config() {
+  export PKG_CONFIG_PATH
+  PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name steprt.pc)")
+  local flags
+  read -ra flags <<<"$(pkg-config --cflags --libs steprt)"
+  "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$here/client.cpp" -o "$folder/client" "${flags[@]}"
+  export LD_LIBRARY_PATH
+  LD_LIBRARY_PATH=$(pkg-config --variable=libdir steprt)
+}
+
+rm -rf "$folder"
+mkdir -p "$folder"
+xml=xml
+case $way in
+  find_package) build_by_cmake find_package -DCMAKE_PREFIX_PATH="$prefix" ;;
+  pkg_config) build_by_pkg_config ;;
+  subdirectory) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" ;;
+  without_xml) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" -DSTEPRT_XML=OFF && xml= ;;
+esac
+"$folder/client" "$folder" $xml
