@@ -8,8 +8,12 @@ set(STEPRT_SOURCES
     platform/posix/file_calls.cpp
     platform/posix/input_file.cpp
     platform/posix/message_box.cpp
+    platform/posix/modules.cpp
     platform/posix/output_file.cpp
+    schema/chain.cpp
+    schema/expand.cpp
     schema/index.cpp
+    schema/library.cpp
     schema/lookup.cpp
     schema/lookup_cache.cpp
     model/aggregate.cpp
@@ -18,8 +22,11 @@ set(STEPRT_SOURCES
     model/instance.cpp
     model/model.cpp
     model/model_index.cpp
+    model/model_library.cpp
     model/model_schema.cpp
     model/select.cpp
+    model/string.cpp
+    model/type_queries.cpp
     read/number_index.cpp
     read/transfer.cpp
     read/report.cpp
@@ -43,7 +50,9 @@ set(STEPRT_SOURCES
     write/scalars.cpp
     write/references.cpp
     write/lists.cpp
-    model/model_transfer.cpp)
+    model/model_transfer.cpp
+    exports/entry_table.cpp
+    exports/load_hook.cpp)
 
 # The SAX service. Which list is compiled is what the option STEPRT_XML says: ON takes Expat's side, OFF a stand-in that
 # has no reader to give.

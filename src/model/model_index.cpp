@@ -9,13 +9,20 @@ namespace {
 
 using namespace steprt;
 
-// Each child goes to the front, so that siblings stand in the reverse of row order. A row that has a parent already, or
-// is its own, would make the tree a ring: two rows of one name bring that about, and the second is passed over.
-void LinkToParent(APPentity& row, APPindexNode** table) {
+// The node of the name's bucket that stands for this very row. It is the one that FindIndexNode gives unless another
+// row bears the name too; so each row is linked once, and siblings never form a ring.
+APPindexNode* OwnNode(const APPentity& row, APPindexNode** table) {
+  APPindexNode* node = table[HashName(row.name)];
+  while (node && node->row != &row) node = node->next;
+  return node;
+}
+
+// Each child goes to the front, so that siblings stand in the reverse of row order.
+void LinkToParent(const APPentity& row, APPindexNode** table) {
   if (!row.super) return;
   APPindexNode* parent = FindIndexNode(row.super, table);
-  APPindexNode* child = FindIndexNode(row.name, table);
-  if (!parent || !child || child->row != &row) return;
+  APPindexNode* child = OwnNode(row, table);
+  if (!parent || !child) return;
   child->sibling = parent->children;
   parent->children = child;
 }

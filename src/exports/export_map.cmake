@@ -1,0 +1,17 @@
+# steprt_write_exports(DEF MAP LIST) - makes out of entries.def the linker's map of what leaves the library, and the bare
+# list of the same names for the test that compares it with the library.
+function(steprt_write_exports def map list)
+  cmake_path(ABSOLUTE_PATH def)
+  file(STRINGS ${def} lines REGEX "^STEPRT_(ENTRY|NAME)\\(")
+  set(symbols)
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^STEPRT_(ENTRY\\([0-9]+, |NAME\\()([A-Za-z0-9_]+), .*" "\\2" symbol "${line}")
+    list(APPEND symbols ${symbol})
+  endforeach()
+  list(SORT symbols)
+  list(JOIN symbols ";\n    " globals)
+  list(JOIN symbols "\n" names)
+  file(CONFIGURE OUTPUT ${map} CONTENT "{\n  global:\n    ${globals};\n  local:\n    *;\n};\n")
+  file(CONFIGURE OUTPUT ${list} CONTENT "${names}\n")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${def})
+endfunction()
