@@ -18,9 +18,9 @@ class STEPRT_API STEPlib {
   STEPlib(HINSTANCE module);
 
   // Looks for the module among those of the extension chain, and loads it if it is not there. The last component of
-  // the path, behind its last backslash, is the key: cut at 19 characters and upper-cased, it is sought anywhere in a
-  // module's own upper-cased path, of which the first 127 characters count. A module that is found is shared and stays
-  // loaded; one that is loaded here is released with this object. A null path loads nothing.
+  // the path, behind its last backslash, is the key: upper-cased, and of a longer one its last 19 characters, it is
+  // sought anywhere in a module's own upper-cased path, of which the first 127 characters count. A module that is found
+  // is shared and stays loaded; one that is loaded here is released with this object. A null path loads nothing.
   STEPlib(char* path);
 
   ~STEPlib();
