@@ -1,16 +1,12 @@
 #!/usr/bin/env bash
 # check_exports.sh LIBRARY LIST - compares the names that the library exports with the list. With STEPRT_ACCEPT=1 in the
-# environment it writes the list. Names of the standard library, whose templates leave a compiler some freedom, are none
-# of ours.
+# environment it writes the list.
 set -euo pipefail
 library=$1
 list=$2
 
 exported() {
-  nm -D --defined-only --demangle "$library" |
-    sed -E 's/^[0-9a-f]+ [A-Za-z] //' |
-    grep -vE '^((typeinfo|typeinfo name|vtable|VTT|guard variable) for )?([a-z ]*\b)?(std|__gnu_cxx)::|^operator (new|delete)' |
-    LC_ALL=C sort -u
+  nm -D --defined-only --demangle "$library" | sed -E 's/^[0-9a-f]+ [A-Za-z] //' | LC_ALL=C sort -u
 }
 
 if [ "${STEPRT_ACCEPT:-}" = 1 ]; then
