@@ -1,0 +1,163 @@
+// What a transfer remembers of lookups is the answer of the path in force, at every moment.
+#include "schema/lookup_cache.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <list>
+
+#include "schema/generated_chain.h"
+#include "schema/lookup.h"
+#include "support/chain.h"
+#include "support/failing_new.h"
+
+namespace {
+
+using steprt::LookupCache;
+using steprt_test::Chain;
+using steprt_test::CountAllocations;
+using steprt_test::FailingNew;
+using steprt_test::GenerateChain;
+using steprt_test::Model;
+using steprt_test::Row;
+using steprt_test::Schema;
+
+std::string InSomeCase(std::string name, std::mt19937& random) {
+  for (char& c : name) {
+    if (random() % 4 == 0) c = static_cast<char>(std::tolower(c));
+  }
+  return name;
+}
+
+class Questions {
+ public:
+  Questions(const std::vector<Schema>& schemas, std::mt19937& random) : random_(random) {
+    for (const Schema& schema : schemas) {
+      for (const Row& row : schema.rows) {
+        names_.push_back(row.name);
+        types_.push_back(row.type);
+      }
+    }
+    names_.insert(names_.end(), {"NOBODY", ""});
+    types_.insert(types_.end(), {-1, 1, 100000});
+  }
+
+  void Ask(LookupCache& cache, APPobject0* schema) {
+    const std::string name = InSomeCase(Any(names_), random_);
+    const int type = Any(types_);
+    const int other = Any(types_);
+    ASSERT_EQ(cache.FindEntityByName(name.c_str()), steprt::FindEntityByName(name.c_str(), schema)) << name;
+    ASSERT_EQ(cache.FindEntityByType(type), steprt::FindEntityByType(type, schema)) << type;
+    ASSERT_EQ(cache.IsSubtype(type, other), steprt::IsSubtype(schema, type, other)) << type << " of " << other;
+  }
+
+ private:
+  template <typename T>
+  const T& Any(const std::vector<T>& list) {
+    return list[random_() % list.size()];
+  }
+
+  std::mt19937& random_;
+  std::vector<std::string> names_;
+  std::vector<int> types_;
+};
+
+// Half of the indexes lack a node.
+void ChangeSomething(Model& model, Model& added, std::mt19937& random) {
+  switch (random() % 5) {
+    case 0:
+      model.PrepareHash();
+      break;
+    case 1:
+      model.RemoveHash();
+      break;
+    case 2:
+      model.AddModel(&added);
+      break;
+    case 3: {
+      const FailingNew failing(static_cast<long>(1 + random() % 30));
+      model.PrepareHash();
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+TEST(LookupCache, AgreesWithThePathInForceWhateverHappensBetweenTwoQuestions) {
+  std::mt19937 random(4711);
+  for (int round = 0; round < 300; ++round) {
+    std::vector<Schema> schemas = GenerateChain(random);
+    std::vector<Schema> more = GenerateChain(random);
+    more[0].name = "MORE";
+    const Chain chain(schemas);
+    const Chain addition(more);
+    Model model(chain.Head());
+    Model added(addition.Head());
+    schemas.insert(schemas.end(), more.begin(), more.end());
+    Questions questions(schemas, random);
+    LookupCache cache(chain.Head());
+    for (int step = 0; step < 60; ++step) {
+      if (random() % 3 == 0) ChangeSomething(model, added, random);
+      if (random() % 6 == 0) {
+        const FailingNew failing(static_cast<long>(1 + random() % 3), FailingNew::kAndAllBehind);
+        questions.Ask(cache, chain.Head());
+      } else {
+        questions.Ask(cache, chain.Head());
+      }
+      if (HasFatalFailure()) FAIL() << "round " << round << ", step " << step;
+    }
+  }
+}
+
+TEST(LookupCache, ANewIndexInThePlaceOfTheOldOneIsSeen) {
+  const Chain chain({{"S", {{"WALL", 1}}}});
+  const Chain more({{"T", {{"DOOR", 2}}}});
+  Model model(chain.Head());
+  Model other(more.Head());
+  LookupCache cache(chain.Head());
+  model.PrepareHash();
+  EXPECT_EQ(cache.FindEntityByName("DOOR"), nullptr);
+  model.AddModel(&other);
+  EXPECT_EQ(cache.FindEntityByName("DOOR"), nullptr);
+  model.RemoveHash();
+  model.PrepareHash();
+  EXPECT_EQ(cache.FindEntityByName("DOOR"), &more.Head()->entities[0]);
+  EXPECT_EQ(cache.FindEntityByName("door"), nullptr);
+}
+
+TEST(LookupCache, DrawsItsPictureOnceForEachChange) {
+  const Chain chain({{"S", {{"WALL", 1}, {"DOOR", 2, "WALL"}}}});
+  Model model(chain.Head());
+  LookupCache cache(chain.Head());
+  EXPECT_EQ(cache.FindEntityByName("wall"), &chain.Head()->entities[0]);
+  const long drawn = CountAllocations();
+  for (int i = 0; i < 100; ++i) {
+    EXPECT_EQ(cache.FindEntityByName("Door"), &chain.Head()->entities[1]);
+    EXPECT_EQ(cache.FindEntityByType(2), &chain.Head()->entities[1]);
+    EXPECT_TRUE(cache.IsSubtype(1, 2));
+  }
+  EXPECT_EQ(CountAllocations(), drawn);
+}
+
+TEST(LookupCache, WithoutMemoryForThePictureItAsksAnewAndTriesNoMoreUntilAChange) {
+  const Chain chain({{"S", {{"WALL", 1}, {"DOOR", 2, "WALL"}}}});
+  Model model(chain.Head());
+  LookupCache cache(chain.Head());
+  long tried = 0;
+  {
+    const FailingNew noMemory(1, FailingNew::kAndAllBehind);
+    EXPECT_EQ(cache.FindEntityByName("wall"), &chain.Head()->entities[0]);
+    tried = CountAllocations();
+    EXPECT_TRUE(cache.IsSubtype(1, 2));
+    EXPECT_EQ(cache.FindEntityByType(2), &chain.Head()->entities[1]);
+    EXPECT_EQ(CountAllocations(), tried);
+  }
+  EXPECT_EQ(cache.FindEntityByType(2), &chain.Head()->entities[1]);
+  EXPECT_EQ(CountAllocations(), tried);
+  model.PrepareHash();
+  EXPECT_EQ(cache.FindEntityByName("wall"), nullptr);
+  EXPECT_GT(CountAllocations(), tried + 5);
+}
+
+}  // namespace
