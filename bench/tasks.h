@@ -1,0 +1,17 @@
+// The tasks that are measured, each with its floor. Each registers its benchmarks, for populations of one size.
+#ifndef STEPRT_BENCH_TASKS_H
+#define STEPRT_BENCH_TASKS_H
+
+namespace bench {
+
+void RegisterReads(int records);
+void RegisterWrites(int records);
+void RegisterDestruction(int records);
+void RegisterMemory(int records);
+
+// How much dearer a record is in a large population than in one of 100 000.
+void RegisterGrowth(int records);
+
+}  // namespace bench
+
+#endif
