@@ -1,0 +1,23 @@
+// Texts of a model as people read them.
+#ifndef PLAN_LABELS_H
+#define PLAN_LABELS_H
+
+#include <steprt/step.h>
+
+#include <string>
+
+namespace plan {
+
+// The text in UTF-8. The library leaves encoded characters as the file writes them: \S\, \X\ and \X2\ are decoded here,
+// and bytes above 127 are taken as ISO 8859-1.
+std::string LabelOf(const char* text);
+
+// A name for a file: letters and digits, with one `_` for all that stands between them.
+std::string FileNameOf(const std::string& label);
+
+// A number as it stands on a sheet: "12.50".
+std::string NumberText(double value, int decimals);
+
+}  // namespace plan
+
+#endif
