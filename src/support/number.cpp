@@ -86,10 +86,22 @@ double UnsignedToReal(std::string_view text, std::chars_format format) {
   return error == std::errc{} ? value : 0.0;
 }
 
+bool IsHexDigit(char c) { return IsDigit(c) || (ToLower(c) >= 'a' && ToLower(c) <= 'f'); }
+
 bool StartsHexadecimal(const char* text) {
   if (text[0] != '0' || ToLower(text[1]) != 'x') return false;
-  const char* digit = text[2] == '.' ? text + 3 : text + 2;
-  return IsDigit(*digit) || (ToLower(*digit) >= 'a' && ToLower(*digit) <= 'f');
+  return IsHexDigit(text[2] == '.' ? text[3] : text[2]);
+}
+
+// from_chars itself would take two signs behind the p.
+double HexadecimalToReal(const char* text) {
+  const char* end = text;
+  while (IsHexDigit(*end) || *end == '.') ++end;
+  if (ToLower(*end) == 'p') {
+    const char* digit = end[1] == '+' || end[1] == '-' ? end + 2 : end + 1;
+    while (IsDigit(*digit)) end = ++digit;
+  }
+  return UnsignedToReal({text, static_cast<std::size_t>(end - text)}, std::chars_format::hex);
 }
 
 }  // namespace
@@ -110,11 +122,10 @@ double TextToReal(const char* text) {
   const bool negative = *text == '-';
   if (*text == '-' || *text == '+') ++text;
   if (*text == '-' || *text == '+') return 0.0;  // from_chars would take a second minus
-  const bool hexadecimal = StartsHexadecimal(text);
-  if (hexadecimal) text += 2;
-  const double value =
-      UnsignedToReal(std::string_view(text), hexadecimal ? std::chars_format::hex : std::chars_format::general);
-  return negative ? -value : value;
+  const double value = StartsHexadecimal(text) ? HexadecimalToReal(text + 2)
+                                               : UnsignedToReal(std::string_view(text), std::chars_format::general);
+  const bool isNumber = value != 0.0 || IsDigit(text[*text == '.' ? 1 : 0]);
+  return negative && isNumber ? -value : value;  // a lone sign is 0, not -0
 }
 
 double DecimalToReal(std::string_view text) {

@@ -1,7 +1,10 @@
-// Lets allocations of the library fail. It takes its memory by the nothrow forms of new alone; those are replaced in
-// the test program, and the throwing forms, which tests use themselves, are left as they are.
+// Counts what is taken by new, and lets allocations of the library fail. It takes its memory by the nothrow forms
+// alone, so only those fail; tests use the throwing ones. All forms are replaced in the test program. A block that goes
+// back by the wrong form of delete ends the program.
 #ifndef STEPRT_TESTS_SUPPORT_FAILING_NEW_H
 #define STEPRT_TESTS_SUPPORT_FAILING_NEW_H
+
+#include <cstddef>
 
 namespace steprt_test {
 
@@ -21,6 +24,12 @@ class FailingNew {
 
 // How many allocations the library has made so far.
 long CountAllocations();
+
+// Blocks and bytes taken by any form and not given back; PeakBytes is the most there were since the last ResetPeak.
+long LiveBlocks();
+std::size_t LiveBytes();
+std::size_t PeakBytes();
+void ResetPeak();
 
 }  // namespace steprt_test
 

@@ -1,0 +1,55 @@
+#include "support/faulty_calls.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/posix/file_calls.h"
+
+namespace steprt_test {
+namespace {
+
+Faults faults;
+long calls = 0;
+bool failed = false;
+bool interruptNext = false;
+
+// How many bytes the call may take; below 0, with errno set, when it fails.
+ssize_t Allow(std::size_t size) {
+  if (faults.interrupted && std::exchange(interruptNext, !interruptNext)) return errno = EINTR, -1;
+  ++calls;
+  if (faults.failing && (calls == faults.failing || (calls > faults.failing && faults.allBehind))) {
+    failed = true;
+    return errno = faults.error, -1;
+  }
+  return faults.atMost ? std::min<ssize_t>(static_cast<ssize_t>(size), faults.atMost()) : static_cast<ssize_t>(size);
+}
+
+ssize_t Read(int handle, void* block, std::size_t size) {
+  const ssize_t allowed = Allow(size);
+  return allowed < 0 ? allowed : ::read(handle, block, static_cast<std::size_t>(allowed));
+}
+
+ssize_t Write(int handle, const void* block, std::size_t size) {
+  const ssize_t allowed = Allow(size);
+  return allowed < 0 ? allowed : ::write(handle, block, static_cast<std::size_t>(allowed));
+}
+
+}  // namespace
+
+FaultyCalls::FaultyCalls(Faults wanted) {
+  faults = std::move(wanted);
+  calls = 0;
+  failed = false;
+  interruptNext = true;
+  steprt::fileCalls = {Read, Write};
+}
+
+FaultyCalls::~FaultyCalls() { steprt::fileCalls = {::read, ::write}; }
+
+long FaultyCalls::Count() const { return calls; }
+
+bool FaultyCalls::HasFailed() const { return failed; }
+
+}  // namespace steprt_test

@@ -1,0 +1,47 @@
+#include "support/temp_files.h"
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace steprt_test {
+namespace {
+
+class Folder {
+ public:
+  // Without a dot in it, so that names without an ending can be made.
+  Folder() : path_("/tmp/steprt-XXXXXX") {
+    if (!mkdtemp(path_.data())) abort();
+  }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace
+
+std::string TempPath(const std::string& name) {
+  static const Folder folder;
+  return folder.Path() + "/" + name;
+}
+
+std::string MakeFile(const std::string& name, const std::string& bytes) {
+  const std::string path = TempPath(name);
+  std::ofstream(path, std::ios::binary) << bytes;
+  return path;
+}
+
+std::string BytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return "(none)";
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace steprt_test

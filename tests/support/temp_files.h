@@ -1,0 +1,19 @@
+// Files of one run, in a folder of its own that goes when the program ends.
+#ifndef STEPRT_TESTS_SUPPORT_TEMP_FILES_H
+#define STEPRT_TESTS_SUPPORT_TEMP_FILES_H
+
+#include <string>
+
+namespace steprt_test {
+
+std::string TempPath(const std::string& name);
+
+// Makes or replaces a file in the folder and gives its path.
+std::string MakeFile(const std::string& name, const std::string& bytes);
+
+// A file's bytes; "(none)" when there is no such file.
+std::string BytesOf(const std::string& path);
+
+}  // namespace steprt_test
+
+#endif
