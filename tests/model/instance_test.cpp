@@ -1,0 +1,129 @@
+// Instances: what constructors leave, joining a model, ids, types, the schema as an instance sees it.
+#include "steprt/instance.h"
+
+#include <gtest/gtest.h>
+
+#include "support/proj_schema.h"
+
+namespace {
+
+using namespace steprt_test;
+
+TEST(Instance, WithoutAModelItJoinsTheCurrentOneAndIsNew) {
+  ProjModel model;
+  auto* object = new STEPheader;
+  EXPECT_EQ(model.Inst(), object);
+  EXPECT_EQ(object->Model(), &model);
+  EXPECT_EQ(object->NextHead(), nullptr);
+  EXPECT_EQ(object->Type(), -1);
+  EXPECT_EQ(object->number, 0);
+  EXPECT_STREQ(object->Id(), "");
+  EXPECT_FALSE(model.Changed());
+}
+
+TEST(Instance, AnArgumentNamesTheModelWhateverIsCurrent) {
+  ProjModel model;
+  ProjModel current;
+  auto* first = new STEPheader(&model);
+  auto* second = new STEPheader(&model);
+  EXPECT_EQ(model.Inst(), first);
+  EXPECT_EQ(first->NextHead(), second);
+  EXPECT_EQ(*first->pNextHead(), second);
+  EXPECT_TRUE(current.IsEmpty());
+}
+
+TEST(Instance, WithoutAnyModelItStandsAloneUntilOneTakesIt) {
+  CurrentModel(nullptr);
+  auto* object = new Entity(kWall);
+  EXPECT_EQ(object->Model(), nullptr);
+  EXPECT_STREQ(object->EntityName(), "");
+  EXPECT_TRUE(object->IsKindOf(kWall));
+  EXPECT_FALSE(object->IsKindOf(kProduct));
+  object->Changed();
+  ProjModel model;
+  model.Insert(object);
+  EXPECT_EQ(object->Model(), &model);
+  EXPECT_EQ(model.Inst(), object);
+  delete new STEPheader(static_cast<void*>(nullptr));  // in the current model, and off its list again
+  EXPECT_EQ(object->NextHead(), nullptr);
+}
+
+TEST(Instance, AnIdIsCutAtSixtyThreeCharacters) {
+  ProjModel model;
+  STEPheader* object = new STEPheader;
+  std::string text(64, 'x');
+  object->Id(text.data());
+  EXPECT_EQ(object->Id(), std::string(63, 'x'));
+  object->Id("short");
+  object->Id(static_cast<const char*>(nullptr));
+  EXPECT_STREQ(object->Id(), "short");
+}
+
+TEST(Instance, ChangedMarksTheModelWhetherItIsLockedOrNot) {
+  ProjModel model;
+  auto* object = new STEPheader;
+  model.SetLocked(true);
+  object->Changed();
+  EXPECT_TRUE(model.Changed());
+}
+
+TEST(Instance, KindsFollowTheSupertypesAcrossTheChain) {
+  const struct {
+    int type;
+    int ancestor;
+    bool isKind;
+  } rows[] = {{kDoor, kDoor, true},     {kDoor, kWall, true},   {kDoor, kProduct, true}, {kWall, kDoor, false},
+              {kProduct, kWall, false}, {kDoor, kPoint, false}, {kWall, -1, true},       {999, -7, true},
+              {999, 999, true},         {999, kWall, false},    {kWall, 999, false}};
+  ProjModel model;
+  auto* object = new STEPheader;
+  for (const bool indexed : {false, true}) {
+    if (indexed) model.PrepareHash();
+    for (const auto& row : rows) {
+      object->Type(row.type);
+      EXPECT_EQ(object->IsKindOf(row.ancestor), row.isKind) << row.type << " " << row.ancestor << " " << indexed;
+    }
+  }
+}
+
+TEST(Instance, ItsEntityNameIsEmptyWhereTheModelSaysUnknown) {
+  ProjModel model;
+  auto* object = new STEPheader;
+  const struct {
+    int type;
+    const char* own;
+    const char* byModel;
+  } rows[] = {{kDoor, "DOOR", "DOOR"}, {kPerson, "PERSON", "PERSON"}, {999, "", "Unknown"}, {-1, "", "Unknown"}};
+  for (const auto& row : rows) {
+    object->Type(row.type);
+    EXPECT_STREQ(object->EntityName(), row.own);
+    EXPECT_STREQ(model.EntityName(row.type), row.byModel);
+  }
+}
+
+TEST(Instance, ACopyIsOnNoListAndLeavesTheSourcesListAlone) {
+  ProjModel model;
+  auto* first = new STEPheader;
+  auto* second = new STEPheader;
+  first->Id("first");
+  first->Type(kWall);
+  first->number = 7;
+  {
+    const STEPheader copy(*first);
+    STEPheader assigned;
+    model.RmInst(&assigned);
+    EXPECT_EQ(&(assigned = copy), &assigned);
+    for (const STEPheader* each : {&copy, static_cast<const STEPheader*>(&assigned)}) {
+      EXPECT_EQ(each->next, second);
+      EXPECT_EQ(each->type, kWall);
+      EXPECT_EQ(each->number, 7);
+      EXPECT_STREQ(each->id, "first");
+      EXPECT_EQ(each->model, &model);
+    }
+  }
+  EXPECT_EQ(model.Inst(), first);
+  EXPECT_EQ(first->NextHead(), second);
+  EXPECT_EQ(second->NextHead(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,222 @@
+// Models: their lists under all operations, ids, names, copies, the current model, a model without a schema.
+#include "steprt/model.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/failing_new.h"
+#include "support/proj_schema.h"
+
+namespace {
+
+using namespace steprt_test;
+using Objects = std::vector<STEPheader*>;
+
+// The list from the first on; that `tail` is the link that ends it is tested along the way.
+Objects ListOf(STEPmodel& model) {
+  Objects list;
+  STEPheader** link = &model.first;
+  for (; *link; link = &(*link)->next) list.push_back(*link);
+  EXPECT_EQ(model.tail, link);
+  EXPECT_EQ(model.IsEmpty(), list.empty() ? 1 : 0);
+  return list;
+}
+
+TEST(Model, AListKeepsTheOrderOfAppendingWhateverIsTakenOut) {
+  ProjModel model;
+  STEPheader* a = new STEPheader;
+  STEPheader* b = new STEPheader;
+  STEPheader* c = new STEPheader;
+  EXPECT_EQ(ListOf(model), (Objects{a, b, c}));
+  model.RmInst(c);
+  EXPECT_EQ(ListOf(model), (Objects{a, b}));
+  EXPECT_EQ(c->Model(), &model) << "what was taken out keeps its model";
+  model.RmInst(c);
+  model.RmInst(nullptr);
+  EXPECT_EQ(ListOf(model), (Objects{a, b}));
+  model.Insert(c);
+  model.Insert(a);
+  EXPECT_EQ(ListOf(model), (Objects{b, c, a}));
+  delete c;
+  EXPECT_EQ(ListOf(model), (Objects{b, a}));
+  delete b;
+  delete a;
+  EXPECT_EQ(ListOf(model), Objects{});
+  model.RmInst(a);
+  STEPheader* d = new STEPheader;
+  EXPECT_EQ(ListOf(model), Objects{d});
+}
+
+TEST(Model, InsertMovesAnInstanceFromOneModelToTheOther) {
+  ProjModel from;
+  STEPheader* a = new STEPheader;
+  STEPheader* b = new STEPheader;
+  ProjModel to;
+  STEPheader* c = new STEPheader;
+  to.Insert(b);
+  to.Insert(nullptr);
+  EXPECT_EQ(ListOf(from), Objects{a});
+  EXPECT_EQ(ListOf(to), (Objects{c, b}));
+  EXPECT_EQ(b->Model(), &to);
+}
+
+// Against a plain list, over many random steps.
+TEST(Model, RandomEditsKeepTwoModelsInOrder) {
+  ProjModel models[2];
+  Objects expected[2];
+  std::mt19937 random(1);
+  for (int step = 0; step < 20000; ++step) {
+    const unsigned which = random() % 2;
+    Objects& list = expected[which];
+    const std::size_t place = list.empty() ? 0 : random() % list.size();
+    const unsigned action = list.size() < 3 ? 0 : random() % 4;
+    STEPheader* object = action == 0 ? new STEPheader(&models[which]) : list[place];
+    if (action > 0) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
+    if (action == 1) {
+      delete object;
+    } else if (action > 1) {
+      models[action == 2 ? which : 1 - which].Insert(object);
+    }
+    if (action != 1) expected[action == 3 ? 1 - which : which].push_back(object);
+    if (step % 100 != 0) continue;
+    ASSERT_EQ(ListOf(models[0]), expected[0]) << step;
+    ASSERT_EQ(ListOf(models[1]), expected[1]) << step;
+  }
+}
+
+TEST(Model, DeleteDestroysTheInstancesAndStartsTheIdsAnew) {
+  ProjModel model;
+  const long before = LiveBlocks();
+  for (int i = 0; i < 100; ++i) new Entity(kSample);
+  model.Name("name");
+  model.SetChanged(true);
+  model.GetEntId();
+  for (int round = 0; round < 2; ++round) {
+    model.Delete();
+    EXPECT_EQ(ListOf(model), Objects{});
+    EXPECT_EQ(LiveBlocks(), before);
+    EXPECT_STREQ(model.Name(), "name");
+    EXPECT_TRUE(model.Changed());
+    EXPECT_EQ(model.GetEntId(), 1);
+  }
+}
+
+TEST(Model, DeleteDestroysWhatWasAppendedWithoutAModelToo) {
+  CurrentModel(nullptr);
+  auto* object = new Entity(kWall);
+  ProjModel model;
+  model.AddInst(object);
+  EXPECT_EQ(object->Model(), nullptr);
+  EXPECT_EQ(ListOf(model), Objects{object});
+  model.Delete();
+  EXPECT_EQ(ListOf(model), Objects{});
+}
+
+TEST(Model, FindFirstTakesTheExactTypeAlone) {
+  ProjModel model;
+  STEPheader* door = new Entity(kDoor);
+  STEPheader* wall = new Entity(kWall);
+  new Entity(kWall);
+  EXPECT_EQ(model.FindFirst(kWall), wall);
+  EXPECT_EQ(model.FindFirst(kDoor), door);
+  EXPECT_EQ(model.FindFirst(kProduct), nullptr);
+}
+
+TEST(Model, IdsRunToTheirEndAndWrapToNought) {
+  ProjModel model;
+  EXPECT_EQ(model.GetEntId(), 1);
+  EXPECT_STREQ(AutoId(17, "wall-"), "wall-2");
+  model.lastId = 99998;
+  EXPECT_EQ(model.GetEntId(), 99999);
+  EXPECT_STREQ(AutoId(0, ""), "0");
+  EXPECT_EQ(model.GetEntId(), 1);
+  model.lastId = 99998;
+  const std::string prefix(63, 'p');
+  EXPECT_EQ(AutoId(0, (prefix + "q").c_str()), prefix + "99999");
+  CurrentModel(nullptr);
+  EXPECT_STREQ(AutoId(0, "x"), "x0");
+}
+
+TEST(Model, ANameIsCutAtTwoHundredAndSixtyCharacters) {
+  ProjModel model;
+  model.Name(std::string(261, 'n').c_str());
+  EXPECT_EQ(model.Name(), std::string(260, 'n'));
+  model.Name(model.Name() + 250);
+  EXPECT_EQ(model.Name(), std::string(10, 'n'));
+  model.Name(static_cast<char*>(nullptr));
+  EXPECT_EQ(model.Name(), std::string(10, 'n'));
+}
+
+TEST(Model, OnlyTheConstructorWithALimitMakesAModelCurrent) {
+  ProjModel model(3);
+  EXPECT_EQ(CurrentModel(), &model);
+  STEPmodel second(&model);
+  EXPECT_EQ(CurrentModel(), &model);
+  EXPECT_TRUE(second.shared);
+  EXPECT_EQ(second.schema, model.schema);
+  EXPECT_EQ(second.errorLimit, 10);
+  EXPECT_EQ(model.errorLimit, 3);
+  EXPECT_EQ(second.tail, &second.first);
+  CurrentModel(&second);
+  EXPECT_EQ(CurrentModel(), &second);
+  CurrentModel(nullptr);
+  EXPECT_EQ(CurrentModel(), nullptr);
+}
+
+TEST(Model, ASharedIndexOutlivesTheModelThatSharesIt) {
+  ProjModel model;
+  model.PrepareHash();
+  { STEPmodel second(&model); }
+  ASSERT_NE(model.schema->index, nullptr);
+  EXPECT_STREQ((new Entity(kPerson))->EntityName(), "PERSON");
+  { ProjModel owner; }
+  EXPECT_EQ(model.schema->index, nullptr) << "a model that does not share takes the index with it";
+}
+
+TEST(Model, ACopyIsASnapshotWhoseEndLeavesTheSourceAlone) {
+  ProjModel model(4);
+  model.Name("source");
+  model.SetChanged(true);
+  model.GetEntId();
+  STEPheader* object = new Entity(kWall);
+  {
+    STEPmodel copy(model);
+    ProjModel assigned;
+    EXPECT_EQ(&(static_cast<STEPmodel&>(assigned) = model), &assigned);
+    for (STEPmodel* each : {&copy, static_cast<STEPmodel*>(&assigned)}) {
+      EXPECT_STREQ(each->Name(), "source");
+      EXPECT_EQ(each->Inst(), object);
+      EXPECT_EQ(each->tail, model.tail);
+      EXPECT_TRUE(each->Changed());
+      EXPECT_EQ(each->errorLimit, 4);
+      EXPECT_EQ(each->lastId, 1);
+    }
+  }
+  EXPECT_EQ(ListOf(model), Objects{object});
+}
+
+TEST(Model, IsSchemaLooksAtTheFirstDescriptorAloneInAnyCase) {
+  ProjModel model;
+  for (const auto& [name, isSchema] : {std::pair{"PROJ", true}, {"proj", true}, {"BASE", false}, {"PRO", false}}) {
+    EXPECT_EQ(model.IsSchema(const_cast<char*>(name)), isSchema) << name;
+  }
+}
+
+TEST(Model, WithoutASchemaNothingIsFoundAndNothingHappens) {
+  char name[] = "none";
+  STEPmodel model(static_cast<STEPmodel*>(nullptr));
+  auto* object = new Entity(kWall, &model);
+  EXPECT_STREQ(object->EntityName(), "");
+  EXPECT_FALSE(object->IsKindOf(kProduct));
+  EXPECT_STREQ(model.EntityName(kWall), "Unknown");
+  EXPECT_FALSE(model.IsSchema(name));
+  EXPECT_FALSE(model.IsSchema(nullptr));
+  model.PrepareHash();
+  EXPECT_EQ(model.Read(true, name), 1);
+  EXPECT_EQ(model.Write(name, nullptr), -1);
+  EXPECT_EQ(STEPread(nullptr, ProjSchema(), false), 1);
+  EXPECT_EQ(STEPwrite(nullptr, "", nullptr, ProjSchema()), -1);
+}
+
+}  // namespace

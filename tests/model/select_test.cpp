@@ -1,0 +1,91 @@
+// Selects: kinds never convert, and who owns a text.
+#include "steprt/select.h"
+
+#include <gtest/gtest.h>
+
+#include "support/failing_new.h"
+#include "support/proj_schema.h"
+
+namespace {
+
+using namespace steprt_test;
+
+char* HeapText(const std::string& text) {
+  char* copy = new char[text.size() + 1];
+  return Copy(copy, text.c_str(), static_cast<int>(text.size()));
+}
+
+TEST(Select, GivesTheKindThatItHoldsAndNeutralValuesForTheOthers) {
+  ProjModel model;
+  STEPheader* object = new Entity(kWall);
+  char* text = HeapText("text");
+  STEPselect select;
+  const auto expect = [&](STEPselect::SelType type, int integer, double real, const char* held, STEPheader* reference) {
+    EXPECT_EQ(select.Type(), type);
+    EXPECT_EQ(select.GetInt(), integer);
+    EXPECT_EQ(select.GetReal(), real);
+    EXPECT_EQ(select.GetCharPtr(), held);
+    EXPECT_EQ(select.GetSTEPobj(), reference);
+  };
+  expect(STEPselect::SEL_NONE, 0, 0.0, nullptr, nullptr);
+  select.SetInt(-7);
+  expect(STEPselect::SEL_INT, -7, 0.0, nullptr, nullptr);
+  select.SetReal(2.5);
+  expect(STEPselect::SEL_REAL, 0, 2.5, nullptr, nullptr);
+  select.SetSTEPobj(object);
+  expect(STEPselect::SEL_OBJ, 0, 0.0, nullptr, object);
+  select.SetSTEPobj(nullptr);
+  expect(STEPselect::SEL_OBJ, 0, 0.0, nullptr, nullptr);
+  select.SetCharPtr(text);
+  expect(STEPselect::SEL_TEXT, 0, 0.0, text, nullptr);
+}
+
+TEST(Select, ATextGoesWithTheSelectUnlessAnotherKindIsSet) {
+  const long before = LiveBlocks();
+  char* kept = HeapText("kept");
+  {
+    STEPselect select;
+    select.SetCharPtr(HeapText("gone"));
+    STEPselect other;
+    other.SetCharPtr(kept);
+    other.SetInt(1);
+    STEPselect empty;
+    empty.SetCharPtr(nullptr);
+  }
+  EXPECT_STREQ(kept, "kept");
+  delete[] kept;
+  EXPECT_EQ(LiveBlocks(), before);
+}
+
+TEST(Select, TheAddressOfTheValueIsWhereAnInstanceBelongs) {
+  ProjModel model;
+  STEPheader* object = new Entity(kWall);
+  STEPselect select;
+  select.SetInt(5);
+  void** address = select.GetSTEPObjAddr();
+  EXPECT_EQ(select.GetInt(), 5);
+  select.SetSTEPobj(nullptr);
+  *address = object;
+  EXPECT_EQ(select.GetSTEPobj(), object);
+}
+
+TEST(Select, ACopyDuplicatesATextAndAnAssignmentDoesNot) {
+  STEPselect source;
+  source.SetCharPtr(HeapText("text"));
+  const STEPselect constant(source);
+  STEPselect copy(constant);
+  EXPECT_STREQ(copy.GetCharPtr(), "text");
+  EXPECT_NE(copy.GetCharPtr(), source.GetCharPtr());
+  STEPselect target;
+  EXPECT_EQ(&(target = source), &target);
+  EXPECT_EQ(target.GetCharPtr(), source.GetCharPtr());
+  target.SetInt(0);
+  target = target;
+  STEPselect real;
+  real.SetReal(0.5);
+  EXPECT_EQ(STEPselect(real).GetReal(), 0.5);
+  const FailingNew failing(1);
+  EXPECT_EQ(STEPselect(source).Type(), STEPselect::SEL_NONE);
+}
+
+}  // namespace

@@ -1,0 +1,118 @@
+// Read and Write of a model: names, flags, the current model and the error budget, before, during and after.
+#include <gtest/gtest.h>
+
+#include "support/proj_schema.h"
+#include "support/temp_files.h"
+
+namespace {
+
+using namespace steprt_test;
+
+class TransferFlags : public testing::Test {
+ protected:
+  ~TransferFlags() override { SetProbe({}); }
+};
+
+TEST_F(TransferFlags, ReadTakesTheNameOnAndNullMeansTheModelsOwn) {
+  ProjModel model;
+  std::string path = MakeFile("own.stp", InFrame("#1=PERSON(1);"));
+  EXPECT_EQ(model.Read(false, path.data()), 0);
+  EXPECT_EQ(model.Name(), path);
+  EXPECT_EQ(model.Read(false, nullptr), 0);
+  EXPECT_EQ(Population(model), (Texts{"PERSON(1)", "PERSON(1)"})) << "a second read appends";
+}
+
+TEST_F(TransferFlags, AnEndingThatIsAddedLandsInTheTransferOnly) {
+  ProjModel model;
+  MakeFile("bare.stp", InFrame("#1=PERSON(2);"));
+  const std::string bare = TempPath("bare");
+  model.Name(bare.c_str());
+  EXPECT_EQ(model.Read(false, nullptr), 0);
+  EXPECT_EQ(model.Name(), bare);
+  std::string missing = TempPath("missing");
+  EXPECT_EQ(model.Read(false, missing.data()), 1);
+  EXPECT_EQ(TakeReports(missing + ".stp"), Texts{"(1) [Read]File not found"});
+  EXPECT_EQ(model.Name(), missing);
+}
+
+TEST_F(TransferFlags, WriteLeavesTheNameAlone) {
+  ProjModel model;
+  new Entity(kPerson);
+  std::string own = TempPath("written-own.stp");
+  std::string other = TempPath("written-other.stp");
+  model.Name(own.c_str());
+  EXPECT_EQ(model.Write(other.data(), nullptr), 1);
+  EXPECT_EQ(model.Name(), own);
+  EXPECT_EQ(BytesOf(own), "(none)");
+  EXPECT_EQ(model.Write(nullptr, nullptr), 1);
+  EXPECT_NE(BytesOf(own).find("'QVN',''));\n"), std::string::npos) << "a null remark is an empty one";
+}
+
+TEST_F(TransferFlags, DuringAReadTheModelIsLockedAndCurrent) {
+  ProjModel model;
+  ProjModel current;
+  model.SetLocked(true);
+  SetProbe({"", -1, [&](STEPtransfer*) {
+              EXPECT_TRUE(model.Locked());
+              EXPECT_EQ(CurrentModel(), &model);
+              auto* object = new Entity(kProbe);
+              object->Changed();
+              return object;
+            }});
+  EXPECT_EQ(ReadBytes(model, InFrame("#1=PROBE();")).result, 0);
+  EXPECT_FALSE(model.IsEmpty());
+  EXPECT_FALSE(model.Locked());
+  EXPECT_FALSE(model.Changed());
+  EXPECT_EQ(CurrentModel(), &current);
+}
+
+TEST_F(TransferFlags, DuringAWriteTheModelIsLockedAndTheCurrentOneIsAsBefore) {
+  ProjModel model;
+  new Entity(kProbe);
+  ProjModel current;
+  bool isLocked = false;
+  SetProbe({"", -1, {}, [&](STEPtransfer*) {
+              isLocked = model.Locked();
+              EXPECT_EQ(CurrentModel(), &current);
+            }});
+  model.SetChanged(true);
+  std::string path = TempPath("locked.stp");
+  EXPECT_EQ(model.Write(path.data(), ""), 1);
+  EXPECT_TRUE(isLocked);
+  EXPECT_FALSE(model.Locked());
+  EXPECT_FALSE(model.Changed());
+  model.SetChanged(true);
+  std::string folder = TempPath(".");
+  EXPECT_EQ(model.Write(folder.data(), ""), -1);
+  EXPECT_EQ(TakeReports(folder), Texts{"(1) [Write]Can't create file"});
+  EXPECT_FALSE(model.Changed()) << "after a failed write as well";
+}
+
+TEST_F(TransferFlags, TheErrorBudgetIsFilledByEachTransfer) {
+  ProjModel model;
+  const auto budget = [&] {
+    int shown = 0;
+    for (int i = 0; i < 20; ++i) shown += model.ErrShow();
+    return shown;
+  };
+  std::string path = MakeFile("budget.stp", InFrame("#1=PERSON(1);"));
+  int during = -1;
+  SetProbe({"", -1, [&](STEPtransfer*) {
+              model.ErrShow(7);
+              return during = budget(), nullptr;
+            }});
+  model.ErrShow(3);
+  ReadBytes(model, InFrame("#1=PROBE();"));
+  EXPECT_EQ(during, 3) << "a new limit does not reach the transfer that runs";
+  EXPECT_EQ(budget(), 0);
+  model.Read(false, path.data());
+  EXPECT_EQ(budget(), 7);
+  EXPECT_EQ(model.errorsLeft, -13) << "every call takes one";
+  model.Write(path.data(), nullptr);
+  EXPECT_EQ(budget(), 7);
+  model.ErrShow(-1);
+  model.Read(false, path.data());
+  EXPECT_EQ(budget(), 0);
+}
+
+}  // namespace
