@@ -37,20 +37,6 @@ int SkipBlanks(STEPtransfer* t) {
 // ---- numbers that lie inside the block
 // -------------------------------------------------------------------------------
 
-struct Digits {
-  unsigned long long value;
-  int count;
-};
-
-// The value has wrapped when there are more than 19 digits.
-const char* ScanDigits(const char* p, Digits* digits) {
-  for (; IsDigit(*p); ++p, ++digits->count) digits->value = digits->value * 10 + static_cast<unsigned>(*p - '0');
-  return p;
-}
-
-constexpr int kIntDigits = 9;        // that always fit an int
-constexpr int kMantissaDigits = 19;  // that always fit 64 bits
-
 double WordToReal(std::string_view word, Digits digits, int exponent) {
   double value;
   if (digits.count > kMantissaDigits || !SmallDecimalToReal(digits.value, exponent, &value)) return DecimalToReal(word);
@@ -72,9 +58,9 @@ int ScanNumber(STEPtransfer* t) {
   int exponent = 0;
   if (*p == '.') {
     kind = TOK_REAL;
-    const int whole = digits.count;
+    const std::ptrdiff_t whole = digits.count;
     p = ScanDigits(p + 1, &digits);
-    exponent = whole - digits.count;
+    exponent = static_cast<int>(whole - digits.count);
   }
   if ((*p == 'E' || *p == 'e') && digits.count > 0) {
     kind = TOK_REAL;
@@ -265,12 +251,6 @@ int NextToken(STEPtransfer* t) {
     default:
       return WordToken(t, static_cast<char>(c));
   }
-}
-
-bool IsIntegerText(const char* text) {
-  if (*text == '+' || *text == '-') ++text;
-  while (IsDigit(*text)) ++text;
-  return *text == '\0';
 }
 
 }  // namespace steprt

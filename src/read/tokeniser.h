@@ -10,9 +10,6 @@ namespace steprt {
 // the file. A caller gives a token back by storing its kind in t->pushedToken; there is room for one.
 int NextToken(STEPtransfer* t);
 
-// Whether the text is an optional sign and digits. No digits at all count as digits.
-bool IsIntegerText(const char* text);
-
 }  // namespace steprt
 
 #endif

@@ -8,17 +8,10 @@
 #include <cstdint>
 #include <cstring>
 
-#include "support/ascii.h"
-
 namespace steprt {
 namespace {
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
-const char* SkipSpaces(const char* text) {
-  while (IsSpace(*text)) ++text;
-  return text;
-}
 
 // Holds rounding to nearest for its own life, so that a host's other mode changes no number.
 class NearestRounding {
@@ -93,7 +86,8 @@ bool StartsHexadecimal(const char* text) {
   return IsHexDigit(text[2] == '.' ? text[3] : text[2]);
 }
 
-// from_chars itself would take two signs behind the p.
+// What is converted ends where no number goes on, so that a long text behind it costs nothing. from_chars itself would
+// take two signs behind the p.
 double HexadecimalToReal(const char* text) {
   const char* end = text;
   while (IsHexDigit(*end) || *end == '.') ++end;
@@ -104,7 +98,60 @@ double HexadecimalToReal(const char* text) {
   return UnsignedToReal({text, static_cast<std::size_t>(end - text)}, std::chars_format::hex);
 }
 
+// "inf", "infinity", "nan"
+double NameToReal(const char* text) {
+  constexpr std::size_t kLongest = 8;
+  std::size_t length = 0;
+  while (length < kLongest && IsLetter(text[length])) ++length;
+  return UnsignedToReal({text, length}, std::chars_format::general);
+}
+
+// The exponent behind a number's digits, 0 if there is none.
+const char* ScanExponent(const char* text, int* exponent) {
+  *exponent = 0;
+  if (*text != 'e' && *text != 'E') return text;
+  const bool negative = text[1] == '-';
+  Digits power = {0, 0};
+  const char* end = ScanDigits(text + (negative || text[1] == '+' ? 2 : 1), &power);
+  if (power.count == 0) return text;
+  const int value = power.count > kIntDigits ? INT_MAX / 2 : static_cast<int>(power.value);
+  *exponent = negative ? -value : value;
+  return end;
+}
+
+// digits [. digits] [(e | E) [sign] digits], with a digit in it; 0 without one.
+double DigitsToReal(const char* text) {
+  Digits digits = {0, 0};
+  const char* end = ScanDigits(text, &digits);
+  const std::ptrdiff_t whole = digits.count;
+  if (*end == '.') end = ScanDigits(end + 1, &digits);
+  if (digits.count == 0) return 0.0;
+  int exponent;
+  end = ScanExponent(end, &exponent);
+  double value;
+  const bool isShort = digits.count <= kMantissaDigits;
+  if (isShort && SmallDecimalToReal(digits.value, exponent + static_cast<int>(whole - digits.count), &value))
+    return value;
+  return UnsignedToReal({text, static_cast<std::size_t>(end - text)}, std::chars_format::general);
+}
+
+double UnsignedTextToReal(const char* text) {
+  if (StartsHexadecimal(text)) return HexadecimalToReal(text + 2);
+  return IsDigit(*text) || *text == '.' ? DigitsToReal(text) : NameToReal(text);
+}
+
 }  // namespace
+
+const char* SkipSpaces(const char* text) {
+  while (IsSpace(*text)) ++text;
+  return text;
+}
+
+bool IsIntegerText(const char* text) {
+  if (*text == '+' || *text == '-') ++text;
+  while (IsDigit(*text)) ++text;
+  return *text == '\0';
+}
 
 int TextToInt(const char* text) {
   text = SkipSpaces(text);
@@ -122,8 +169,7 @@ double TextToReal(const char* text) {
   const bool negative = *text == '-';
   if (*text == '-' || *text == '+') ++text;
   if (*text == '-' || *text == '+') return 0.0;  // from_chars would take a second minus
-  const double value = StartsHexadecimal(text) ? HexadecimalToReal(text + 2)
-                                               : UnsignedToReal(std::string_view(text), std::chars_format::general);
+  const double value = UnsignedTextToReal(text);
   const bool isNumber = value != 0.0 || IsDigit(text[*text == '.' ? 1 : 0]);
   return negative && isNumber ? -value : value;  // a lone sign is 0, not -0
 }

@@ -5,7 +5,28 @@
 #include <cstddef>
 #include <string_view>
 
+#include "support/ascii.h"
+
 namespace steprt {
+
+// The white space in front of a number, which the conversions pass over.
+const char* SkipSpaces(const char* text);
+
+// Whether the text is an optional sign and digits. No digits at all count as digits.
+bool IsIntegerText(const char* text);
+
+struct Digits {
+  unsigned long long value;
+  std::ptrdiff_t count;
+};
+inline constexpr int kIntDigits = 9;        // that always fit an int
+inline constexpr int kMantissaDigits = 19;  // that always fit 64 bits
+
+// Takes the digits from p on as well and gives their end. The value wraps when there are more than kMantissaDigits.
+inline const char* ScanDigits(const char* p, Digits* digits) {
+  for (; IsDigit(*p); ++p, ++digits->count) digits->value = digits->value * 10 + static_cast<unsigned>(*p - '0');
+  return p;
+}
 
 // Blanks, a sign, digits: as far as they go, 0 when there are none. Out of range it saturates.
 int TextToInt(const char* text);
