@@ -56,5 +56,10 @@ set(STEPRT_SOURCES
 
 # The SAX service. Which list is compiled is what the option STEPRT_XML says: ON takes Expat's side, OFF a stand-in that
 # has no reader to give.
-set(STEPRT_XML_SOURCES)     # platform/expat/*.cpp
-set(STEPRT_NO_XML_SOURCES)  # platform/no_sax.cpp
+set(STEPRT_XML_SOURCES
+    platform/expat/code_pages.cpp
+    platform/expat/memory.cpp
+    platform/expat/parse.cpp
+    platform/expat/sax.cpp
+    platform/expat/utf16.cpp)
+set(STEPRT_NO_XML_SOURCES platform/no_sax.cpp)

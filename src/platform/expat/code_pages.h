@@ -1,0 +1,14 @@
+// The single-byte encodings that a document may declare beside those that Expat knows.
+#ifndef STEPRT_PLATFORM_EXPAT_CODE_PAGES_H
+#define STEPRT_PLATFORM_EXPAT_CODE_PAGES_H
+
+#include <expat.h>
+
+namespace steprt {
+
+// For XML_SetUnknownEncodingHandler: windows-1250 to -1252, ISO-8859-2, -5 and -15, their names in any case.
+int XMLCALL DescribeCodePage(void* data, const XML_Char* name, XML_Encoding* encoding);
+
+}  // namespace steprt
+
+#endif

@@ -1,0 +1,156 @@
+#include "platform/expat/parse.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+#include "platform/expat/code_pages.h"
+#include "platform/expat/memory.h"
+#include "support/text_buffer.h"
+
+namespace steprt {
+namespace {
+
+// Expat puts the address of a name's space in front of the name, and this between them. No document can hold it.
+constexpr XML_Char kSeparator = '\x01';
+
+std::string_view LocalPart(const XML_Char* name) {
+  const std::size_t size = std::strlen(name);
+  const void* separator = std::memchr(name, kSeparator, size);
+  if (!separator) return {name, size};
+  const char* local = static_cast<const char*>(separator) + 1;
+  return {local, static_cast<std::size_t>(name + size - local)};
+}
+
+void XMLCALL OnStartElement(void* parse, const XML_Char* name, const XML_Char** attributes) {
+  static_cast<ExpatParse*>(parse)->StartElement(name, attributes);
+}
+
+void XMLCALL OnEndElement(void* parse, const XML_Char* /*name*/) { static_cast<ExpatParse*>(parse)->EndElement(); }
+
+void XMLCALL OnText(void* parse, const XML_Char* text, int size) {
+  static_cast<ExpatParse*>(parse)->Text({text, static_cast<std::size_t>(size)});
+}
+
+void AddCount(TextBuffer& text, XML_Size count) {
+  char digits[24];
+  const char* end = std::to_chars(digits, digits + sizeof digits, count).ptr;
+  text.Add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+}
+
+}  // namespace
+
+bool ExpatAttributes::Bind(const XML_Char** pairs) {
+  pairs_ = pairs;
+  std::size_t longest = 0;
+  int texts = 0;
+  for (; pairs[texts]; ++texts) longest = std::max(longest, std::strlen(pairs[texts]));
+  count_ = texts / 2;
+  return room_.Reserve(longest);
+}
+
+std::u16string_view ExpatAttributes::LocalName(int index) { return room_.Put(LocalPart(pairs_[2 * index])); }
+
+void ExpatParse::Run(ByteSource& source) {
+  if (!MakeParser()) return ReportFatal(errors_, XML_ErrorString(XML_ERROR_NO_MEMORY));
+  Send([this] { return content_.StartDocument(); });
+  if (!stopped_ && !Feed(source)) ReportFault();
+  Send([this] { return content_.EndDocument(); });
+  parser_.reset();
+  if (thrown_) std::rethrow_exception(thrown_);
+}
+
+bool ExpatParse::MakeParser() {
+  parser_.reset(XML_ParserCreate_MM(nullptr, &expatMemory, &kSeparator));
+  if (!parser_) return false;
+  XML_SetUserData(parser_.get(), this);
+  XML_SetElementHandler(parser_.get(), OnStartElement, OnEndElement);
+  XML_SetCharacterDataHandler(parser_.get(), OnText);
+  XML_SetUnknownEncodingHandler(parser_.get(), DescribeCodePage, nullptr);
+  return true;
+}
+
+// False where Expat stopped. Each block that ends inside a token lets Expat scan that token from its start again, so
+// blocks double for as long as one token goes on.
+bool ExpatParse::Feed(ByteSource& source) {
+  constexpr int kBlock = 1 << 16;
+  constexpr int kLargestBlock = 1 << 28;
+  XML_Index tokenStart = -1;
+  for (int size = kBlock;;) {
+    auto* room = static_cast<char*>(XML_GetBuffer(parser_.get(), size));
+    if (!room) return false;
+    const int count = static_cast<int>(source.Fill(room, static_cast<std::size_t>(size)));
+    if (XML_ParseBuffer(parser_.get(), count, count == 0) != XML_STATUS_OK) return false;
+    if (count == 0) return true;
+    const XML_Index start = XML_GetCurrentByteIndex(parser_.get());
+    size = start == tokenStart ? std::min(size * 2, kLargestBlock) : kBlock;
+    tokenStart = start;
+  }
+}
+
+void ExpatParse::ReportFault() {
+  if (stopped_ && !memoryFailed_) return;
+  stopped_ = true;
+  const XML_Error fault = memoryFailed_ ? XML_ERROR_NO_MEMORY : XML_GetErrorCode(parser_.get());
+  TextBuffer message;
+  message.Add(XML_ErrorString(fault)).Add(" (line ");
+  AddCount(message, XML_GetCurrentLineNumber(parser_.get()));
+  message.Add(", column ");
+  AddCount(message, XML_GetCurrentColumnNumber(parser_.get()) + 1);
+  ReportFatal(errors_, message.Add(')').Text());
+}
+
+void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
+  SendText();
+  const std::string_view local = LocalPart(name);
+  if (!name_.Reserve(local.size()) || !attributes_.Bind(attributes)) {
+    memoryFailed_ = true;
+    return Stop();
+  }
+  Send([&] { return content_.StartElement(name_.Put(local), attributes_); });
+}
+
+void ExpatParse::EndElement() {
+  SendText();
+  Send([this] { return content_.EndElement(); });
+}
+
+void ExpatParse::Text(std::string_view utf8) {
+  while (!utf8.empty()) {
+    const std::string_view part = WholeCharacters(utf8, kTextBlock - used_);
+    used_ = static_cast<std::size_t>(Widen(text_ + used_, part) - text_);
+    utf8.remove_prefix(part.size());
+    if (!utf8.empty()) SendText();
+  }
+}
+
+void ExpatParse::SendText() {
+  const std::size_t size = std::exchange(used_, 0);
+  if (size > 0) Send([=, this] { return content_.Characters({text_, size}); });
+}
+
+// Nothing that the event throws goes on from here: Expat's frames lie above.
+template <typename Event>
+void ExpatParse::Send(Event event) {
+  if (stopped_) return;
+  try {
+    if (event() < 0) Stop();
+  } catch (...) {
+    thrown_ = std::current_exception();
+    Stop();
+  }
+}
+
+void ExpatParse::Stop() {
+  stopped_ = true;
+  XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void ReportFatal(SaxErrorHandler& errors, std::string_view message) {
+  Utf16Room room;
+  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Room::kOwnRoom - 1);
+  errors.FatalError(room.PutBytes(message));
+}
+
+}  // namespace steprt

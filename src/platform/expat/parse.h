@@ -1,0 +1,81 @@
+// One parse: what Expat calls back becomes events for the handlers.
+#ifndef STEPRT_PLATFORM_EXPAT_PARSE_H
+#define STEPRT_PLATFORM_EXPAT_PARSE_H
+
+#include <expat.h>
+
+#include <exception>
+#include <memory>
+#include <string_view>
+
+#include "platform/expat/byte_source.h"
+#include "platform/expat/utf16.h"
+#include "platform/sax.h"
+
+namespace steprt {
+
+// The attributes of the start tag at hand.
+class ExpatAttributes final : public SaxAttributes {
+ public:
+  // Takes pairs of name and value, up to a null. False when memory is exhausted.
+  [[nodiscard]] bool Bind(const XML_Char** pairs);
+
+  int Length() override { return count_; }
+  std::u16string_view LocalName(int index) override;
+  std::u16string_view Value(int index) override { return room_.Put(pairs_[2 * index + 1]); }
+
+ private:
+  const XML_Char** pairs_ = nullptr;
+  int count_ = 0;
+  Utf16Room room_;  // holds the longest of the texts
+};
+
+class ExpatParse {
+ public:
+  ExpatParse(SaxContentHandler& content, SaxErrorHandler& errors) : content_(content), errors_(errors) {}
+  ExpatParse(const ExpatParse&) = delete;
+  ExpatParse& operator=(const ExpatParse&) = delete;
+
+  // Parses all of the source, or up to a fault, which is reported, or to a handler's failure, which is not.
+  void Run(ByteSource& source);
+
+  // Expat's callbacks.
+  void StartElement(const XML_Char* name, const XML_Char** attributes);
+  void EndElement();
+  void Text(std::string_view utf8);
+
+ private:
+  struct ParserDeleter {
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+  };
+
+  template <typename Event>
+  void Send(Event event);
+  void SendText();
+  void Stop();
+  bool MakeParser();
+  bool Feed(ByteSource& source);
+  void ReportFault();
+
+  SaxContentHandler& content_;
+  SaxErrorHandler& errors_;
+  std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
+  std::exception_ptr thrown_;  // by a handler; it may not pass through Expat, which is C
+  bool stopped_ = false;       // no event goes out from here on
+  bool memoryFailed_ = false;
+  ExpatAttributes attributes_;
+  Utf16Room name_;
+
+  // Character data is gathered up to the next tag or until the block is full, so that what the handler gets does not
+  // depend on where the blocks of the file lie.
+  static constexpr std::size_t kTextBlock = 4096;
+  std::size_t used_ = 0;
+  char16_t text_[kTextBlock];
+};
+
+// Reports a fatal error; each byte of the message becomes a unit.
+void ReportFatal(SaxErrorHandler& errors, std::string_view message);
+
+}  // namespace steprt
+
+#endif

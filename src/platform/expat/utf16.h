@@ -1,0 +1,48 @@
+// Texts from Expat, which come in UTF-8 and are sound, as UTF-16.
+#ifndef STEPRT_PLATFORM_EXPAT_UTF16_H
+#define STEPRT_PLATFORM_EXPAT_UTF16_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace steprt {
+
+// Puts the text into `room`, which must hold a unit for each byte, and gives the end of what it put.
+char16_t* Widen(char16_t* room, std::string_view utf8);
+
+// The start of `utf8`, at most `limit` bytes, that ends between two characters.
+std::string_view WholeCharacters(std::string_view utf8, std::size_t limit);
+
+// Room for one text after another. It grows and stays.
+class Utf16Room {
+ public:
+  static constexpr std::size_t kOwnRoom = 256;  // fits without a Reserve
+
+  Utf16Room() = default;
+  ~Utf16Room() { delete[] heap_; }
+  Utf16Room(const Utf16Room&) = delete;
+  Utf16Room& operator=(const Utf16Room&) = delete;
+
+  // Sees to it that a text of so many bytes fits. False, without a change, when memory is exhausted.
+  [[nodiscard]] bool Reserve(std::size_t bytes) { return bytes <= capacity_ || Grow(bytes); }
+
+  // Replaces the text by one that fits.
+  std::u16string_view Put(std::string_view utf8) {
+    return {units_, static_cast<std::size_t>(Widen(units_, utf8) - units_)};
+  }
+
+  // Replaces it by the bytes as they are and a terminator, which must fit.
+  const char16_t* PutBytes(std::string_view bytes);
+
+ private:
+  bool Grow(std::size_t bytes);
+
+  char16_t room_[kOwnRoom];
+  char16_t* heap_ = nullptr;
+  char16_t* units_ = room_;
+  std::size_t capacity_ = kOwnRoom;
+};
+
+}  // namespace steprt
+
+#endif

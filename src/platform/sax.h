@@ -1,0 +1,56 @@
+// The SAX2 service: it parses a document and hands its events to two handlers. Texts are UTF-16 and live for the call
+// they are given to.
+#ifndef STEPRT_PLATFORM_SAX_H
+#define STEPRT_PLATFORM_SAX_H
+
+#include <string_view>
+
+namespace steprt {
+
+// What a handler answers; one below 0 is a failure and stops the parse.
+using SaxResult = int;
+inline constexpr SaxResult kSaxOk = 0;
+inline constexpr SaxResult kSaxFailure = static_cast<SaxResult>(0x80004005u);
+
+// The attributes of one start tag. Declarations of namespaces do not count. A text lives until the next one is asked
+// for.
+class SaxAttributes {
+ public:
+  virtual ~SaxAttributes() = default;
+  virtual int Length() = 0;
+  virtual std::u16string_view LocalName(int index) = 0;  // without its prefix
+  virtual std::u16string_view Value(int index) = 0;      // with references resolved
+};
+
+class SaxContentHandler {
+ public:
+  virtual ~SaxContentHandler() = default;
+  virtual SaxResult StartDocument() = 0;
+  virtual SaxResult EndDocument() = 0;  // of a document without a fault
+  virtual SaxResult StartElement(std::u16string_view localName, SaxAttributes& attributes) = 0;
+  virtual SaxResult EndElement() = 0;
+  virtual SaxResult Characters(std::u16string_view text) = 0;  // one run may come in any number of calls
+};
+
+// The messages are terminated. A fatal error ends the parse.
+class SaxErrorHandler {
+ public:
+  virtual ~SaxErrorHandler() = default;
+  virtual SaxResult Error(const char16_t* message) = 0;
+  virtual SaxResult FatalError(const char16_t* message) = 0;
+  virtual SaxResult IgnorableWarning(const char16_t* message) = 0;
+};
+
+// Both parse all of a document, decoded by its own declaration, before they return. Nothing outside of the document is
+// loaded. What a handler throws comes out of them when the parser is gone.
+struct SaxService {
+  void (*parse)(const char* document, SaxContentHandler& content, SaxErrorHandler& errors);
+  void (*parseFile)(const char* name, SaxContentHandler& content, SaxErrorHandler& errors);
+};
+
+// Null where the library is built without one. A variable, so that a test can put another in its place.
+extern const SaxService* saxService;
+
+}  // namespace steprt
+
+#endif
