@@ -28,10 +28,15 @@ set(STEPRT_SOURCES
     model/string.cpp
     model/type_queries.cpp
     read/number_index.cpp
+    read/element_index.cpp
     read/transfer.cpp
     read/report.cpp
     read/instance_table.cpp
     read/fixups.cpp
+    xml/value_element.cpp
+    xml/value_escape.cpp
+    xml/value_kind.cpp
+    xml/value_lists.cpp
     read/tokeniser.cpp
     read/sections.cpp
     read/header_section.cpp
@@ -50,6 +55,10 @@ set(STEPRT_SOURCES
     write/scalars.cpp
     write/references.cpp
     write/lists.cpp
+    xml/error_handler.cpp
+    xml/parser.cpp
+    xml/xml_reader.cpp
+    xml/xml_writer.cpp
     model/model_transfer.cpp
     exports/entry_table.cpp
     exports/load_hook.cpp)

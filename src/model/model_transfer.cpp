@@ -3,6 +3,8 @@
 #include "steprt/model.h"
 #include "steprt/read.h"
 #include "steprt/write.h"
+#include "xml/xml_reader.h"
+#include "xml/xml_writer.h"
 
 namespace {
 
@@ -24,14 +26,27 @@ class TransferScope {
 
 }  // namespace
 
+// A model that is still empty, whatever the clear-text pass said, gets the file as XML, and with it that pass's result.
 int STEPmodel::Read(bool check, char* fileName) {
   Name(fileName);
   const TransferScope transfer(this);
   const steprt::CurrentModelScope current(this);
-  return STEPread(name, schema, check);
+  const int errors = STEPread(name, schema, check);
+  return first ? errors : steprt::STEPreadXml(name, schema, nullptr);
+}
+
+int STEPmodel::ReadXml(const char* text) {
+  const TransferScope transfer(this);
+  const steprt::CurrentModelScope current(this);
+  return steprt::STEPreadXml(name, schema, text);
 }
 
 int STEPmodel::Write(char* fileName, const char* remark) {
   const TransferScope transfer(this);
   return STEPwrite(fileName ? fileName : name, remark ? remark : "", first, schema);
+}
+
+int STEPmodel::WriteXml(char* fileName, const char* remark) {
+  const TransferScope transfer(this);
+  return steprt::STEPwriteXml(fileName ? fileName : name, remark ? remark : "", first, schema);
 }

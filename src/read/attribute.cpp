@@ -5,11 +5,6 @@
 
 namespace steprt {
 
-char* EmptyText() {
-  static constinit char empty[1] = "";
-  return empty;
-}
-
 int NextAttrToken(STEPtransfer* t) {
   if (t->lastToken == TOK_SEMI) return TOK_SEMI;
   int token = NextToken(t);

@@ -9,9 +9,6 @@ namespace steprt {
 inline constexpr const char* kBoolKeywords[] = {".F.", ".T."};
 inline constexpr const char* kLogicalKeywords[] = {".U.", ".F.", ".T."};  // values -1, 0, 1
 
-// The text of an attribute that is not there. Nobody writes to it.
-char* EmptyText();
-
 // An attribute's token, behind one comma if there is one. From the record's `;` on it gives TOK_SEMI and reads nothing.
 int NextAttrToken(STEPtransfer* t);
 

@@ -4,6 +4,8 @@
 #include "read/report.h"
 #include "read/tokeniser.h"
 #include "steprt/read.h"
+#include "xml/value_element.h"
+#include "xml/value_lists.h"
 
 namespace {
 
@@ -65,24 +67,75 @@ bool TakeText(STEPtransfer* t, int token, ListBuilder& list) {
   return true;
 }
 
-}  // namespace
-
-void xrSTEPaggr(STEPtransfer* t, const char* /*name*/, STEPaggr** out, int expected, bool allowNull) {
+void ReferencesFromTokens(STEPtransfer* t, STEPaggr** out, int expected, bool allowNull) {
   ListFromTokens(t, out, NullList::kAccepted, kMissingReference,
                  [=](int token, ListBuilder& list) { return TakeReference(t, token, list, expected, allowNull); });
 }
 
-void xrSTEPaggrPrim(STEPtransfer* t, const char* /*name*/, STEPaggr** out) {
+// A null item that is not allowed is reported and left out, and the list goes on.
+void ReferencesFromElement(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
+  const char* cursor = ElementValue(t, name);
+  ListBuilder list(t, out);
+  if (!list.Begin()) return;
+  for (int number = ScanRefItem(&cursor); number >= 0; number = ScanRefItem(&cursor)) {
+    if (number > 0)
+      list.AddReference(number, expected);
+    else if (allowNull)
+      list.AddNull();
+    else
+      ReportError(t, kMissingReference);
+  }
+}
+
+void RealsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
                  [=](int token, ListBuilder& list) { return TakeReal(t, token, list); });
 }
 
-void xrSTEPaggrEnum(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
+// What is no number is 0, without a word.
+void RealsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
+  const char* cursor = ElementValue(t, name);
+  ListBuilder list(t, out);
+  if (!list.Begin()) return;
+  ScannedReal last;
+  for (double real = ScanRealItem(&cursor, &last); cursor; real = ScanRealItem(&cursor, &last)) list.AddReal(real);
+}
+
+void EnumeratorsFromTokens(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
                  [=](int token, ListBuilder& list) { return TakeEnumerator(t, token, list, names, count); });
 }
 
-void xrSTEPtextAggr(STEPtransfer* t, const char* /*name*/, STEPaggr** out) {
+// The list has no name, so no element can hold it: what there is of it is an empty one.
+void EnumeratorsFromElement(STEPtransfer* t, STEPaggr** out) { static_cast<void>(ListBuilder(t, out).Begin()); }
+
+void TextsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingTextInList,
                  [=](int token, ListBuilder& list) { return TakeText(t, token, list); });
+}
+
+// The scan cuts the element's text, without an `out` too.
+void TextsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
+  char* cursor = ElementValue(t, name);
+  ListBuilder list(t, out);
+  if (!list.Begin()) return;
+  while (const char* item = ScanQuotedItem(&cursor)) list.AddText(item);
+}
+
+}  // namespace
+
+void xrSTEPaggr(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
+  t->xml ? ReferencesFromElement(t, name, out, expected, allowNull) : ReferencesFromTokens(t, out, expected, allowNull);
+}
+
+void xrSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr** out) {
+  t->xml ? RealsFromElement(t, name, out) : RealsFromTokens(t, out);
+}
+
+void xrSTEPaggrEnum(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
+  t->xml ? EnumeratorsFromElement(t, out) : EnumeratorsFromTokens(t, out, names, count);
+}
+
+void xrSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr** out) {
+  t->xml ? TextsFromElement(t, name, out) : TextsFromTokens(t, out);
 }

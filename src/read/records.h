@@ -5,6 +5,7 @@
 
 #include "platform/input_file.h"
 #include "platform/output_file.h"
+#include "read/element_index.h"
 #include "read/number_index.h"
 #include "schema/lookup_cache.h"
 #include "steprt/aggregate.h"
@@ -51,6 +52,12 @@ struct STEPelement {
   STEPelement* next;  // in document order
   char name[64];      // local name, cut to 63 characters
   char* value;        // narrowed text, from new char[]; null while no character data has arrived
+
+  // Behind the record proper: what makes it fast.
+  std::uint64_t key;   // of the name, see NameKey
+  std::size_t length;  // of the text that `value` is
+  char* room;          // what `value` points at once it is not null; stays when the element serves the next entity
+  std::size_t capacity;
 };
 
 inline constexpr int kTableBuckets = 4096;
@@ -92,6 +99,7 @@ struct STEPtransfer {
   steprt::NumberIndex numbers;  // finds an entry of `table` without the walk of its bucket
   steprt::Pool<STEPentry> entryPool;
   steprt::Pool<STEPfixup> fixupPool;
+  steprt::ElementIndex elementIndex;  // of `elements`
 };
 
 #endif

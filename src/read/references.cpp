@@ -1,4 +1,6 @@
 // The readers of single references and of selects.
+#include <cstring>
+
 #include "read/attribute.h"
 #include "read/fixups.h"
 #include "read/instance_table.h"
@@ -8,6 +10,9 @@
 #include "steprt/read.h"
 #include "steprt/select.h"
 #include "support/memory.h"
+#include "support/number.h"
+#include "xml/value_element.h"
+#include "xml/value_kind.h"
 
 namespace {
 
@@ -36,6 +41,14 @@ void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
     default:
       return RefuseReference(t, token);
   }
+}
+
+// Whatever is no reference is a null one, without a word.
+void ReferenceFromElement(STEPtransfer* t, const char* name, STEPheader** slot, int expected) {
+  const char* text = ElementValue(t, name);
+  const int number = *text == '#' ? TextToInt(text + 1) : 0;
+  if (number > 0) return StoreReference(t, number, expected, slot);
+  *slot = nullptr;
 }
 
 // A number that stands for no instance is a null object, without a word, and no type is tested.
@@ -72,10 +85,31 @@ void SelectFromTokens(STEPtransfer* t, STEPselect* select) {
   }
 }
 
-}  // namespace
-
-void xrSTEPref(STEPtransfer* t, const char* /*name*/, STEPheader** slot, int expected, bool /*allowNull*/) {
-  ReferenceFromTokens(t, slot, expected);
+// A text of another kind, an enumeration's or an empty one, leaves the select as it was, without a word.
+void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
+  const char* text = ElementValue(t, name);
+  switch (ClassifyText(text)) {
+    case TOK_NULL:
+      return select->SetSTEPobj(nullptr);
+    case TOK_INT:
+      return select->SetInt(TextToInt(text));
+    case TOK_REAL:
+      return select->SetReal(TextToReal(text));
+    case TOK_TEXT:
+      return SelectText(select, text);
+    case TOK_REF:  // blanks and signs may stand in front of it
+      return SelectReference(t, TextToInt(std::strchr(text, '#') + 1), select);
+    default:
+      return;
+  }
 }
 
-void rSTEPsel(STEPtransfer* t, const char* /*name*/, STEPselect* select) { SelectFromTokens(t, select); }
+}  // namespace
+
+void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, int expected, bool /*allowNull*/) {
+  t->xml ? ReferenceFromElement(t, name, slot, expected) : ReferenceFromTokens(t, slot, expected);
+}
+
+void rSTEPsel(STEPtransfer* t, const char* name, STEPselect* select) {
+  t->xml ? SelectFromElement(t, name, select) : SelectFromTokens(t, select);
+}

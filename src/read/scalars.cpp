@@ -3,6 +3,9 @@
 #include "read/report.h"
 #include "read/tokeniser.h"
 #include "steprt/read.h"
+#include "support/empty_text.h"
+#include "support/number.h"
+#include "xml/value_element.h"
 
 namespace {
 
@@ -31,12 +34,18 @@ char* TextFromTokens(STEPtransfer* t) {
   return RefuseAttribute(t, kMissingText, token, EmptyText());
 }
 
+// What is returned is the element's own text.
+char* TextFromElement(STEPtransfer* t, const char* name) { return ElementValue(t, name); }
+
 int IntFromTokens(STEPtransfer* t) {
   const int token = NextAttrToken(t);
   if (token == TOK_INT) return t->value.integer;
   if (token == TOK_SEMI) return 0;
   return GiveBack(t, kMissingInteger, token, 0);
 }
+
+// Any text is a number here, as far as one can be seen in it: no text is refused.
+int IntFromElement(STEPtransfer* t, const char* name) { return TextToInt(ElementValue(t, name)); }
 
 double RealFromTokens(STEPtransfer* t) {
   const int token = NextAttrToken(t);
@@ -45,6 +54,8 @@ double RealFromTokens(STEPtransfer* t) {
   if (token == TOK_SEMI) return 0.0;
   return GiveBack(t, kMissingReal, token, 0.0);
 }
+
+double RealFromElement(STEPtransfer* t, const char* name) { return TextToReal(ElementValue(t, name)); }
 
 // A family of keywords: their texts and count, the position that stands for a value that is not there, and what is said
 // about a token that is no keyword at all, or an unknown one.
@@ -59,28 +70,42 @@ struct Keywords {
 constexpr Keywords kBools = {kBoolKeywords, 2, 0, kMissingBool, kUnknownBool};
 constexpr Keywords kLogicals = {kLogicalKeywords, 3, 0, kMissingLogical, kUnknownLogical};
 
+// An unknown keyword is reported; its token or element is the whole attribute, so nothing is left to get past.
+int MatchKeyword(STEPtransfer* t, const Keywords& keywords, const char* text) {
+  const int position = FindKeyword(text, keywords.names, keywords.count);
+  if (position >= 0) return position;
+  ReportError(t, keywords.unknown, text);
+  return keywords.neutral;
+}
+
 int KeywordFromTokens(STEPtransfer* t, const Keywords& keywords) {
   const int token = NextAttrToken(t);
   if (token == TOK_NULL || token == TOK_SEMI) return keywords.neutral;
   if (token != TOK_ENUM) return RefuseAttribute(t, keywords.missing, token, keywords.neutral);
-  const int position = FindKeyword(t->value.text, keywords.names, keywords.count);
-  if (position >= 0) return position;
-  ReportError(t, keywords.unknown, t->value.text);
-  return keywords.neutral;
+  return MatchKeyword(t, keywords, t->value.text);
+}
+
+// `$` and a missing element are unknown keywords too.
+int KeywordFromElement(STEPtransfer* t, const char* name, const Keywords& keywords) {
+  return MatchKeyword(t, keywords, ElementValue(t, name));
+}
+
+int ReadKeyword(STEPtransfer* t, const char* name, const Keywords& keywords) {
+  return t->xml ? KeywordFromElement(t, name, keywords) : KeywordFromTokens(t, keywords);
 }
 
 }  // namespace
 
-char* rSTEPtext(STEPtransfer* t, const char* /*name*/) { return TextFromTokens(t); }
+char* rSTEPtext(STEPtransfer* t, const char* name) { return t->xml ? TextFromElement(t, name) : TextFromTokens(t); }
 
-int rSTEPint(STEPtransfer* t, const char* /*name*/) { return IntFromTokens(t); }
+int rSTEPint(STEPtransfer* t, const char* name) { return t->xml ? IntFromElement(t, name) : IntFromTokens(t); }
 
-double rSTEPreal(STEPtransfer* t, const char* /*name*/) { return RealFromTokens(t); }
+double rSTEPreal(STEPtransfer* t, const char* name) { return t->xml ? RealFromElement(t, name) : RealFromTokens(t); }
 
-bool rSTEPbool(STEPtransfer* t, const char* /*name*/) { return KeywordFromTokens(t, kBools) != 0; }
+bool rSTEPbool(STEPtransfer* t, const char* name) { return ReadKeyword(t, name, kBools) != 0; }
 
-int rSTEPlog(STEPtransfer* t, const char* /*name*/) { return KeywordFromTokens(t, kLogicals) - 1; }
+int rSTEPlog(STEPtransfer* t, const char* name) { return ReadKeyword(t, name, kLogicals) - 1; }
 
-int rSTEPenum(STEPtransfer* t, const char* /*name*/, const char** names, int count) {
-  return KeywordFromTokens(t, {names, count, 0, kMissingEnumeration, kUnknownEnumeration});
+int rSTEPenum(STEPtransfer* t, const char* name, const char** names, int count) {
+  return ReadKeyword(t, name, {names, count, 0, kMissingEnumeration, kUnknownEnumeration});
 }

@@ -18,7 +18,7 @@ TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobje
 void FreeTransfer(STEPtransfer* t) {
   for (STEPelement* element = t->elements; element;) {
     STEPelement* next = element->next;
-    delete element;  // its text has gone with the entity that it belonged to
+    delete element;  // its text has gone with the parser that it belonged to
     element = next;
   }
   DeleteTextAggr(t->schemas);

@@ -2,6 +2,7 @@
 #include "steprt/aggregate.h"
 #include "steprt/write.h"
 #include "write/comma.h"
+#include "write/element.h"
 #include "write/values.h"
 
 namespace {
@@ -18,20 +19,68 @@ void ListToTokens(STEPtransfer* t, const STEPaggr* aggr, PutItem putItem) {
   t->lastToken = TOK_CLOSE;
 }
 
-}  // namespace
+// An element with the items between its tags, and `separator` between them.
+template <typename PutItem>
+void ListToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr, char separator, PutItem putItem) {
+  PutElement(t, name, [=] {
+    for (const STEPlist* node = aggr ? aggr->head : nullptr; node; node = node->next) {
+      putItem(*node);
+      if (node->next) t->file.out->Put(separator);
+    }
+  });
+}
 
-void xwSTEPaggr(STEPtransfer* t, const char* /*name*/, STEPaggr* aggr) {
+void ReferencesToTokens(STEPtransfer* t, const STEPaggr* aggr) {
   ListToTokens(t, aggr, [=](const STEPlist& node) { xwSTEPref(t, nullptr, node.value.object); });
 }
 
-void xwSTEPaggrPrim(STEPtransfer* t, const char* /*name*/, STEPaggr* aggr) {
+void ReferencesToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr) {
+  ListToElement(t, name, aggr, ' ', [=](const STEPlist& node) { PutReference(t, node.value.object); });
+}
+
+void RealsToTokens(STEPtransfer* t, const STEPaggr* aggr) {
   ListToTokens(t, aggr, [=](const STEPlist& node) { wSTEPreal(t, nullptr, node.value.real); });
 }
 
-void xwSTEPaggrEnum(STEPtransfer* t, STEPaggr* aggr, const char** names) {
+void RealsToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr) {
+  ListToElement(t, name, aggr, ';', [=](const STEPlist& node) { PutReal(t, node.value.real); });
+}
+
+void EnumeratorsToTokens(STEPtransfer* t, const STEPaggr* aggr, const char** names) {
   ListToTokens(t, aggr, [=](const STEPlist& node) { wSTEPenum(t, nullptr, node.value.integer, names); });
 }
 
-void xwSTEPtextAggr(STEPtransfer* t, const char* /*name*/, STEPaggr* aggr) {
+void TextsToTokens(STEPtransfer* t, const STEPaggr* aggr) {
   ListToTokens(t, aggr, [=](const STEPlist& node) { wSTEPtext(t, nullptr, node.value.text); });
+}
+
+// A null item is a `$`, which no reader takes for a text.
+void PutTextItem(STEPtransfer* t, const char* text) {
+  if (!text) return t->file.out->Put('$');
+  t->file.out->Put('\'');
+  PutEscaped(t, text);
+  t->file.out->Put('\'');
+}
+
+void TextsToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr) {
+  ListToElement(t, name, aggr, ';', [=](const STEPlist& node) { PutTextItem(t, node.value.text); });
+}
+
+}  // namespace
+
+void xwSTEPaggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
+  t->xml ? ReferencesToElement(t, name, aggr) : ReferencesToTokens(t, aggr);
+}
+
+void xwSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr* aggr) {
+  t->xml ? RealsToElement(t, name, aggr) : RealsToTokens(t, aggr);
+}
+
+// The list has no name, so XML has no element for it.
+void xwSTEPaggrEnum(STEPtransfer* t, STEPaggr* aggr, const char** names) {
+  if (!t->xml) EnumeratorsToTokens(t, aggr, names);
+}
+
+void xwSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
+  t->xml ? TextsToElement(t, name, aggr) : TextsToTokens(t, aggr);
 }

@@ -2,11 +2,26 @@
 #include "steprt/select.h"
 #include "steprt/write.h"
 #include "write/comma.h"
+#include "write/element.h"
 #include "write/values.h"
 
-void xwSTEPref(STEPtransfer* t, const char* /*name*/, STEPheader* object) {
-  steprt::PutComma(t, TOK_REF);
-  steprt::PutReference(t, object);
+namespace {
+
+using namespace steprt;
+
+void ReferenceToTokens(STEPtransfer* t, STEPheader* object) {
+  PutComma(t, TOK_REF);
+  PutReference(t, object);
+}
+
+void ReferenceToElement(STEPtransfer* t, const char* name, STEPheader* object) {
+  PutElement(t, name, [=] { PutReference(t, object); });
+}
+
+}  // namespace
+
+void xwSTEPref(STEPtransfer* t, const char* name, STEPheader* object) {
+  t->xml ? ReferenceToElement(t, name, object) : ReferenceToTokens(t, object);
 }
 
 // The value stands bare: the file does not say which branch of the SELECT it is.

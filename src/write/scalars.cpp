@@ -2,38 +2,74 @@
 #include "read/attribute.h"
 #include "steprt/write.h"
 #include "write/comma.h"
+#include "write/element.h"
 #include "write/values.h"
 
 namespace {
 
 using namespace steprt;
 
+void TextToTokens(STEPtransfer* t, const char* text) {
+  PutComma(t, TOK_TEXT);
+  PutQuoted(t, text);
+}
+
+void TextToElement(STEPtransfer* t, const char* name, const char* text) {
+  PutElement(t, name, [=] { PutEscaped(t, text); });
+}
+
+void IntToTokens(STEPtransfer* t, int value) {
+  PutComma(t, TOK_INT);
+  PutInt(t, value);
+}
+
+void IntToElement(STEPtransfer* t, const char* name, int value) {
+  PutElement(t, name, [=] { PutInt(t, value); });
+}
+
+void RealToTokens(STEPtransfer* t, double value) {
+  PutComma(t, TOK_REAL);
+  PutReal(t, value);
+}
+
+void RealToElement(STEPtransfer* t, const char* name, double value) {
+  PutElement(t, name, [=] { PutReal(t, value); });
+}
+
 void KeywordToTokens(STEPtransfer* t, const char* keyword) {
   PutComma(t, TOK_ENUM);
   t->file.out->Put(keyword);
 }
 
+void KeywordToElement(STEPtransfer* t, const char* name, const char* keyword) {
+  PutElement(t, name, [=] { t->file.out->Put(keyword); });
+}
+
+void WriteKeyword(STEPtransfer* t, const char* name, const char* keyword) {
+  t->xml ? KeywordToElement(t, name, keyword) : KeywordToTokens(t, keyword);
+}
+
+// A number without a name stands bare, in XML too, where it is of no use to a reader.
+bool HasElement(const STEPtransfer* t, const char* name) { return t->xml && name; }
+
 }  // namespace
 
-void wSTEPtext(STEPtransfer* t, const char* /*name*/, const char* text) {
-  PutComma(t, TOK_TEXT);
-  PutQuoted(t, text);
+void wSTEPtext(STEPtransfer* t, const char* name, const char* text) {
+  t->xml ? TextToElement(t, name, text) : TextToTokens(t, text);
 }
 
-void wSTEPint(STEPtransfer* t, const char* /*name*/, int value) {
-  PutComma(t, TOK_INT);
-  PutInt(t, value);
+void wSTEPint(STEPtransfer* t, const char* name, int value) {
+  HasElement(t, name) ? IntToElement(t, name, value) : IntToTokens(t, value);
 }
 
-void wSTEPreal(STEPtransfer* t, const char* /*name*/, double value) {
-  PutComma(t, TOK_REAL);
-  PutReal(t, value);
+void wSTEPreal(STEPtransfer* t, const char* name, double value) {
+  HasElement(t, name) ? RealToElement(t, name, value) : RealToTokens(t, value);
 }
 
-void wSTEPbool(STEPtransfer* t, const char* /*name*/, bool value) { KeywordToTokens(t, kBoolKeywords[value]); }
+void wSTEPbool(STEPtransfer* t, const char* name, bool value) { WriteKeyword(t, name, kBoolKeywords[value]); }
 
-void wSTEPlog(STEPtransfer* t, const char* /*name*/, int value) { KeywordToTokens(t, LogicalKeyword(value)); }
+void wSTEPlog(STEPtransfer* t, const char* name, int value) { WriteKeyword(t, name, LogicalKeyword(value)); }
 
-void wSTEPenum(STEPtransfer* t, const char* /*name*/, int value, const char** names) {
-  KeywordToTokens(t, names[value]);
+void wSTEPenum(STEPtransfer* t, const char* name, int value, const char** names) {
+  WriteKeyword(t, name, names[value]);
 }

@@ -5,6 +5,7 @@
 #include "read/attribute.h"
 #include "support/number.h"
 #include "write/numbering.h"
+#include "xml/value_escape.h"
 
 namespace steprt {
 
@@ -36,6 +37,8 @@ void PutQuoted(STEPtransfer* t, const char* text) {
   out.Put(text);
   out.Put('\'');
 }
+
+void PutEscaped(STEPtransfer* t, const char* text) { text ? EscapeText(*t->file.out, text) : t->file.out->Put('$'); }
 
 const char* LogicalKeyword(int value) { return kLogicalKeywords[value == 0 || value == 1 ? value + 1 : 0]; }
 

@@ -10,6 +10,7 @@ void PutInt(STEPtransfer* t, int value);
 void PutReal(STEPtransfer* t, double value);             // six significant digits
 void PutReference(STEPtransfer* t, STEPheader* object);  // # and the instance's number; `$` for null
 void PutQuoted(STEPtransfer* t, const char* text);       // in apostrophes, its own doubled; `$` for null
+void PutEscaped(STEPtransfer* t, const char* text);      // as XML may hold it; `$` for null
 const char* LogicalKeyword(int value);                   // .U. for all but 0 and 1
 
 }  // namespace steprt

@@ -1,0 +1,27 @@
+// Handlers that take every event, do nothing and go on. What listens to some events derives from them.
+#ifndef STEPRT_XML_HANDLERS_H
+#define STEPRT_XML_HANDLERS_H
+
+#include "platform/sax.h"
+
+namespace steprt {
+
+class SAXContentHandlerImpl : public SaxContentHandler {
+ public:
+  SaxResult StartDocument() override { return kSaxOk; }
+  SaxResult EndDocument() override { return kSaxOk; }
+  SaxResult StartElement(std::u16string_view /*localName*/, SaxAttributes& /*attributes*/) override { return kSaxOk; }
+  SaxResult EndElement() override { return kSaxOk; }
+  SaxResult Characters(std::u16string_view /*text*/) override { return kSaxOk; }
+};
+
+class SAXErrorHandlerImpl : public SaxErrorHandler {
+ public:
+  SaxResult Error(const char16_t* /*message*/) override { return kSaxOk; }
+  SaxResult FatalError(const char16_t* /*message*/) override { return kSaxOk; }
+  SaxResult IgnorableWarning(const char16_t* /*message*/) override { return kSaxOk; }
+};
+
+}  // namespace steprt
+
+#endif

@@ -1,0 +1,184 @@
+#include "xml/parser.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "read/instance_table.h"
+#include "read/report.h"
+#include "steprt/instance.h"
+#include "steprt/text.h"
+#include "support/ascii.h"
+#include "support/memory.h"
+#include "support/number.h"
+
+namespace steprt {
+namespace {
+
+constexpr char kNumberAttribute[] = "rid";
+constexpr std::size_t kNameLimit = sizeof STEPelement::name - 1;
+constexpr std::size_t kLeastRoom = 32;   // of an element's text
+constexpr std::size_t kKeptRoom = 4096;  // that an element takes along to the next entity
+
+// The low byte of each unit; what does not fit a byte is not told apart.
+void Narrow(char* room, std::u16string_view units) {
+  for (std::size_t i = 0; i < units.size(); ++i) room[i] = static_cast<char>(units[i]);
+}
+
+bool Grow(STEPelement* element, std::size_t wanted) {
+  const std::size_t capacity = std::max({wanted, element->capacity * 2, kLeastRoom});
+  char* larger = MakeRoomOrNull(capacity);
+  if (!larger) return false;
+  if (element->value) std::memcpy(larger, element->value, element->length);
+  delete[] element->room;
+  element->room = larger;
+  element->capacity = capacity;
+  return true;
+}
+
+// A unit whose low byte is 0 ends the text where it stands; what comes with a later call is put there.
+bool Append(STEPelement* element, std::u16string_view units) {
+  const std::size_t wanted = element->length + units.size() + 1;
+  if (wanted > element->capacity && !Grow(element, wanted)) return false;
+  element->value = element->room;
+  char* const end = element->value + element->length;
+  Narrow(end, units);
+  end[units.size()] = '\0';
+  element->length += std::strlen(end);
+  return true;
+}
+
+void DropRoom(STEPelement* element) {
+  delete[] element->room;
+  element->room = nullptr;
+  element->capacity = 0;
+}
+
+}  // namespace
+
+XmlParser::~XmlParser() {
+  ResetElements();
+  while (STEPelement* dead = spare_) {
+    spare_ = dead->next;
+    DropRoom(dead);
+    delete dead;
+  }
+}
+
+SaxResult XmlParser::StartDocument() {
+  depth = kOutside;
+  return kSaxOk;
+}
+
+// Elements around the root are not counted, so a root is found inside of them.
+SaxResult XmlParser::StartElement(std::u16string_view localName, SaxAttributes& attributes) {
+  NarrowText(localName);
+  switch (depth) {
+    case kOutside:
+      if (EqualNoCase(text, schema->name)) depth = kInRoot;
+      return kSaxOk;
+    case kInRoot:
+      return StartEntity(attributes);
+    case kInEntity:
+      StartChild();
+      return kSaxOk;
+    default:
+      ++depth;
+      return kSaxOk;
+  }
+}
+
+SaxResult XmlParser::StartEntity(SaxAttributes& attributes) {
+  Copy(transfer->where, text, kWhereLimit);
+  const int count = attributes.Length();
+  if (count == 0) return RefuseEntity();
+  for (int i = 0; i < count; ++i) {
+    NarrowText(attributes.LocalName(i));
+    if (!EqualNoCase(text, kNumberAttribute)) return RefuseEntity();
+    NarrowText(attributes.Value(i));
+    BeginInstance(*text == '\0' ? 0 : TextToInt(text + 1));  // the first character stands for the #, whatever it is
+  }
+  depth = kInEntity;
+  return kSaxOk;
+}
+
+// Ends the parse. The message goes out bare and is not counted, which is meant.
+SaxResult XmlParser::RefuseEntity() {
+  if (transfer->errorProc) transfer->errorProc(kMissingRid);
+  return kSaxFailure;
+}
+
+void XmlParser::BeginInstance(int number) {
+  entry = RegisterEntry(transfer, number);
+  if (!entry) ReportError(transfer, kOutOfMemory);
+  row = transfer->lookups.FindEntityByName(transfer->where);
+  ResetElements();
+}
+
+void XmlParser::StartChild() {
+  depth = kInChild;
+  element = NewElement();
+  if (!element) return ReportError(transfer, kOutOfMemory);
+  const std::size_t length = std::min(std::strlen(text), kNameLimit);
+  std::memcpy(element->name, text, length);
+  element->name[length] = '\0';
+  element->key = NameKey({element->name, length});
+  element->next = nullptr;
+  element->value = nullptr;
+  element->length = 0;
+  *transfer->elementsTail = element;
+  transfer->elementsTail = &element->next;
+}
+
+SaxResult XmlParser::Characters(std::u16string_view units) {
+  if (!element || depth <= kInEntity) return kSaxOk;
+  if (!Append(element, units)) LoseElement();
+  return kSaxOk;
+}
+
+SaxResult XmlParser::EndElement() {
+  if (depth == kInEntity) ReadInstance();
+  if (depth > kOutside) --depth;
+  return kSaxOk;
+}
+
+void XmlParser::ReadInstance() {
+  if (!entry || !row || !row->read) return;
+  entry->object = row->read(transfer);
+  if (entry->object) entry->object->number = entry->number;
+}
+
+void XmlParser::NarrowText(std::u16string_view units) {
+  units = units.substr(0, kTextLimit);
+  Narrow(text, units);
+  text[units.size()] = '\0';
+}
+
+STEPelement* XmlParser::NewElement() {
+  if (!spare_) return MakeOrNull<STEPelement>();
+  STEPelement* taken = spare_;
+  spare_ = taken->next;
+  return taken;
+}
+
+// Without memory for all of its text an element has none, rather than a part that would look like a value.
+void XmlParser::LoseElement() {
+  ReportError(transfer, kOutOfMemory);
+  element->value = nullptr;
+  element = nullptr;
+}
+
+// The elements wait for the next entity, with their rooms, unless these are large.
+void XmlParser::ResetElements() {
+  element = nullptr;
+  if (!transfer || !transfer->elements) return;
+  for (STEPelement* used = transfer->elements; used; used = used->next) {
+    if (used->capacity > kKeptRoom) DropRoom(used);
+  }
+  *transfer->elementsTail = spare_;
+  spare_ = transfer->elements;
+  transfer->elements = nullptr;
+  transfer->elementsTail = &transfer->elements;
+  transfer->elementIndex.Clear();
+}
+
+}  // namespace steprt

@@ -1,0 +1,59 @@
+#include "xml/value_lists.h"
+
+#include <climits>
+#include <cstring>
+
+#include "support/ascii.h"
+#include "support/number.h"
+
+namespace steprt {
+namespace {
+
+constexpr char kRealSeparators[] = " ;";
+
+// Stays at the largest int where the digits say more.
+const char* ScanNumber(const char* text, int* number) {
+  long long value = 0;
+  for (; IsDigit(*text); ++text) {
+    if (value <= INT_MAX) value = value * 10 + (*text - '0');
+  }
+  *number = value > INT_MAX ? INT_MAX : static_cast<int>(value);
+  return text;
+}
+
+}  // namespace
+
+int ScanRefItem(const char** cursor) {
+  const char* item = *cursor;
+  if (!item) return -1;
+  while (*item != '\0' && *item != '#' && *item != '$') ++item;
+  if (*item == '\0') return -1;
+  int number = 0;
+  *cursor = *item == '#' ? ScanNumber(item + 1, &number) : item + 1;
+  return number;
+}
+
+// The conversion passes over white space that is no separator, into items behind. So an item of nothing but such white
+// space is the number that follows it, and that number is converted once, however many such items there are.
+double ScanRealItem(const char** cursor, ScannedReal* last) {
+  if (!*cursor) return 0.0;
+  const char* const item = *cursor + std::strspn(*cursor, kRealSeparators);
+  if (*item == '\0') return *cursor = nullptr, 0.0;
+  *cursor = item + std::strcspn(item, kRealSeparators);
+  if (last->text && item <= last->text) return last->value;
+  last->text = SkipSpaces(item);
+  return last->value = TextToReal(last->text);
+}
+
+char* ScanQuotedItem(char** cursor) {
+  if (!*cursor) return nullptr;
+  char* const opening = std::strchr(*cursor, '\'');
+  if (!opening) return nullptr;
+  char* const item = opening + 1;
+  char* const closing = std::strchr(item, '\'');
+  if (closing) *closing = '\0';
+  *cursor = closing ? closing + 1 : item + std::strlen(item);
+  return item;
+}
+
+}  // namespace steprt

@@ -1,0 +1,15 @@
+// The driver of an XML write.
+#ifndef STEPRT_XML_XML_WRITER_H
+#define STEPRT_XML_XML_WRITER_H
+
+#include "steprt/schema.h"
+
+namespace steprt {
+
+// Writes a chain of instances as an XML document. Arguments, results and reports are those of STEPwrite, but no lock is
+// taken on the file.
+int STEPwriteXml(char* fileName, const char* remark, STEPheader* first, APPobject0* schema);
+
+}  // namespace steprt
+
+#endif
