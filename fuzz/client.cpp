@@ -174,6 +174,12 @@ void Model::CheckSound() {
   STEPRT_CHECK(tail == link);
 }
 
+int Model::CountInstances() {
+  int count = 0;
+  for (STEPheader* object = first; object; object = object->next) ++count;
+  return count;
+}
+
 int Model::CountWritable() {
   int count = 0;
   for (STEPheader* object = first; object; object = object->next) count += IsWritten(object);

@@ -111,7 +111,8 @@ class Model : public STEPmodel {
 
   // Ends the program unless the list, its end and the owners of its instances agree.
   void CheckSound();
-  int CountWritable();
+  int CountInstances();
+  int CountWritable();  // those that get a record
 };
 
 APPobject0* Schema();

@@ -15,6 +15,7 @@ constexpr std::string_view kExpectedInTame[] = {"Reference to wrong object type"
 
 struct {
   std::string head;
+  std::string texts;
   Speaker speaker = Speaker::kLibrary;
   int count = 0;
   int surprising = 0;
@@ -41,6 +42,7 @@ bool IsExpectedInTame(std::string_view text) {
 
 void Report(const char* text) {
   ++reports.count;
+  reports.texts.append(text).append("\n");
   const std::string_view report = text;
   const std::size_t message = MessageOf(report);
   if (reports.speaker == Speaker::kLibrary) {
@@ -52,11 +54,14 @@ void Report(const char* text) {
 
 void ExpectReports(const char* fileName, Speaker speaker) {
   reports.head = std::string("STEP error: ") + fileName + " (";
+  reports.texts.clear();
   reports.speaker = speaker;
   reports.count = reports.surprising = 0;
 }
 
 int ReportCount() { return reports.count; }
+
+const std::string& ReportTexts() { return reports.texts; }
 
 int SurprisingReportCount() { return reports.surprising; }
 

@@ -2,6 +2,8 @@
 #ifndef STEPRT_FUZZ_REPORTS_H
 #define STEPRT_FUZZ_REPORTS_H
 
+#include <string>
+
 namespace fuzz {
 
 // The XML service has words of its own, beside the library's.
@@ -15,6 +17,7 @@ void Report(const char* text);
 void ExpectReports(const char* fileName, Speaker speaker);
 
 int ReportCount();
+const std::string& ReportTexts();  // one on a line
 
 // Those that speak of something else than what a tamed population may have: references to the wrong type, and texts of
 // the very length that is reported.
