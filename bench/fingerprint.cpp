@@ -68,7 +68,7 @@ std::uint64_t FileFingerprint(const std::string& path) {
   Sum sum;
   std::ifstream file(path, std::ios::binary);
   for (std::string line; std::getline(file, line);) {
-    if (line.rfind("FILE_NAME(", 0) != 0) sum.AddText(line);
+    if (line.find("FILE_NAME(") == line.npos) sum.AddText(line);
   }
   return sum.Value();
 }

@@ -53,6 +53,9 @@ void RegisterAll(int records) {
   bench::RegisterWrites(records);
   bench::RegisterDestruction(records);
   bench::RegisterMemory(records);
+#ifdef STEPRT_BENCH_XML
+  bench::RegisterXml(records);
+#endif
 }
 
 }  // namespace

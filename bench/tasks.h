@@ -8,6 +8,7 @@ void RegisterReads(int records);
 void RegisterWrites(int records);
 void RegisterDestruction(int records);
 void RegisterMemory(int records);
+void RegisterXml(int records);
 
 // How much dearer a record is in a large population than in one of 100 000.
 void RegisterGrowth(int records);
