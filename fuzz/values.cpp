@@ -1,4 +1,4 @@
-// The number scanners and printers against the C library's, whatever the rounding mode.
+// The number scanners and printers against the C library's, whatever the rounding mode; and the scanners of XML values.
 #include <cfenv>
 #include <climits>
 #include <cmath>
@@ -10,8 +10,8 @@
 
 #include "bytes.h"
 #include "check.h"
-#include "read/tokeniser.h"
 #include "support/number.h"
+#include "xml_values.h"
 
 namespace {
 
@@ -132,6 +132,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   text = text.c_str();
 
   CheckText(text);
+  fuzz::CheckXmlValues(text);
   CheckSmallDecimal(pattern >> (integer & 63), exponent);
   CheckInt(integer);
   CheckReal(value);
