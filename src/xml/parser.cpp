@@ -19,9 +19,17 @@ constexpr std::size_t kNameLimit = sizeof STEPelement::name - 1;
 constexpr std::size_t kLeastRoom = 32;   // of an element's text
 constexpr std::size_t kKeptRoom = 4096;  // that an element takes along to the next entity
 
-// The low byte of each unit; what does not fit a byte is not told apart.
-void Narrow(char* room, std::u16string_view units) {
-  for (std::size_t i = 0; i < units.size(); ++i) room[i] = static_cast<char>(units[i]);
+// Puts the low byte of each unit, and a terminator; what does not fit a byte is not told apart. Gives the length of the
+// text that this makes: a unit whose low byte is 0 ends it.
+std::size_t Narrow(char* room, std::u16string_view units) {
+  unsigned least = 1;
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(units[i]);
+    room[i] = static_cast<char>(byte);
+    least = byte < least ? byte : least;
+  }
+  room[units.size()] = '\0';
+  return least == 0 ? std::strlen(room) : units.size();
 }
 
 bool Grow(STEPelement* element, std::size_t wanted) {
@@ -35,15 +43,12 @@ bool Grow(STEPelement* element, std::size_t wanted) {
   return true;
 }
 
-// A unit whose low byte is 0 ends the text where it stands; what comes with a later call is put there.
+// What comes with a later call is put where the text ends.
 bool Append(STEPelement* element, std::u16string_view units) {
   const std::size_t wanted = element->length + units.size() + 1;
   if (wanted > element->capacity && !Grow(element, wanted)) return false;
   element->value = element->room;
-  char* const end = element->value + element->length;
-  Narrow(end, units);
-  end[units.size()] = '\0';
-  element->length += std::strlen(end);
+  element->length += Narrow(element->value + element->length, units);
   return true;
 }
 
@@ -71,7 +76,7 @@ SaxResult XmlParser::StartDocument() {
 
 // Elements around the root are not counted, so a root is found inside of them.
 SaxResult XmlParser::StartElement(std::u16string_view localName, SaxAttributes& attributes) {
-  NarrowText(localName);
+  const std::size_t length = NarrowText(localName);
   switch (depth) {
     case kOutside:
       if (EqualNoCase(text, schema->name)) depth = kInRoot;
@@ -79,7 +84,7 @@ SaxResult XmlParser::StartElement(std::u16string_view localName, SaxAttributes& 
     case kInRoot:
       return StartEntity(attributes);
     case kInEntity:
-      StartChild();
+      StartChild(length);
       return kSaxOk;
     default:
       ++depth;
@@ -114,11 +119,12 @@ void XmlParser::BeginInstance(int number) {
   ResetElements();
 }
 
-void XmlParser::StartChild() {
+// The name lies in `text`.
+void XmlParser::StartChild(std::size_t nameLength) {
   depth = kInChild;
   element = NewElement();
   if (!element) return ReportError(transfer, kOutOfMemory);
-  const std::size_t length = std::min(std::strlen(text), kNameLimit);
+  const std::size_t length = std::min(nameLength, kNameLimit);
   std::memcpy(element->name, text, length);
   element->name[length] = '\0';
   element->key = NameKey({element->name, length});
@@ -147,11 +153,7 @@ void XmlParser::ReadInstance() {
   if (entry->object) entry->object->number = entry->number;
 }
 
-void XmlParser::NarrowText(std::u16string_view units) {
-  units = units.substr(0, kTextLimit);
-  Narrow(text, units);
-  text[units.size()] = '\0';
-}
+std::size_t XmlParser::NarrowText(std::u16string_view units) { return Narrow(text, units.substr(0, kTextLimit)); }
 
 STEPelement* XmlParser::NewElement() {
   if (!spare_) return MakeOrNull<STEPelement>();

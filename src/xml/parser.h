@@ -40,9 +40,9 @@ class XmlParser : public SAXContentHandlerImpl {
   SaxResult StartEntity(SaxAttributes& attributes);
   SaxResult RefuseEntity();
   void BeginInstance(int number);
-  void StartChild();
+  void StartChild(std::size_t nameLength);
   void ReadInstance();
-  void NarrowText(std::u16string_view units);
+  std::size_t NarrowText(std::u16string_view units);  // into `text`; gives its length
   STEPelement* NewElement();
   void LoseElement();
   void ResetElements();

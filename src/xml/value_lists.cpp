@@ -9,7 +9,7 @@
 namespace steprt {
 namespace {
 
-constexpr char kRealSeparators[] = " ;";
+bool IsSeparator(char c) { return c == ' ' || c == ';'; }  // of numbers
 
 // Stays at the largest int where the digits say more.
 const char* ScanNumber(const char* text, int* number) {
@@ -37,9 +37,12 @@ int ScanRefItem(const char** cursor) {
 // space is the number that follows it, and that number is converted once, however many such items there are.
 double ScanRealItem(const char** cursor, ScannedReal* last) {
   if (!*cursor) return 0.0;
-  const char* const item = *cursor + std::strspn(*cursor, kRealSeparators);
+  const char* item = *cursor;
+  while (IsSeparator(*item)) ++item;
   if (*item == '\0') return *cursor = nullptr, 0.0;
-  *cursor = item + std::strcspn(item, kRealSeparators);
+  const char* end = item;
+  while (*end != '\0' && !IsSeparator(*end)) ++end;
+  *cursor = end;
   if (last->text && item <= last->text) return last->value;
   last->text = SkipSpaces(item);
   return last->value = TextToReal(last->text);
