@@ -183,7 +183,9 @@ double DecimalToReal(std::string_view text) {
 
 bool SmallDecimalToReal(unsigned long long mantissa, int exponent, double* result) {
   if (mantissa > kLargestExactInteger || exponent > kLargestExactPower || exponent < -kLargestExactPower) return false;
-  const double exact = static_cast<double>(mantissa);
+  // Signed: a compiler may convert an unsigned 64-bit number by a difference, which makes a 0 negative when the host
+  // rounds downward.
+  const double exact = static_cast<double>(static_cast<long long>(mantissa));
   if (exponent == 0) {
     *result = exact;
     return true;
