@@ -29,10 +29,10 @@ class Speller : public Attributes {
   void Enumeration(const char* name, int& value, const Enumerators& names) override { Put(name, names.names[value]); }
   void Select(const char* name, STEPselect& value) override { Put(name, Spelled(value)); }
   void Numbers(const char* name, NumberList& value) override {
-    PutList(name, value, [this](STEPlist& node) { return Spelled(node.value.real); });
+    PutList(name, value, [](STEPlist& node) { return Spelled(node.value.real); });
   }
   void Texts(const char* name, TextList& value) override {
-    PutList(name, value, [this](STEPlist& node) { return Quoted(node.value.text); });
+    PutList(name, value, [](STEPlist& node) { return Quoted(node.value.text); });
   }
 
  protected:
