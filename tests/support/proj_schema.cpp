@@ -269,7 +269,8 @@ std::string InFrame(const std::string& data) {
 
 Outcome ReadBytes(STEPmodel& model, const std::string& bytes, bool check) {
   std::string path = MakeFile("read.stp", bytes);
-  const int result = model.Read(check, path.data());
+  CurrentModel(&model);
+  const int result = STEPread(path.data(), ProjSchema(), check);
   return {result, TakeReports(path), Population(model)};
 }
 

@@ -78,8 +78,7 @@ class ProjModel : public STEPmodel {
 // not made is "none".
 Texts Population(STEPmodel& model);
 
-// The two of them as a file in clear text has them, up to the first record and from the last one on. Records behind
-// the first stand on line 1.
+// Records with the rest of a clear-text file about them; the first line of `data` is line 1 of the file.
 std::string InFrame(const std::string& data);
 
 struct Outcome {
@@ -88,9 +87,10 @@ struct Outcome {
   Texts population;  // afterwards
 };
 
+// Read as clear text and as nothing else, into a model that is current then, or into one of its own.
 Outcome ReadBytes(STEPmodel& model, const std::string& bytes, bool check = false);
-Outcome ReadBytes(const std::string& bytes, bool check = false);  // into a model of its own
-Outcome ReadData(const std::string& data);                        // InFrame
+Outcome ReadBytes(const std::string& bytes, bool check = false);
+Outcome ReadData(const std::string& data);  // InFrame
 
 }  // namespace steprt_test
 

@@ -1,0 +1,129 @@
+// Every form of token, in the middle of a block and across the border of two.
+#include "read/tokeniser.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "read/token_run.h"
+#include "support/faulty_calls.h"
+
+namespace {
+
+using namespace steprt_test;
+
+constexpr std::size_t kBlock = 65536;  // of a file that is read
+
+const std::string x254(254, 'x');
+const std::string d255(255, '7');
+
+struct Row {
+  std::string bytes;
+  std::string tokens;
+  Texts reports = {};
+  int line = 1;
+};
+
+const Row kRows[] = {
+    // Words, one by one.
+    {".T. .T .5 1. 1.E3 12 -12", "ENUM .T.|ENUM .T|REAL 0.5|REAL 1|REAL 1000|INT 12|INT -12"},
+    {"+ - # #12X #-5 #+7 . ", "INT 0|INT 0|REF 0|REF 12|REF -5|REF 7|REAL 0"},
+    {"_A !X /* \"A\" 12X +-5 \xc4 ", "REAL 0|REAL 0|REAL 0|REAL 0|REAL 12|REAL 0|REAL 0"},
+    {"A*B A.B-C a_1 .A*. .. ..A", "NAME A*B|NAME A.B-C|NAME a_1|ENUM .A*.|REAL 0|REAL 0"},
+    {"0 007 +3 2147483647 2147483648 -2147483649 ", "INT 0|INT 7|INT 3|INT 2147483647|INT 2147483647|INT -2147483648"},
+    {"#123456789 #2147483648 #0000000000012 ", "REF 123456789|REF 2147483647|REF 12"},
+    {"1e5 1E-2 .5e1 -.25 +2.5 -0. 1e 1e+ 5e5e5 1.5.2 ",
+     "REAL 1e+05|REAL 0.01|REAL 5|REAL -0.25|REAL 2.5|REAL -0|REAL 1|REAL 1|REAL 5e+05|REAL 1.5"},
+    {"0x1F inf -nan 1e999 1e-999 0.1234567890123456789012 ",
+     "REAL 31|NAME inf|REAL -nan|REAL inf|REAL 0|REAL 0.12345678901234568"},
+    // Parts that stand together.
+    {"A$B $* #1#2 #1=A(", "NAME A|NULL|NAME B|NULL|NULL|REF 1|REF 2|REF 1|=|NAME A|("},
+    {"#12=WALL('a',2.5,#3,(#4,$),.T.);",
+     "REF 12|=|NAME WALL|(|TEXT a|,|REAL 2.5|,|REF 3|,|(|REF 4|,|NULL|)|,|ENUM .T.|)|;"},
+    {"1*2 1(2 A'b'c 5\t6 *A ", "REAL 1|INT 1|(|INT 2|NAME A|TEXT b|NAME c|INT 5|INT 6|NULL|NAME A"},
+    // Texts.
+    {"'it''s' '''' '' 'a\\X2\\00E9 b\"' '('", "TEXT it's|TEXT '|TEXT |TEXT a\\X2\\00E9 b\"|TEXT ("},
+    {"'a\rb' 'a'\r'b' '\r'", "TEXT ab|TEXT a|TEXT b|TEXT "},
+    {"'ab\ncd' e", "TEXT ab|NAME cd|TEXT  e", {"(1) []Unterminated textstring", "(2) []Unterminated textstring"}, 2},
+    {"'ab", "TEXT ab", {"(1) []Unterminated textstring"}},
+    {"'", "ERROR", {"(1) []Unterminated textstring", "(1) []Unexpected EOF"}},
+    {"'\r\r", "ERROR", {"(1) []Unterminated textstring", "(1) []Unexpected EOF"}},
+    {"'a'", "TEXT a"},
+    {"'a''", "TEXT a'", {"(1) []Unterminated textstring"}},
+    {"'\n'\n", "TEXT |TEXT ", {"(1) []Unterminated textstring", "(2) []Unterminated textstring"}, 3},
+    // Lines.
+    {"\n A\n\rB\r\r\n;\n", "NAME A|NAME B|;", {}, 5},
+    {"A\rB\rC ", "NAME A|NAME B|NAME C"},
+    // The end of the file.
+    {"", ""},
+    {" \t\r\n", "", {}, 2},
+    {"AB", "NAME AB"},
+    {"A", "ERROR", {"(1) []Unexpected EOF"}},
+    {"1;5", "INT 1|;|ERROR", {"(1) []Unexpected EOF"}},
+    {"\n#", "ERROR", {"(2) []Unexpected EOF"}, 2},
+    {"-", "ERROR", {"(1) []Unexpected EOF"}},
+    {"$", "NULL"},
+    // What is too long.
+    {"A" + x254 + " ", "NAME A" + x254},
+    {"A" + x254 + "y ", "NAME A" + x254 + "y"},
+    {"A" + x254 + "yz ", "NAME A" + x254 + "y", {"(1) []Too long element, truncated"}},
+    {"A" + x254 + x254 + "\n;", "NAME A" + x254 + "x|;", {"(1) []Too long element, truncated"}, 2},
+    {"'a" + x254 + "'", "TEXT a" + x254},
+    {"'a" + x254 + "''" + "'", "TEXT a" + x254 + "'", {"(1) []Too long element, truncated"}},
+    {"'a" + x254 + "yz';", "TEXT a" + x254 + "y|;", {"(1) []Too long element, truncated"}},
+    {"'a" + x254 + "yz\n;",
+     "TEXT a" + x254 + "y|;",
+     {"(1) []Unterminated textstring", "(2) []Too long element, truncated"},
+     2},
+    {"0" + d255 + " ", "INT 2147483647"},
+    {"0." + d255.substr(1) + " ", "REAL 0.7777777777777778"},
+    {"0." + d255 + "e-9 ", "REAL 0.7777777777777778", {"(1) []Too long element, truncated"}},
+    {"#" + d255 + "7 ", "REF 2147483647", {"(1) []Too long element, truncated"}},
+    // A byte of zero ends a word's text, not the word.
+    {std::string("A\0B 1\0002 '\0a'", 12), "NAME A|INT 1|TEXT "},
+};
+
+void ExpectTokens(const Row& row, const std::string& path, const std::string& how) {
+  const TokenRun run = RunTokeniser(path);
+  EXPECT_EQ(run.tokens, row.tokens) << testing::PrintToString(row.bytes) << how;
+  EXPECT_EQ(run.reports, row.reports) << testing::PrintToString(row.bytes) << how;
+  EXPECT_EQ(run.line, row.line) << testing::PrintToString(row.bytes) << how;
+}
+
+TEST(Tokeniser, KnowsEveryTokenWhereverTheBlockEnds) {
+  for (const Row& row : kRows) {
+    const std::string path = MakeFile("t.stp", row.bytes);
+    ExpectTokens(row, path, "");
+    for (std::size_t split = 1; split < row.bytes.size() && !HasFailure(); ++split) {
+      int next = static_cast<int>(split);
+      const FaultyCalls calls({.atMost = [&] { return std::exchange(next, 1 << 20); }});
+      ExpectTokens(row, path, " parted behind " + std::to_string(split) + " bytes");
+    }
+  }
+}
+
+TEST(Tokeniser, KnowsEveryTokenByteByByteAndInterrupted) {
+  const FaultyCalls calls({.interrupted = true, .atMost = [] { return 1; }});
+  for (const Row& row : kRows) ExpectTokens(row, MakeFile("t.stp", row.bytes), "");
+}
+
+TEST(Tokeniser, KnowsARecordAcrossTheBorderOfTwoFullBlocks) {
+  const Row row = {"#12=WALL('it''s',-2.5e1,$) ", "REF 12|=|NAME WALL|(|TEXT it's|,|REAL -25|,|NULL|)"};
+  for (std::size_t split = 0; split <= row.bytes.size(); ++split) {
+    ExpectTokens(row, MakeFile("t.stp", std::string(kBlock - split, ' ') + row.bytes), std::to_string(split));
+  }
+}
+
+TEST(Tokeniser, ATokenGivenBackComesAgainWithItsValue) {
+  const std::string path = MakeFile("t.stp", "'text'#5");
+  const steprt::TransferOwner t = steprt::NewTransfer(path.c_str(), nullptr, nullptr, false);
+  const std::unique_ptr<steprt::InputFile> file(steprt::InputFile::OpenOrNull(path.c_str()));
+  t->file.in = file.get();
+  t->pushedToken = steprt::NextToken(t.get());
+  EXPECT_EQ(steprt::NextToken(t.get()), TOK_TEXT);
+  EXPECT_STREQ(t->value.text, "text");
+  EXPECT_EQ(t->pushedToken, -1);
+  EXPECT_EQ(steprt::NextToken(t.get()), TOK_REF);
+}
+
+}  // namespace
