@@ -7,7 +7,7 @@ namespace steprt {
 
 int NextAttrToken(STEPtransfer* t) {
   if (t->lastToken == TOK_SEMI) return TOK_SEMI;
-  int token = NextToken(t);
+  int token = NextToken(t, ',', TOK_COMMA);
   if (token == TOK_COMMA) token = NextToken(t);
   if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
   return token;

@@ -17,11 +17,11 @@ void RefuseRecord(STEPtransfer* t, const char* message) {
 // ( attributes ), of which only the brackets are looked at here. What stands in place of the `)` is given back, so that
 // a `;` ends the skip at once; a token in place of the `(` is not, so that a `;` there takes the next record with it.
 void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
-  if (!row.read || NextToken(t) != TOK_OPEN) return RefuseRecord(t, kSyntax);
+  if (!row.read || NextToken(t, '(', TOK_OPEN) != TOK_OPEN) return RefuseRecord(t, kSyntax);
   t->lastToken = kNoToken;
   entry->object = row.read(t);
   if (t->lastToken == TOK_SEMI) return;
-  const int token = NextToken(t);
+  const int token = NextToken(t, ')', TOK_CLOSE);
   if (token == TOK_CLOSE) return;
   t->pushedToken = token;
   RefuseRecord(t, kSyntax);
@@ -32,7 +32,7 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
 bool ReadRecord(STEPtransfer* t, int number) {
   STEPentry* entry = RegisterEntry(t, number);
   if (!entry) return RefuseRecord(t, kOutOfMemory), true;
-  if (NextToken(t) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
+  if (NextToken(t, '=', TOK_EQUAL) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
   Copy(t->where, t->value.text, kWhereLimit);
   if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
     ReadBrackets(t, *row, entry);
@@ -47,7 +47,7 @@ bool ReadRecord(STEPtransfer* t, int number) {
 
 int ReadDataSection(STEPtransfer* t) {
   for (;;) {
-    const int token = NextToken(t);
+    const int token = NextToken(t, ';', TOK_SEMI);
     if (token == TOK_EOF) return SEC_NONE;
     if (token == TOK_NAME) return SectionCode(t->value.text);
     if (token != TOK_REF) continue;  // the `;` behind a record as well

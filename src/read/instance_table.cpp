@@ -6,16 +6,18 @@ namespace steprt {
 
 // A doubled number keeps its entry, so that the later record wins the table; the earlier instance stays in the model.
 STEPentry* RegisterEntry(STEPtransfer* t, int number) {
-  if (STEPentry* known = FindEntry(t, number)) {
+  std::uint32_t* place = t->numbers.FindOrAdd(number);
+  if (!place) return nullptr;
+  if (*place != 0) {
     ReportError(t, kNumberUsed, number);
-    return known;
+    return &t->entryPool.At(*place - 1);
   }
   STEPentry* entry = t->entryPool.Make();
-  if (!entry || !t->numbers.Add(number, t->entryPool.Count())) return nullptr;
+  if (!entry) return nullptr;
+  *place = t->entryPool.Count();
   STEPentry** bucket = &t->table[static_cast<unsigned>(number) % kTableBuckets];
   *entry = {*bucket, number, nullptr};
-  *bucket = entry;
-  return entry;
+  return *bucket = entry;
 }
 
 }  // namespace steprt

@@ -12,7 +12,7 @@ namespace {
 using namespace steprt;
 
 int NextItemToken(STEPtransfer* t) {
-  const int token = NextToken(t);
+  const int token = NextToken(t, ',', TOK_COMMA);
   return token == TOK_COMMA ? NextToken(t) : token;  // a `;` is not noted here
 }
 

@@ -10,6 +10,14 @@ namespace steprt {
 // the file. A caller gives a token back by storing its kind in t->pushedToken; there is room for one.
 int NextToken(STEPtransfer* t);
 
+// The same where one delimiter is likely to come next: `c`, whose kind is `kind`.
+inline int NextToken(STEPtransfer* t, char c, int kind) {
+  InputFile& in = *t->file.in;
+  if (t->pushedToken != kNoToken || *in.Cursor() != c || in.Cursor() == in.Limit()) return NextToken(t);
+  in.MoveTo(in.Cursor() + 1);
+  return kind;
+}
+
 }  // namespace steprt
 
 #endif

@@ -34,6 +34,25 @@ std::uint32_t HashFolded(const char* name) {
 
 std::uint32_t HashType(int type) { return static_cast<std::uint32_t>(static_cast<std::uint32_t>(type) * kMixer >> 32); }
 
+// A place for a name or a pair of types among `count` of them, a power of two. Of a name it sees the length and both
+// ends, eight characters each.
+std::size_t PlaceOf(const char* name, std::size_t length, int count) {
+  std::uint64_t head = 0;
+  std::uint64_t tail = 0;
+  if (length >= sizeof head) {
+    std::memcpy(&head, name, sizeof head);
+    std::memcpy(&tail, name + length - sizeof tail, sizeof tail);
+  } else {
+    std::memcpy(&head, name, length);
+  }
+  return ((head ^ tail * 3) + length) * kMixer >> 32 & static_cast<std::size_t>(count - 1);
+}
+
+std::size_t PlaceOf(int expected, int actual, int count) {
+  const auto pair = static_cast<std::uint64_t>(static_cast<std::uint32_t>(expected)) << 32;
+  return (pair | static_cast<std::uint32_t>(actual)) * kMixer >> 32 & static_cast<std::size_t>(count - 1);
+}
+
 int CountRows(APPobject0* schema) {
   int count = 0;
   ForEachRow(schema, [&](APPentity&) { ++count; });
@@ -57,8 +76,14 @@ int CountNodes(APPindexNode** index) {
 
 APPentity* LookupCache::FindEntityByName(const char* name) {
   if (!IsCurrent() && !Draw()) return steprt::FindEntityByName(name, schema_);
+  const std::size_t length = std::strlen(name);
+  NameAnswer& answer = nameAnswers_[PlaceOf(name, length, kAnswers)];
+  if (answer.row && answer.length == length && std::memcmp(answer.row->name, name, length) == 0) return answer.row;
   const int node = FindName(name);
-  return node == kNone ? nullptr : nodes_[node].row;
+  if (node == kNone) return nullptr;
+  APPentity* row = nodes_[node].row;
+  if (std::strcmp(row->name, name) == 0) answer = {row, length};
+  return row;
 }
 
 APPentity* LookupCache::FindEntityByType(int type) {
@@ -67,10 +92,18 @@ APPentity* LookupCache::FindEntityByType(int type) {
   return node == kNone ? nullptr : nodes_[node].row;
 }
 
-// The walk of lookup.cpp, over nodes.
 bool LookupCache::IsSubtype(int expected, int actual) {
   if (expected < 0 || expected == actual) return true;
   if (!IsCurrent() && !Draw()) return steprt::IsSubtype(schema_, expected, actual);
+  SubtypeAnswer& latest = subtypeAnswers_[PlaceOf(expected, actual, kAnswers)];
+  if (latest.expected != expected || latest.actual != actual) {
+    latest = {expected, actual, FindSubtype(expected, actual)};
+  }
+  return latest.answer;
+}
+
+// The walk of lookup.cpp, over nodes.
+bool LookupCache::FindSubtype(int expected, int actual) {
   int node = FindType(actual);
   int mark = kNone;
   for (unsigned step = 1; node != kNone; ++step) {
@@ -82,7 +115,7 @@ bool LookupCache::IsSubtype(int expected, int actual) {
   return false;
 }
 
-bool LookupCache::IsCurrent() { return names_ && generation_ == schemaGeneration && index_ == schema_->index; }
+bool LookupCache::IsCurrent() const { return names_ && generation_ == schemaGeneration && index_ == schema_->index; }
 
 bool LookupCache::Draw() {
   if (drawn_ && !names_ && generation_ == schemaGeneration && index_ == schema_->index) return false;
@@ -169,6 +202,8 @@ void LookupCache::Forget() {
   names_ = nullptr;
   types_ = nullptr;
   nodeCount_ = 0;
+  for (NameAnswer& answer : nameAnswers_) answer.row = nullptr;
+  for (SubtypeAnswer& answer : subtypeAnswers_) answer.expected = -1;
 }
 
 }  // namespace steprt

@@ -4,6 +4,7 @@
 #ifndef STEPRT_SCHEMA_LOOKUP_CACHE_H
 #define STEPRT_SCHEMA_LOOKUP_CACHE_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "steprt/schema.h"
@@ -12,7 +13,7 @@ namespace steprt {
 
 class LookupCache {
  public:
-  explicit LookupCache(APPobject0* schema) : schema_(schema) {}
+  explicit LookupCache(APPobject0* schema) : schema_(schema) { Forget(); }
   ~LookupCache() { Forget(); }
   LookupCache(const LookupCache&) = delete;
   LookupCache& operator=(const LookupCache&) = delete;
@@ -35,7 +36,20 @@ class LookupCache {
   static constexpr int kNone = -1;
   static constexpr int kNotSought = -2;
 
-  bool IsCurrent();
+  // The latest answers, each in the one place that its question hashes to.
+  struct NameAnswer {
+    APPentity* row;      // found by its name as the row spells it; null: none yet
+    std::size_t length;  // of the name
+  };
+  struct SubtypeAnswer {
+    int expected;  // negative: none yet
+    int actual;
+    bool answer;
+  };
+  static constexpr int kAnswers = 256;
+
+  bool IsCurrent() const;
+  bool FindSubtype(int expected, int actual);
   bool Draw();
   void DrawLinear();
   void DrawIndexed();
@@ -58,6 +72,8 @@ class LookupCache {
   NameSlot* names_ = nullptr;  // null: no memory for a picture of this generation
   int* types_ = nullptr;       // nodes, kNone for free slots
   std::uint32_t mask_ = 0;     // of both tables, whose sizes are one power of two
+  NameAnswer nameAnswers_[kAnswers];
+  SubtypeAnswer subtypeAnswers_[kAnswers];
 };
 
 }  // namespace steprt

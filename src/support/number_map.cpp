@@ -29,25 +29,25 @@ std::uint32_t NumberMap::Home(std::uint32_t number) const {
   return static_cast<std::uint32_t>(mixed * capacity_ >> 32);
 }
 
-std::uint32_t NumberMap::Find(std::uint32_t number) const {
-  if (capacity_ == 0) return 0;
-  for (std::uint32_t i = Home(number); slots_[i].value != 0; i = i + 1 == capacity_ ? 0 : i + 1) {
-    if (slots_[i].number == number) return slots_[i].value;
+std::uint32_t NumberMap::Find(std::uint32_t number) const { return capacity_ == 0 ? 0 : SlotOf(number)->value; }
+
+std::uint32_t* NumberMap::FindOrAdd(std::uint32_t number) {
+  Slot* slot = capacity_ == 0 ? nullptr : SlotOf(number);
+  if (slot && slot->value != 0) return &slot->value;
+  if (count_ >= capacity_ - capacity_ / 8) {
+    if (!Grow()) return nullptr;
+    slot = SlotOf(number);
   }
-  return 0;
-}
-
-bool NumberMap::Add(std::uint32_t number, std::uint32_t value) {
-  if (count_ >= capacity_ - capacity_ / 8 && !Grow()) return false;
-  Put({number, value});
+  slot->number = number;
   ++count_;
-  return true;
+  return &slot->value;
 }
 
-void NumberMap::Put(Slot slot) {
-  std::uint32_t i = Home(slot.number);
-  while (slots_[i].value != 0) i = i + 1 == capacity_ ? 0 : i + 1;
-  slots_[i] = slot;
+// The slot that holds the number, or the free one where it belongs.
+NumberMap::Slot* NumberMap::SlotOf(std::uint32_t number) const {
+  std::uint32_t i = Home(number);
+  while (slots_[i].value != 0 && slots_[i].number != number) i = i + 1 == capacity_ ? 0 : i + 1;
+  return &slots_[i];
 }
 
 bool NumberMap::Grow() {
@@ -59,7 +59,7 @@ bool NumberMap::Grow() {
   slots_ = larger;
   capacity_ = capacity;
   for (std::uint32_t i = 0; i < oldCapacity; ++i) {
-    if (old[i].value != 0) Put(old[i]);
+    if (old[i].value != 0) *SlotOf(old[i].number) = old[i];
   }
   delete[] old;
   return true;

@@ -19,8 +19,9 @@ class NumberMap {
   // The number's value, 0 for none.
   std::uint32_t Find(std::uint32_t number) const;
 
-  // Adds a number that is not there. False, without a change, when memory is exhausted.
-  [[nodiscard]] bool Add(std::uint32_t number, std::uint32_t value);
+  // Where the number's value is kept, in which the caller stores one when it is 0: the number is new then. Null when
+  // memory is exhausted. The address is good until the next call.
+  [[nodiscard]] std::uint32_t* FindOrAdd(std::uint32_t number);
 
   bool IsEmpty() const { return count_ == 0; }
   std::size_t Bytes() const { return std::size_t{capacity_} * sizeof(Slot); }
@@ -32,7 +33,7 @@ class NumberMap {
   };
 
   std::uint32_t Home(std::uint32_t number) const;
-  void Put(Slot slot);
+  Slot* SlotOf(std::uint32_t number) const;
   bool Grow();
 
   Slot* slots_ = nullptr;
