@@ -1,0 +1,67 @@
+// Short ways to read and to write XML documents of the tests' schema.
+#ifndef STEPRT_TESTS_XML_DOCUMENTS_H
+#define STEPRT_TESTS_XML_DOCUMENTS_H
+
+#include <string>
+
+#include "support/proj_schema.h"
+#include "support/temp_files.h"
+
+namespace steprt_test {
+
+// The document read from memory, into a model of its own.
+inline Outcome ReadDocument(const std::string& document) {
+  ProjModel model;
+  model.Name("doc");
+  const int result = model.ReadXml(document.c_str());
+  return {result, TakeReports("doc.stp"), Population(model)};
+}
+
+// The same from a file, so that it may hold a byte 0.
+inline Outcome ReadDocumentFile(const std::string& document) {
+  ProjModel model;
+  const std::string path = MakeFile("read.xml", document);
+  model.Name(path.c_str());
+  const int result = model.ReadXml(nullptr);
+  return {result, TakeReports(path), Population(model)};
+}
+
+inline std::string InRoot(const std::string& entities) { return "<PROJ>" + entities + "</PROJ>"; }
+
+// A document of one PROBE, with these child elements.
+inline std::string ProbeDocument(const std::string& children) {
+  return InRoot("<PROBE rid=\"#1\">" + children + "</PROBE>");
+}
+
+inline bool operator==(const Outcome& a, const Outcome& b) {
+  return a.result == b.result && a.reports == b.reports && a.population == b.population;
+}
+
+inline std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
+  out << outcome.result;
+  for (const std::string& report : outcome.reports) out << "\n  report " << report;
+  for (const std::string& instance : outcome.population) out << "\n  " << instance;
+  return out;
+}
+
+// The model as a document, with its file's name and the date masked.
+inline std::string WrittenDocument(STEPmodel& model, const char* remark = nullptr) {
+  std::string path = TempPath("written.xml");
+  model.WriteXml(path.data(), remark);
+  std::string document = BytesOf(path);
+  const std::string head = "<!-- FILE_NAME('" + path + "','";
+  const std::size_t start = document.find(head);
+  if (start == std::string::npos) return document;
+  const std::size_t end = document.find("'", start + head.size());
+  return document.replace(start, end - start, "<!-- FILE_NAME('PATH','DATE");
+}
+
+// The line of the first entity of such a document, without its tab.
+inline std::string FirstEntity(const std::string& document) {
+  const std::size_t tab = document.find("\t");
+  return tab == std::string::npos ? "(none)" : document.substr(tab + 1, document.find("\n", tab) - tab - 1);
+}
+
+}  // namespace steprt_test
+
+#endif
