@@ -1,9 +1,10 @@
 // For the writer of a module: a shared object that carries a schema and is loaded at run time.
 //
-// Numbered entries. A module offers them through one table of its own, which it defines under the name STEPentries:
+// Numbered entries. A module offers them through one table of its own, which its function STEPentries gives:
 //
 //   static const STEPentryFunc kEntries[] = {nullptr, CountDoors, CountWindows};   // 1 is free; 2 and 3
-//   const STEPentryTable STEPentries = {3, kEntries};
+//   static const STEPentryTable kTable = {3, kEntries};
+//   const STEPentryTable* STEPentries() { return &kTable; }
 //
 // STEPlib::LoadFunct fetches from number 2 upward. A function of another type goes through a reinterpret_cast there and
 // back.
@@ -29,9 +30,9 @@ struct STEPentryTable {
 
 extern "C" {
 
-// Each module defines its own; a module without it has no numbered entries. It is looked up in the module, so do not
-// refer to it: the name would mean any module's.
-STEPRT_API extern const STEPentryTable STEPentries;
+// Each module defines its own; a module without it has no numbered entries. The library looks it up in the module. Do
+// not call it: the name may mean that of another module.
+STEPRT_API const STEPentryTable* STEPentries();
 
 }  // extern "C"
 

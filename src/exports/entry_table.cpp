@@ -32,6 +32,8 @@ constexpr bool NumbersFollow() {
 }
 static_assert(NumbersFollow());
 
+constinit const STEPentryTable kTable = {kCount, kEntries};
+
 }  // namespace
 
-constinit const STEPentryTable STEPentries = {kCount, kEntries};
+const STEPentryTable* STEPentries() { return &kTable; }

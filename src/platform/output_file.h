@@ -1,5 +1,5 @@
-// A file that is written through one block. A write that fails sets a flag that stays; what is put afterwards is
-// dropped.
+// A file that is written through one block. A write that fails sets a flag that stays, and what could not be written is
+// dropped; what is put afterwards is tried all the same, so that a file can be ended.
 #ifndef STEPRT_PLATFORM_OUTPUT_FILE_H
 #define STEPRT_PLATFORM_OUTPUT_FILE_H
 

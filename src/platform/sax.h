@@ -3,6 +3,7 @@
 #ifndef STEPRT_PLATFORM_SAX_H
 #define STEPRT_PLATFORM_SAX_H
 
+#include <cstddef>
 #include <string_view>
 
 namespace steprt {
@@ -12,14 +13,15 @@ using SaxResult = int;
 inline constexpr SaxResult kSaxOk = 0;
 inline constexpr SaxResult kSaxFailure = static_cast<SaxResult>(0x80004005u);
 
-// The attributes of one start tag. Declarations of namespaces do not count. A text lives until the next one is asked
-// for.
+// The attributes of one start tag. Declarations of namespaces do not count. Of a text the first units are given, at
+// most `limit`, so that one that the document type repeats for every tag costs no more than is wanted of it. It lives
+// until the next one is asked for.
 class SaxAttributes {
  public:
   virtual ~SaxAttributes() = default;
   virtual int Length() = 0;
-  virtual std::u16string_view LocalName(int index) = 0;  // without its prefix
-  virtual std::u16string_view Value(int index) = 0;      // with references resolved
+  virtual std::u16string_view LocalName(int index, std::size_t limit) = 0;  // without its prefix
+  virtual std::u16string_view Value(int index, std::size_t limit) = 0;      // with references resolved
 };
 
 class SaxContentHandler {

@@ -97,9 +97,9 @@ SaxResult XmlParser::StartEntity(SaxAttributes& attributes) {
   const int count = attributes.Length();
   if (count == 0) return RefuseEntity();
   for (int i = 0; i < count; ++i) {
-    NarrowText(attributes.LocalName(i));
+    NarrowText(attributes.LocalName(i, kTextLimit));
     if (!EqualNoCase(text, kNumberAttribute)) return RefuseEntity();
-    NarrowText(attributes.Value(i));
+    NarrowText(attributes.Value(i, kTextLimit));
     BeginInstance(*text == '\0' ? 0 : TextToInt(text + 1));  // the first character stands for the #, whatever it is
   }
   depth = kInEntity;

@@ -272,6 +272,27 @@ TEST_F(Documents, ATextThatIsEndedByItsUnitsEndsAlikeEverywhere) {
   }
 }
 
+// Each takes minutes when every tag lets the whole text be walked.
+TEST_F(Documents, TextsThatEveryTagRepeatsAreNotWalkedEachTime) {
+  const std::string text(10'000'000, 'x');
+  std::string tags;
+  for (int i = 0; i < 100'000; ++i) tags += "<a/>";
+  const std::string defaults = "<!DOCTYPE PROJ [<!ATTLIST a b CDATA '" + text + "'>]>";
+  EXPECT_EQ(ReadDocument(defaults + ProbeDocument("<A>" + tags + "</A>")), (Outcome{0, {}, {"PROBE('')"}}));
+  std::string entities;
+  for (int i = 0; i < 30'000; ++i) entities += "<DOOR/>";
+  const std::string numbers = "<!DOCTYPE PROJ [<!ATTLIST DOOR rid CDATA '#1" + text + "'>]>";
+  EXPECT_EQ(ReadDocument(numbers + InRoot(entities)).result, 29'999) << "each but the first has a number in use";
+}
+
+TEST_F(Documents, ANameOfANamespaceHasALimit) {
+  const auto document = [](std::size_t size) {
+    return "<PROJ xmlns='" + std::string(size, 'x') + "'>" + kPersonEntity + "</PROJ>";
+  };
+  EXPECT_EQ(ReadDocument(document(4096)), (Outcome{0, {}, {"PERSON(41)"}}));
+  EXPECT_EQ(ReadDocument(document(4097)), (Outcome{-1, {"too long a name of a namespace (line 1, column 4113)"}, {}}));
+}
+
 // Each takes minutes when every block of the file lets the whole token be scanned again.
 TEST_F(Documents, LongTokensCostWhatTheirBytesCost) {
   const std::string many(10'000'000, 'x');

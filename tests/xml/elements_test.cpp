@@ -16,8 +16,8 @@ using namespace steprt_test;
 class NoAttributes final : public steprt::SaxAttributes {
  public:
   int Length() override { return 1; }
-  std::u16string_view LocalName(int) override { return u"rid"; }
-  std::u16string_view Value(int) override { return u"#1"; }
+  std::u16string_view LocalName(int, std::size_t) override { return u"rid"; }
+  std::u16string_view Value(int, std::size_t) override { return u"#1"; }
 };
 
 std::u16string Wide(const std::string& text) { return {text.begin(), text.end()}; }

@@ -21,10 +21,13 @@ class Attributes final : public steprt::SaxAttributes {
  public:
   explicit Attributes(Pairs pairs) : pairs_(std::move(pairs)) {}
   int Length() override { return static_cast<int>(pairs_.size()); }
-  std::u16string_view LocalName(int index) override { return pairs_[static_cast<std::size_t>(index)].first; }
-  std::u16string_view Value(int index) override { return pairs_[static_cast<std::size_t>(index)].second; }
+  std::u16string_view LocalName(int index, std::size_t limit) override { return Start(At(index).first, limit); }
+  std::u16string_view Value(int index, std::size_t limit) override { return Start(At(index).second, limit); }
 
  private:
+  static std::u16string_view Start(std::u16string_view text, std::size_t limit) { return text.substr(0, limit); }
+  const Pairs::value_type& At(int index) const { return pairs_[static_cast<std::size_t>(index)]; }
+
   const Pairs pairs_;
 };
 

@@ -15,13 +15,13 @@ namespace {
 // Expat puts the address of a name's space in front of the name, and this between them. No document can hold it.
 constexpr XML_Char kSeparator = '\x01';
 
-std::string_view LocalPart(const XML_Char* name) {
-  const std::size_t size = std::strlen(name);
-  const void* separator = std::memchr(name, kSeparator, size);
-  if (!separator) return {name, size};
-  const char* local = static_cast<const char*>(separator) + 1;
-  return {local, static_cast<std::size_t>(name + size - local)};
+const XML_Char* LocalPart(const XML_Char* name) {
+  const XML_Char* separator = std::strchr(name, kSeparator);
+  return separator ? separator + 1 : name;
 }
+
+// The address stands in every name that Expat gives, so a long one would be walked for every tag.
+constexpr std::size_t kLongestAddress = 4096;
 
 void XMLCALL OnStartElement(void* parse, const XML_Char* name, const XML_Char** attributes) {
   static_cast<ExpatParse*>(parse)->StartElement(name, attributes);
@@ -33,6 +33,10 @@ void XMLCALL OnText(void* parse, const XML_Char* text, int size) {
   static_cast<ExpatParse*>(parse)->Text({text, static_cast<std::size_t>(size)});
 }
 
+void XMLCALL OnStartNamespace(void* parse, const XML_Char* /*prefix*/, const XML_Char* address) {
+  static_cast<ExpatParse*>(parse)->StartNamespace(address);
+}
+
 void AddCount(TextBuffer& text, XML_Size count) {
   char digits[24];
   const char* end = std::to_chars(digits, digits + sizeof digits, count).ptr;
@@ -41,16 +45,19 @@ void AddCount(TextBuffer& text, XML_Size count) {
 
 }  // namespace
 
-bool ExpatAttributes::Bind(const XML_Char** pairs) {
-  pairs_ = pairs;
-  std::size_t longest = 0;
+int ExpatAttributes::Length() {
   int texts = 0;
-  for (; pairs[texts]; ++texts) longest = std::max(longest, std::strlen(pairs[texts]));
-  count_ = texts / 2;
-  return room_.Reserve(longest);
+  while (pairs_[texts]) ++texts;
+  return texts / 2;
 }
 
-std::u16string_view ExpatAttributes::LocalName(int index) { return room_.Put(LocalPart(pairs_[2 * index])); }
+std::u16string_view ExpatAttributes::LocalName(int index, std::size_t limit) {
+  return room_.PutStart(LocalPart(pairs_[2 * index]), limit);
+}
+
+std::u16string_view ExpatAttributes::Value(int index, std::size_t limit) {
+  return room_.PutStart(pairs_[2 * index + 1], limit);
+}
 
 void ExpatParse::Run(ByteSource& source) {
   if (!MakeParser()) return ReportFatal(errors_, XML_ErrorString(XML_ERROR_NO_MEMORY));
@@ -66,6 +73,7 @@ bool ExpatParse::MakeParser() {
   if (!parser_) return false;
   XML_SetUserData(parser_.get(), this);
   XML_SetElementHandler(parser_.get(), OnStartElement, OnEndElement);
+  XML_SetStartNamespaceDeclHandler(parser_.get(), OnStartNamespace);
   XML_SetCharacterDataHandler(parser_.get(), OnText);
   XML_SetUnknownEncodingHandler(parser_.get(), DescribeCodePage, nullptr);
   return true;
@@ -90,11 +98,10 @@ bool ExpatParse::Feed(ByteSource& source) {
 }
 
 void ExpatParse::ReportFault() {
-  if (stopped_ && !memoryFailed_) return;
+  if (stopped_ && !fault_) return;
   stopped_ = true;
-  const XML_Error fault = memoryFailed_ ? XML_ERROR_NO_MEMORY : XML_GetErrorCode(parser_.get());
   TextBuffer message;
-  message.Add(XML_ErrorString(fault)).Add(" (line ");
+  message.Add(fault_ ? fault_ : XML_ErrorString(XML_GetErrorCode(parser_.get()))).Add(" (line ");
   AddCount(message, XML_GetCurrentLineNumber(parser_.get()));
   message.Add(", column ");
   AddCount(message, XML_GetCurrentColumnNumber(parser_.get()) + 1);
@@ -104,16 +111,18 @@ void ExpatParse::ReportFault() {
 void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
   SendText();
   const std::string_view local = LocalPart(name);
-  if (!name_.Reserve(local.size()) || !attributes_.Bind(attributes)) {
-    memoryFailed_ = true;
-    return Stop();
-  }
+  if (!name_.Reserve(local.size())) return Refuse(XML_ErrorString(XML_ERROR_NO_MEMORY));
+  attributes_.Bind(attributes);
   Send([&] { return content_.StartElement(name_.Put(local), attributes_); });
 }
 
 void ExpatParse::EndElement() {
   SendText();
   Send([this] { return content_.EndElement(); });
+}
+
+void ExpatParse::StartNamespace(const XML_Char* address) {
+  if (address && std::strlen(address) > kLongestAddress) Refuse("too long a name of a namespace");
 }
 
 void ExpatParse::Text(std::string_view utf8) {
@@ -145,6 +154,12 @@ void ExpatParse::Send(Event event) {
 void ExpatParse::Stop() {
   stopped_ = true;
   XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void ExpatParse::Refuse(const char* fault) {
+  if (stopped_) return;
+  fault_ = fault;
+  Stop();
 }
 
 void ReportFatal(SaxErrorHandler& errors, std::string_view message) {

@@ -17,17 +17,16 @@ namespace steprt {
 // The attributes of the start tag at hand.
 class ExpatAttributes final : public SaxAttributes {
  public:
-  // Takes pairs of name and value, up to a null. False when memory is exhausted.
-  [[nodiscard]] bool Bind(const XML_Char** pairs);
+  // Takes pairs of name and value, up to a null. Nothing is looked at before it is asked for.
+  void Bind(const XML_Char** pairs) { pairs_ = pairs; }
 
-  int Length() override { return count_; }
-  std::u16string_view LocalName(int index) override;
-  std::u16string_view Value(int index) override { return room_.Put(pairs_[2 * index + 1]); }
+  int Length() override;
+  std::u16string_view LocalName(int index, std::size_t limit) override;
+  std::u16string_view Value(int index, std::size_t limit) override;
 
  private:
   const XML_Char** pairs_ = nullptr;
-  int count_ = 0;
-  Utf16Room room_;  // holds the longest of the texts
+  Utf16Room room_;
 };
 
 class ExpatParse {
@@ -42,6 +41,7 @@ class ExpatParse {
   // Expat's callbacks.
   void StartElement(const XML_Char* name, const XML_Char** attributes);
   void EndElement();
+  void StartNamespace(const XML_Char* address);
   void Text(std::string_view utf8);
 
  private:
@@ -56,13 +56,14 @@ class ExpatParse {
   bool MakeParser();
   bool Feed(ByteSource& source);
   void ReportFault();
+  void Refuse(const char* fault);
 
   SaxContentHandler& content_;
   SaxErrorHandler& errors_;
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
-  std::exception_ptr thrown_;  // by a handler; it may not pass through Expat, which is C
-  bool stopped_ = false;       // no event goes out from here on
-  bool memoryFailed_ = false;
+  std::exception_ptr thrown_;    // by a handler; it may not pass through Expat, which is C
+  bool stopped_ = false;         // no event goes out from here on
+  const char* fault_ = nullptr;  // of ours, for which Expat was stopped
   ExpatAttributes attributes_;
   Utf16Room name_;
 

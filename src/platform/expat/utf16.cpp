@@ -61,6 +61,14 @@ std::string_view WholeCharacters(std::string_view utf8, std::size_t limit) {
   return utf8.substr(0, limit);
 }
 
+std::u16string_view Utf16Room::PutStart(const char* utf8, std::size_t limit) {
+  constexpr std::size_t kMostBytes = 4;  // of one character
+  const std::size_t bytes = Reserve(limit * kMostBytes) ? limit * kMostBytes : capacity_;
+  const void* end = std::memchr(utf8, '\0', bytes);
+  const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - utf8) : bytes;
+  return Put(end ? std::string_view(utf8, size) : WholeCharacters({utf8, size + 1}, size)).substr(0, limit);
+}
+
 const char16_t* Utf16Room::PutBytes(std::string_view bytes) {
   char16_t* end =
       std::transform(bytes.begin(), bytes.end(), units_, [](char c) { return static_cast<char16_t>(Byte(c)); });

@@ -16,7 +16,7 @@ std::string_view WholeCharacters(std::string_view utf8, std::size_t limit);
 // Room for one text after another. It grows and stays.
 class Utf16Room {
  public:
-  static constexpr std::size_t kOwnRoom = 256;  // fits without a Reserve
+  static constexpr std::size_t kOwnRoom = 1200;  // fits without a Reserve
 
   Utf16Room() = default;
   ~Utf16Room() { delete[] heap_; }
@@ -30,6 +30,9 @@ class Utf16Room {
   std::u16string_view Put(std::string_view utf8) {
     return {units_, static_cast<std::size_t>(Widen(units_, utf8) - units_)};
   }
+
+  // Replaces it by the first units, at most `limit`, of one that is terminated; by fewer when memory is exhausted.
+  std::u16string_view PutStart(const char* utf8, std::size_t limit);
 
   // Replaces it by the bytes as they are and a terminator, which must fit.
   const char16_t* PutBytes(std::string_view bytes);

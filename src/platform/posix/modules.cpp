@@ -48,7 +48,8 @@ void* FindEntry(HINSTANCE module, const char* name) {
 }
 
 STEPentryFunc FindEntry(HINSTANCE module, int number) {
-  const auto* table = static_cast<const STEPentryTable*>(FindEntry(module, "STEPentries"));
+  const auto entries = reinterpret_cast<decltype(&STEPentries)>(FindEntry(module, "STEPentries"));
+  const STEPentryTable* table = entries ? entries() : nullptr;
   return table && number >= 1 && number <= table->count ? table->entries[number - 1] : nullptr;
 }
 

@@ -97,7 +97,7 @@ void OutputFile::Put(std::string_view text) {
 }
 
 void OutputFile::Flush() {
-  if (!failed_ && used_ > 0) failed_ = !WriteAll(handle_, block_, used_);
+  if (used_ > 0 && !WriteAll(handle_, block_, used_)) failed_ = true;
   used_ = 0;
 }
 

@@ -1,0 +1,206 @@
+// STEPstring: what is shared, what is copied, which buffer stays, and what an exhausted memory leaves.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+
+#include "steprt/text.h"
+#include "support/failing_new.h"
+
+namespace {
+
+using steprt_test::CountAllocations;
+using steprt_test::FailingNew;
+
+class Text : public STEPstring {
+ public:
+  using STEPstring::AllocBuffer;
+  using STEPstring::AllocCopy;
+  using STEPstring::AssignCopy;
+  using STEPstring::capacity;
+  using STEPstring::data;
+  using STEPstring::Delete;
+  using STEPstring::Empty;
+  using STEPstring::Init;
+  using STEPstring::length;
+  using STEPstring::operator=;
+  using STEPstring::STEPstring;
+};
+
+const char* SharedEmpty() { return Text().data; }
+
+void ExpectText(const Text& text, const char* expected, int capacity) {
+  EXPECT_STREQ(text.data, expected);
+  EXPECT_EQ(text.length, static_cast<int>(std::strlen(expected)));
+  EXPECT_EQ(text.capacity, capacity);
+  EXPECT_EQ(text.data == SharedEmpty(), capacity == 0);
+}
+
+TEST(String, AllEmptyStringsShareOneTextAndAllocateNothing) {
+  const long before = CountAllocations();
+  const Text built("");
+  const Text null(static_cast<const char*>(nullptr));
+  const Text copy(built);
+  Text assigned;
+  assigned = "";
+  assigned = built;
+  assigned = static_cast<const char*>(nullptr);
+  for (const Text* each : {&built, &null, &copy, static_cast<const Text*>(&assigned)}) ExpectText(*each, "", 0);
+  EXPECT_EQ(CountAllocations(), before);
+}
+
+TEST(String, ACopyHasABufferOfItsOwnThatFitsTheText) {
+  Text source("a longer text");
+  source = "short";
+  const Text copy(source);
+  ExpectText(source, "short", 13);
+  ExpectText(copy, "short", 5);
+  EXPECT_NE(copy.data, source.data);
+  source = "";
+  ExpectText(Text(source), "", 0);
+}
+
+TEST(String, ABufferStaysUntilATextDoesNotFit) {
+  struct {
+    const char* what;
+    const char* text;
+    int capacity;
+    bool allocates;
+  } const steps[] = {
+      {"the first text", "abc", 3, true},        {"a shorter one", "x", 3, false},  {"an empty one", "", 3, false},
+      {"one of the same room", "def", 3, false}, {"a longer one", "ghij", 4, true}, {"none", nullptr, 4, false},
+  };
+  Text text;
+  for (const auto& each : steps) {
+    const char* before = text.data;
+    const long made = CountAllocations();
+    EXPECT_EQ(&(text = each.text), &text) << each.what;
+    ExpectText(text, each.text ? each.text : "", each.capacity);
+    if (!each.allocates) {
+      EXPECT_EQ(text.data, before) << each.what;
+    }
+    EXPECT_EQ(CountAllocations() - made, each.allocates ? 1 : 0) << each.what;
+    EXPECT_EQ(text.GetLength(), text.length) << each.what;
+    EXPECT_EQ(text.IsEmpty(), text.length == 0) << each.what;
+  }
+}
+
+TEST(String, TakesATextOutOfItself) {
+  Text text("some text");
+  text = text.data;
+  ExpectText(text, "some text", 9);
+  text = static_cast<const Text&>(text);
+  ExpectText(text, "some text", 9);
+  text = text.data + 5;
+  ExpectText(text, "text", 9);
+}
+
+TEST(String, OwnsABufferOfArrayAllocation) {
+  Text text;
+  text.AllocBuffer(5);
+  EXPECT_EQ(text.length, 5);
+  EXPECT_EQ(text.capacity, 5);
+  std::strcpy(text.data, "12345");
+  char* buffer = text.data;
+  text.Init();  // does not release it
+  ExpectText(text, "", 0);
+  EXPECT_STREQ(buffer, "12345");
+  text.Delete(buffer);
+  text.Delete(text.data);  // the shared text stays
+  ExpectText(text, "", 0);
+  text.AllocBuffer(0);
+  ExpectText(text, "", 0);
+  text.AllocBuffer(INT_MIN);
+  ExpectText(text, "", 0);
+  text = "gone";
+  text.Empty();
+  ExpectText(text, "", 0);
+}
+
+TEST(String, MeasuresTheTextAndNotTheLength) {
+  Text text("abcdef");
+  char* writable = text;
+  writable[3] = '\0';
+  EXPECT_EQ(text.GetLength(), 6);
+  ExpectText(Text(text), "abc", 3);
+  Text target;
+  text.AllocCopy(target);
+  ExpectText(target, "abc", 3);
+  writable[0] = '\0';
+  EXPECT_TRUE(text.IsEmpty());
+  text.AssignCopy("123456");
+  ExpectText(text, "123456", 6);
+}
+
+TEST(String, IsBlankWhenItHoldsNothingButSpaces) {
+  struct {
+    const char* text;
+    bool blank;
+    bool empty;
+  } const cases[] = {{"", true, true},       {" ", true, false},    {"    ", true, false}, {"\t", false, false},
+                     {"  \t", false, false}, {"  x", false, false}, {"x  ", false, false}, {"\xa0", false, false}};
+  for (const auto& each : cases) {
+    Text text(each.text);
+    EXPECT_EQ(text.IsBlank(), each.blank) << '"' << each.text << '"';
+    EXPECT_EQ(text.IsEmpty(), each.empty) << '"' << each.text << '"';
+  }
+}
+
+TEST(String, ComparesUnsignedBytesAndFoldsAsciiLetters) {
+  struct {
+    const char* text;
+    const char* other;
+    int order;
+    int noCase;  // its sign
+  } const cases[] = {
+      {"", "", 0, 0},        {"abc", "abc", 0, 0},   {"abc", "abd", -1, -1}, {"b", "abc", 1, 1},
+      {"ab", "abc", -1, -1}, {"abc", "ab", 1, 1},    {"", "a", -1, -1},      {"a", "", 1, 1},
+      {"ABC", "abc", -1, 0}, {"aBc", "AbC", 1, 0},   {"Z", "a", -1, 1},      {"z", "_", 1, 1},
+      {"_", "A", 1, -1},     {"\x80", "\x7f", 1, 1}, {"a", "\xe4", -1, -1},  {"\xc4", "\xe4", -1, -1},
+      {"a", nullptr, 1, 1},  {"", nullptr, 0, 0},
+  };
+  for (const auto& each : cases) {
+    Text text(each.text);
+    const int noCase = text.CompareNoCase(each.other);
+    EXPECT_EQ(text.Compare(each.other), each.order) << each.text << " with " << (each.other ? each.other : "null");
+    EXPECT_EQ((noCase > 0) - (noCase < 0), each.noCase) << each.text << " with " << (each.other ? each.other : "null");
+  }
+}
+
+TEST(String, ChangesTheCaseOfAsciiLettersInPlace) {
+  Text text("aZ[`{@ \xe4\xc4 1_");
+  const char* before = text.data;
+  text.MakeUpper();
+  EXPECT_STREQ(text, "AZ[`{@ \xe4\xc4 1_");
+  text.MakeLower();
+  EXPECT_STREQ(text, "az[`{@ \xe4\xc4 1_");
+  EXPECT_EQ(text.data, before);
+  Text empty;
+  empty.MakeUpper();
+  empty.MakeLower();
+  ExpectText(empty, "", 0);
+}
+
+TEST(String, WithoutMemoryIsEmpty) {
+  const Text source("a text");
+  {
+    const FailingNew failing(1, FailingNew::kAndAllBehind);
+    ExpectText(Text("a text"), "", 0);
+    ExpectText(Text(source), "", 0);
+    Text grown;
+    grown = "a text";
+    ExpectText(grown, "", 0);
+    grown.AllocBuffer(3);
+    ExpectText(grown, "", 0);
+  }
+  Text held("abc");
+  {
+    const FailingNew failing(1);
+    held = "longer";
+  }
+  ExpectText(held, "", 0);
+  held = "longer";
+  ExpectText(held, "longer", 6);
+}
+
+}  // namespace

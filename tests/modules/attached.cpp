@@ -1,0 +1,14 @@
+// A module in no chain, without numbered entries, for STEPmodel::AttachDll.
+#include <cstring>
+
+#include "steprt/model.h"
+
+extern "C" STEPRT_API bool Accept(STEPmodel* model) {
+  std::strcpy(model->name, "accepted");
+  return true;
+}
+
+extern "C" STEPRT_API bool Reject(STEPmodel* model) {
+  std::strcpy(model->name, "rejected");
+  return false;
+}

@@ -1,0 +1,107 @@
+// Joining schemas into one chain, and the library of a schema.
+#include "support/chain.h"
+
+#include <gtest/gtest.h>
+
+#include "steprt/library.h"
+
+namespace {
+
+using steprt_test::Chain;
+using steprt_test::Model;
+using steprt_test::Schema;
+
+std::vector<std::string> NamesOf(const APPobject0* schema) {
+  std::vector<std::string> names;
+  for (; schema; schema = schema->next) names.push_back(schema->name);
+  return names;
+}
+
+using Names = std::vector<std::string>;
+
+TEST(AddModel, LinksTheOtherHeadAloneBehindTheChain) {
+  const Chain own({{"ONE", {}}, {"TWO", {}}});
+  const Chain added({{"THREE", {}}, {"FOUR", {}}});
+  Model model(own.Head());
+  Model other(added.Head());
+  EXPECT_EQ(model.AddModel(&other), 1);
+  EXPECT_EQ(NamesOf(own.Head()), (Names{"ONE", "TWO", "THREE"}));
+  EXPECT_EQ(NamesOf(added.Head()), Names{"THREE"});
+  EXPECT_EQ(other.schema, added.Head());
+  EXPECT_EQ(model.AddModel(&other), 1);
+  EXPECT_EQ(NamesOf(own.Head()), (Names{"ONE", "TWO", "THREE"}));
+}
+
+TEST(AddModel, ChangesNothingForANameThatIsThere) {
+  for (const char* name : {"one", "Two", "THREE"}) {
+    const Chain own({{"ONE", {}}, {"TWO", {}}, {"three", {}}});
+    const Chain added({{name, {}}, {"FOUR", {}}});
+    Model model(own.Head());
+    Model other(added.Head());
+    EXPECT_EQ(model.AddModel(&other), 1) << name;
+    EXPECT_EQ(NamesOf(own.Head()), (Names{"ONE", "TWO", "three"})) << name;
+    EXPECT_EQ(NamesOf(added.Head()), (Names{name, "FOUR"})) << name;
+  }
+}
+
+// What stands behind the other head is cut off, this model's own chain included.
+TEST(AddModel, MakesNoRingOfAChainThatLeadsBack) {
+  const Chain chain({{"ONE", {}}, {"TWO", {}}, {"THREE", {}}});
+  Model whole(chain.Head());
+  Model tail(chain.At(1));
+  EXPECT_EQ(tail.AddModel(&whole), 1);
+  EXPECT_EQ(NamesOf(chain.At(1)), (Names{"TWO", "THREE", "ONE"}));
+  EXPECT_EQ(NamesOf(chain.Head()), Names{"ONE"});
+  EXPECT_EQ(tail.AddModel(&tail), 1);
+  EXPECT_EQ(NamesOf(chain.At(1)), (Names{"TWO", "THREE", "ONE"}));
+}
+
+TEST(AddModel, NeedsTwoSchemas) {
+  const Chain chain({Schema{"ONE", {}}});
+  Model model(chain.Head());
+  Model bare(nullptr);
+  EXPECT_EQ(bare.AddModel(&model), 0);
+  EXPECT_EQ(model.AddModel(&bare), 0);
+  EXPECT_EQ(model.AddModel(nullptr), 0);
+  EXPECT_EQ(bare.schema, nullptr);
+  EXPECT_EQ(chain.Head()->next, nullptr);
+}
+
+TEST(SchemaLibrary, IsFoundByTheNameOfItsSchemaAndSetForTheHeadOnly) {
+  const Chain chain({{"ONE", {}}, {"Two", {}}, {"TWO", {}}, {"THREE", {}}});
+  Model model(chain.Head());
+  STEPlib first(static_cast<HINSTANCE>(nullptr));
+  STEPlib second(static_cast<HINSTANCE>(nullptr));
+  STEPlib third(static_cast<HINSTANCE>(nullptr));
+  model.SetLib(&first);
+  chain.At(1)->lib = &second;
+  chain.At(2)->lib = &third;
+  struct {
+    const char* name;
+    const STEPlib* lib;
+  } const cases[] = {{"ONE", &first},   {"one", &first}, {"TWO", &second},  {"THREE", nullptr},
+                     {"FOUR", nullptr}, {"", nullptr},   {nullptr, nullptr}};
+  for (const auto& each : cases) EXPECT_EQ(model.GetLib(each.name), each.lib) << (each.name ? each.name : "null");
+  model.SetLib(nullptr);
+  EXPECT_EQ(model.GetLib("ONE"), nullptr);
+  EXPECT_EQ(chain.At(1)->lib, &second);
+}
+
+TEST(SchemaLibrary, WithoutASchemaThereIsNone) {
+  Model bare(nullptr);
+  STEPlib lib(static_cast<HINSTANCE>(nullptr));
+  bare.SetLib(&lib);
+  EXPECT_EQ(bare.GetLib("ONE"), nullptr);
+}
+
+TEST(AppObj, StoresTheSchemaAndDoesNothingElse) {
+  const Chain chain({{"ONE", {{"A", 1}}}});
+  Model model(nullptr);
+  EXPECT_EQ(model.schema, nullptr);
+  Model bound(chain.Head());
+  EXPECT_EQ(bound.schema, chain.Head());
+  EXPECT_EQ(chain.Head()->index, nullptr);
+  EXPECT_FALSE(bound.shared);
+}
+
+}  // namespace

@@ -1,0 +1,369 @@
+// STEPlib and STEPmodel::AttachDll: which module is found, which is loaded, and whether a module is gone when its last
+// reference should be.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/modules.h"
+#include "steprt/library.h"
+#include "steprt/model.h"
+#include "support/module_files.h"
+
+namespace {
+
+using steprt_test::IsLoaded;
+using steprt_test::ModuleFiles;
+
+int Untouched() { return -1; }
+
+class Lib : public STEPlib {
+ public:
+  explicit Lib(HINSTANCE module) : STEPlib(module) {}
+  explicit Lib(const std::string& path) : STEPlib(const_cast<char*>(path.c_str())) {}
+  using STEPlib::handle;
+  using STEPlib::LoadFunct;
+  using STEPlib::open;
+  using STEPlib::owned;
+};
+
+class Libraries : public testing::Test {
+ protected:
+  ModuleFiles files;
+};
+
+// ---- which module it is --------------------------------------------------------------------------------------------
+
+TEST_F(Libraries, AModuleThatIsNotInTheChainIsLoadedAndReleased) {
+  const std::string path = files.Copy("holed", "plain.so");
+  {
+    const Lib lib(path);
+    EXPECT_TRUE(lib.open);
+    EXPECT_TRUE(lib.owned);
+    EXPECT_NE(lib.handle, nullptr);
+    EXPECT_TRUE(IsLoaded(path));
+  }
+  EXPECT_FALSE(IsLoaded(path));
+}
+
+TEST_F(Libraries, AModuleThatCannotBeLoadedLeavesAClosedObject) {
+  for (const char* path : {"no/such/module.so", "trailing\\", ""}) {
+    Lib lib{std::string(path)};
+    EXPECT_FALSE(lib.LibOpen()) << path;
+    EXPECT_TRUE(lib.owned) << path;
+    EXPECT_EQ(lib.handle, nullptr) << path;
+  }
+  STEPlib none(static_cast<char*>(nullptr));
+  EXPECT_FALSE(none.LibOpen());
+}
+
+TEST_F(Libraries, AHandleIsWrappedAndNotReleased) {
+  const std::string path = files.Copy("holed", "plain.so");
+  HINSTANCE module = files.Load(path);
+  {
+    Lib lib(module);
+    EXPECT_EQ(lib.handle, module);
+    EXPECT_TRUE(lib.LibOpen());
+    EXPECT_FALSE(lib.owned);
+  }
+  EXPECT_TRUE(IsLoaded(path));
+}
+
+TEST_F(Libraries, ANullHandleCountsAsOpenAndHasNoEntries) {
+  Lib lib(nullptr);
+  EXPECT_TRUE(lib.LibOpen());
+  STEPlib::Entry table[] = {Untouched};
+  EXPECT_EQ(lib.LoadFunct(table, 1), 0);
+  EXPECT_EQ(table[0], nullptr);
+  EXPECT_FALSE(lib.LibOpen());
+}
+
+// Only a match in the chain opens the object here: none of these paths is one of a file.
+TEST_F(Libraries, TheKeyIsSoughtInTheUpperCasedPathsOfTheChain) {
+  const std::string path = files.Copy("chained", "Deep/PlanB.so");
+  HINSTANCE module = files.Load(path);
+  struct {
+    const char* what;
+    const char* path;
+    bool found;
+  } const cases[] = {
+      {"the file's name", "PlanB.so", true},
+      {"in another case", "PLANb.SO", true},
+      {"behind a backslash", "c:\\elsewhere\\planb.so", true},
+      {"behind the last backslash", "x\\nowhere\\PLANB.so", true},
+      {"part of it", "lanb", true},
+      {"a folder's name", "deep/", true},
+      {"a slash does not separate", "elsewhere/planb.so", false},
+      {"but is part of the key", "Deep/PlanB.so", true},
+      {"another name", "planc.so", false},
+      {"an empty key", "trailing\\", true},
+      {"an empty path", "", true},
+      {"the 19 last characters of a longer key count", "not/this/one/atalldeep/planb.so", false},
+      {"as here", "not/this/but/another/deep/planb.so", false},
+  };
+  for (const auto& each : cases) {
+    Lib lib{std::string(each.path)};
+    EXPECT_EQ(lib.LibOpen(), each.found) << each.what;
+    EXPECT_EQ(lib.handle, each.found ? module : nullptr) << each.what;
+    EXPECT_EQ(lib.owned, !each.found) << each.what;
+  }
+  EXPECT_TRUE(IsLoaded(path));
+  files.Release(module);
+  EXPECT_FALSE(IsLoaded(path));
+}
+
+// Of a key that does not fit, its end is sought: modules of one long folder are told apart.
+TEST_F(Libraries, OfALongKeyTheLast19CharactersCount) {
+  const std::string first = files.Copy("chained", "a/folder/for/all/of/them/first_module.so");
+  const std::string second = files.Copy("chained", "a/folder/for/all/of/them/second_module.so");
+  HINSTANCE module = files.Load(first);
+  const Lib same(first);
+  EXPECT_EQ(same.handle, module);
+  EXPECT_FALSE(same.owned);
+  const Lib other(second);
+  EXPECT_TRUE(other.owned);
+  EXPECT_NE(other.handle, module);
+  const Lib folder("elsewhere/but/of/them/first_module.so");
+  EXPECT_EQ(folder.handle, module);
+}
+
+TEST_F(Libraries, TheNewestModuleOfTheChainThatMatchesWins) {
+  HINSTANCE first = files.Load(files.Copy("chained", "one/same.so"));
+  HINSTANCE second = files.Load(files.Copy("chained", "two/same.so"));
+  HINSTANCE third = files.Load(files.Copy("chained", "three/same.so"));
+  EXPECT_EQ(Lib(std::string("same.so")).handle, third);
+  EXPECT_EQ(Lib(std::string("")).handle, third);
+  EXPECT_EQ(Lib(std::string("one/same")).handle, first);
+  files.Release(second);
+  EXPECT_EQ(Lib(std::string("same.so")).handle, third);
+  EXPECT_EQ(Lib(std::string("one/same")).handle, first);
+  EXPECT_EQ(Lib(std::string("two/same")).handle, nullptr);
+  files.Release(third);
+  EXPECT_EQ(Lib(std::string("same.so")).handle, first);
+  files.Release(first);
+  EXPECT_EQ(steprt::FirstModule(), nullptr);
+}
+
+// Of a path, 127 characters are looked at.
+TEST_F(Libraries, AKeyBehindTheCutOfALongPathIsNotFound) {
+  const std::string folder = files.Folder() + "/";
+  const std::size_t fill = 127 - folder.size();
+  const std::string inside = std::string(fill - 4, 'f') + "/abc";   // "abc" are the last three that count
+  const std::string outside = std::string(fill - 3, 'g') + "/abd";  // "abd" is cut by one
+  HINSTANCE first = files.Load(files.Copy("chained", inside));
+  const std::string path = files.Copy("chained", outside);
+  HINSTANCE second = files.Load(path);
+  EXPECT_EQ(Lib(std::string("abc")).handle, first);
+  EXPECT_FALSE(Lib(std::string("abd")).LibOpen());
+  {
+    const Lib again(path);
+    EXPECT_EQ(again.handle, second);
+    EXPECT_TRUE(again.owned);
+    files.Release(second);
+    EXPECT_TRUE(IsLoaded(path));
+  }
+  EXPECT_FALSE(IsLoaded(path));
+}
+
+TEST_F(Libraries, APathThatWasRelativeIsKnownInFull) {
+  const std::string path = files.Copy("chained", "below/relative.so");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(files.Folder());
+  HINSTANCE module = files.Load("below/relative.so");
+  std::filesystem::current_path(before);
+  char room[1000];
+  steprt::ModulePath(module, room, sizeof room);
+  EXPECT_EQ(std::filesystem::path(room).lexically_normal(), std::filesystem::path(path).lexically_normal());
+  steprt::ModulePath(module, room, 11);
+  EXPECT_EQ(room, path.substr(0, 10));
+}
+
+// ---- entries by number ---------------------------------------------------------------------------------------------
+
+struct Fetch {
+  const char* what;
+  const char* module;
+  int count;
+  int result;
+  int calls[4];  // what the entries in the table give; 0 for a null
+  bool open;
+};
+
+const Fetch kFetches[] = {
+    {"no entries asked for", "chained", 0, 1, {-1, -1, -1, -1}, true},
+    {"fewer than none", "chained", -3, 1, {-1, -1, -1, -1}, true},
+    {"the first is number 2", "chained", 1, 1, {22, -1, -1, -1}, true},
+    {"all that there are", "chained", 2, 1, {22, 33, -1, -1}, true},
+    {"one more than there are", "chained", 3, 0, {22, 33, 0, -1}, false},
+    {"a hole in the table", "holed", 4, 0, {2, 3, 0, -1}, false},
+    {"a module without a table", "attached", 2, 0, {0, -1, -1, -1}, false},
+};
+
+void ExpectFetched(const Fetch& each, Lib& lib) {
+  STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
+  EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] ? table[i]() : 0, each.calls[i]) << each.what << ", place " << i;
+  EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
+}
+
+TEST_F(Libraries, EntriesAreFetchedFromNumber2UntilOneIsMissing) {
+  for (const Fetch& each : kFetches) {
+    const std::string path = files.Copy(each.module, "fetched.so");
+    {
+      HINSTANCE module = files.Load(path);
+      Lib lib(module);
+      ExpectFetched(each, lib);
+      EXPECT_EQ(lib.handle, module) << each.what;
+      files.Release(module);
+    }
+    EXPECT_FALSE(IsLoaded(path)) << each.what;
+  }
+}
+
+// The entries of a module that has gone must not be called, so only their number is looked at.
+TEST_F(Libraries, AMissingEntryReleasesAnOwnedModuleOnce) {
+  for (const Fetch& each : kFetches) {
+    const std::string path = files.Copy(each.module, "fetched.so");
+    {
+      Lib lib(path);
+      STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
+      EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
+      for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] == nullptr, each.calls[i] == 0) << each.what << ", place " << i;
+      EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
+      EXPECT_TRUE(lib.owned) << each.what;
+      EXPECT_NE(lib.handle, nullptr) << each.what;
+      EXPECT_EQ(IsLoaded(path), each.open) << each.what;
+    }
+    EXPECT_FALSE(IsLoaded(path)) << each.what;
+  }
+}
+
+TEST_F(Libraries, AMissingEntryReleasesOneReferenceOfSeveral) {
+  const std::string path = files.Copy("holed", "fetched.so");
+  HINSTANCE module = files.Load(path);
+  {
+    Lib lib(path);
+    STEPlib::Entry table[4];
+    EXPECT_EQ(lib.LoadFunct(table, 4), 0);
+    EXPECT_TRUE(IsLoaded(path));
+  }
+  EXPECT_TRUE(IsLoaded(path));
+  files.Release(module);
+  EXPECT_FALSE(IsLoaded(path));
+}
+
+TEST_F(Libraries, AClosedObjectFetchesNothing) {
+  Lib lib(std::string("no/such/module.so"));
+  STEPlib::Entry table[] = {Untouched};
+  EXPECT_EQ(lib.LoadFunct(table, 1), 0);
+  EXPECT_EQ(lib.LoadFunct(table, 0), 0);
+  EXPECT_EQ(table[0], &Untouched);
+}
+
+// ---- release -------------------------------------------------------------------------------------------------------
+
+TEST_F(Libraries, UnloadReleasesAsOftenAsToldAndOnceMoreWhenItOwnsTheModule) {
+  struct {
+    const char* what;
+    bool owned;
+    int references;  // beside the object's own
+    int count;
+    bool loaded;
+  } const cases[] = {
+      {"owned, 0", true, 0, 0, false},
+      {"owned, below 0", true, 0, -1, false},
+      {"owned, one held", true, 1, 0, true},
+      {"owned, one held and given up", true, 1, 1, false},
+      {"owned, more than there are", true, 0, 3, false},
+      {"wrapped, 0", false, 1, 0, true},
+      {"wrapped, 1 of 1", false, 1, 1, false},
+      {"wrapped, 1 of 2", false, 2, 1, true},
+      {"wrapped, 2 of 3", false, 3, 2, true},
+      {"wrapped, 3 of 3", false, 3, 3, false},
+  };
+  for (const auto& each : cases) {
+    const std::string path = files.Copy("holed", "unloaded.so");
+    HINSTANCE module = nullptr;
+    for (int i = 0; i < each.references; ++i) module = dlopen(path.c_str(), RTLD_NOW);
+    Lib* lib = each.owned ? new Lib(path) : new Lib(module);
+    lib->UnloadDLL(each.count);
+    EXPECT_EQ(IsLoaded(path), each.loaded) << each.what;
+    while (IsLoaded(path)) dlclose(module);
+  }
+}
+
+TEST_F(Libraries, AssignmentCopiesTheFieldsAndReleasesNothing) {
+  const std::string first = files.Copy("holed", "first.so");
+  const std::string second = files.Copy("holed", "second.so");
+  {
+    const Lib source(second);
+    Lib target(first);
+    HINSTANCE held = target.handle;
+    STEPlib& result = static_cast<STEPlib&>(target) = source;
+    EXPECT_EQ(&result, &target);
+    EXPECT_EQ(target.handle, source.handle);
+    EXPECT_TRUE(target.open);
+    EXPECT_TRUE(target.owned);
+    EXPECT_TRUE(IsLoaded(first));
+    target.owned = false;  // one of the two lets go
+    dlclose(held);
+  }
+  EXPECT_FALSE(IsLoaded(first));
+  EXPECT_FALSE(IsLoaded(second));
+}
+
+// ---- attached modules ----------------------------------------------------------------------------------------------
+
+TEST_F(Libraries, AnAttachedModuleStaysOnlyIfItsEntryAgrees) {
+  struct {
+    const char* what;
+    const char* entry;
+    bool attached;
+    const char* name;  // of the model, to which the entry sets it
+  } const cases[] = {
+      {"no entry asked for", nullptr, true, "before"},
+      {"it agrees", "Accept", true, "accepted"},
+      {"it refuses", "Reject", false, "rejected"},
+      {"it is missing", "Absent", false, "before"},
+      {"without a name", "", false, "before"},
+      {"what the module depends on has none of its entries", "getpid", false, "before"},
+  };
+  for (const auto& each : cases) {
+    const std::string path = files.Copy("attached", "attached.so");
+    STEPmodel model;
+    model.Name("before");
+    HINSTANCE module = model.AttachDll(path.c_str(), each.entry);
+    EXPECT_EQ(module != nullptr, each.attached) << each.what;
+    EXPECT_STREQ(model.Name(), each.name) << each.what;
+    EXPECT_EQ(IsLoaded(path), each.attached) << each.what;
+    if (module) dlclose(module);
+    EXPECT_FALSE(IsLoaded(path)) << each.what;
+  }
+}
+
+TEST_F(Libraries, WithoutALibraryNothingIsAttached) {
+  STEPmodel model;
+  for (const char* path : {"no/such/module.so", "", static_cast<const char*>(nullptr)}) {
+    EXPECT_EQ(model.AttachDll(path, nullptr), nullptr);
+    EXPECT_EQ(model.AttachDll(path, "Accept"), nullptr);
+  }
+}
+
+// ---- the chain -----------------------------------------------------------------------------------------------------
+
+TEST_F(Libraries, WhatLiesInNoModuleJoinsNoChain) {
+  static STEPmodule inTheProgram;
+  const STEPmodule onTheStack;
+  EXPECT_EQ(onTheStack.module, nullptr);
+  EXPECT_EQ(inTheProgram.module, nullptr);
+  EXPECT_EQ(steprt::FirstModule(), nullptr);
+}
+
+TEST_F(Libraries, TheLibraryItselfStandsInNoChain) {
+  HINSTANCE library = dlopen(STEPRT_TEST_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(library, nullptr) << dlerror();
+  EXPECT_EQ(steprt::FirstModule(), nullptr);
+  dlclose(library);
+}
+
+}  // namespace

@@ -1,0 +1,173 @@
+// Files that cannot be made or written, a second writer, signals, and very big files.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "support/faulty_calls.h"
+#include "support/proj_schema.h"
+#include "support/temp_files.h"
+
+namespace {
+
+using namespace steprt_test;
+
+constexpr char kTail[] = "ENDSEC;\n\nEND-ISO-10303-21;\n";
+
+class WriteFailures : public testing::Test {
+ protected:
+  ~WriteFailures() override { SetProbe({}); }
+
+  // Fills the model with instances of PROBE whose records are of about this many bytes.
+  void Fill(int count, std::size_t size) {
+    SetProbe({"", -1, {}, [text = std::string(size, 'x')](STEPtransfer* t) { wSTEPtext(t, "A", text.c_str()); }});
+    for (int i = 0; i < count; ++i) new Entity(kProbe, &model_);
+  }
+
+  int Write(std::string path) {
+    const int result = model_.Write(path.data(), "");
+    reports_ = TakeReports(path);
+    return result;
+  }
+
+  ProjModel model_;
+  Texts reports_;
+};
+
+TEST_F(WriteFailures, AFullDeviceIsReportedOnceHoweverMuchIsWritten) {
+  const struct {
+    int count;
+    std::size_t size;
+    const char* report;
+  } rows[] = {{1, 10, "(10) [PROBE]error writing file"},
+              {100, 10, "(10) [PROBE]error writing file"},
+              {3, 100000, "(10) [PROBE]error writing file"}};
+  for (const auto& row : rows) {
+    model_.Delete();
+    Fill(row.count, row.size);
+    EXPECT_EQ(Write("/dev/full"), -1) << row.count;
+    EXPECT_EQ(reports_, Texts{row.report});
+  }
+  model_.Delete();
+  EXPECT_EQ(Write("/dev/full"), 0) << "a file without records does not look";
+}
+
+TEST_F(WriteFailures, AFileThatCannotBeMadeIsReported) {
+  Fill(1, 1);
+  for (const char* path : {"/nowhere/a.stp", "/tmp/.", "/"}) {
+    const std::string opened = path[1] ? path : "/.stp";
+    if (!path[1] && access("/", W_OK) == 0) continue;
+    std::string name = path;
+    EXPECT_EQ(model_.Write(name.data(), ""), -1);
+    EXPECT_EQ(TakeReports(opened), Texts{"(1) [Write]Can't create file"}) << path;
+  }
+}
+
+// The line of a failure is that of the record after which it was seen.
+TEST_F(WriteFailures, OnePassingFailureEndsTheRecordsAndTheTailIsWrittenAllTheSame) {
+  Fill(100, 3000);
+  const std::string sound = TempPath("sound.stp");
+  ASSERT_EQ(Write(sound), 100);
+  const std::string bytes = BytesOf(sound);
+  for (const long failing : {1L, 2L, 4L}) {
+    const std::string path = TempPath("failing" + std::to_string(failing) + ".stp");
+    {
+      const FaultyCalls calls({.failing = failing, .error = EIO});
+      EXPECT_EQ(Write(path), -1);
+      EXPECT_TRUE(calls.HasFailed());
+    }
+    ASSERT_EQ(reports_.size(), 1u);
+    EXPECT_EQ(reports_[0].substr(reports_[0].find(' ')), " [PROBE]error writing file");
+    const std::string left = BytesOf(path);
+    ASSERT_GE(left.size(), sizeof kTail - 1);
+    EXPECT_EQ(left.substr(left.size() - (sizeof kTail - 1)), kTail);
+    EXPECT_LT(left.size(), bytes.size());
+    if (failing > 1) EXPECT_EQ(left.substr(0, 2000), bytes.substr(0, 1000) + left.substr(1000, 1000));
+  }
+}
+
+TEST_F(WriteFailures, ADeviceThatStaysBrokenGivesOneReport) {
+  Fill(100, 3000);
+  for (const int error : {EIO, ENOSPC, EDQUOT}) {
+    const FaultyCalls calls({.failing = 2, .allBehind = true, .error = error});
+    EXPECT_EQ(Write(TempPath("broken.stp")), -1);
+    EXPECT_EQ(reports_.size(), 1u);
+  }
+}
+
+TEST_F(WriteFailures, ShortAndInterruptedWritesLoseNothing) {
+  Fill(40, 3000);
+  const std::string whole = TempPath("whole");
+  ASSERT_EQ(Write(whole), 40);
+  std::string expected = BytesOf(whole + ".stp");
+  const std::string pieces = TempPath("piece");
+  {
+    int size = 0;
+    const FaultyCalls calls({.interrupted = true, .atMost = [&] { return 1 + size++ % 5000; }});
+    ASSERT_EQ(Write(pieces), 40);
+  }
+  expected.replace(expected.find(whole), whole.size(), pieces);
+  const std::string written = BytesOf(pieces + ".stp");
+  EXPECT_EQ(written.substr(written.find("\nFILE_SCHEMA")), expected.substr(expected.find("\nFILE_SCHEMA")));
+}
+
+// The lock is taken before the file is emptied.
+TEST_F(WriteFailures, ASecondWriterIsRefusedAndTheFirstOnesFileStaysWhole) {
+  std::string path = TempPath("locked.stp");
+  int second = 0;
+  SetProbe({"", -1, {}, [&](STEPtransfer* t) {
+              wSTEPint(t, "A", 1);
+              second = STEPwrite(path.data(), "", nullptr, ProjSchema());
+            }});
+  new Entity(kProbe, &model_);
+  EXPECT_EQ(Write(path), 1);
+  EXPECT_EQ(second, -1);
+  EXPECT_EQ(reports_, Texts{"(1) [Write]Can't create file"});
+  EXPECT_NE(BytesOf(path).find("DATA;\n#1 = PROBE(1);\nENDSEC;"), std::string::npos);
+  SetProbe({});
+  EXPECT_EQ(Write(path), 1) << "the lock goes with the writer";
+}
+
+TEST_F(WriteFailures, AClosedPipeAndASizeLimitDoNotEndTheProgram) {
+  Fill(20, 10000);
+  const std::string pipe = TempPath("pipe.stp");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  SetProbe({"", -1, {}, [reader](STEPtransfer* t) {
+              close(reader);
+              wSTEPint(t, "A", 1);
+            }});
+  EXPECT_EQ(Write(pipe), -1);
+  EXPECT_EQ(reports_, Texts{"(10) [PROBE]error writing file"});
+
+  rlimit before;
+  getrlimit(RLIMIT_FSIZE, &before);
+  rlimit small = before;
+  small.rlim_cur = 100000;
+  setrlimit(RLIMIT_FSIZE, &small);
+  model_.Delete();
+  Fill(20, 10000);
+  EXPECT_EQ(Write(TempPath("limit.stp")), -1);
+  setrlimit(RLIMIT_FSIZE, &before);
+  sigset_t pending;
+  sigpending(&pending);
+  EXPECT_FALSE(sigismember(&pending, SIGPIPE) || sigismember(&pending, SIGXFSZ));
+}
+
+TEST_F(WriteFailures, ABigFileIsWrittenWhole) {
+  constexpr int kCount = 200000;
+  for (int i = 0; i < kCount; ++i) (new Entity(kPerson, &model_))->values[0].integer = i;
+  const std::string path = TempPath("big.stp");
+  ASSERT_EQ(Write(path), kCount);
+  std::string expected;
+  for (int i = 0; i < kCount; ++i) expected += "#" + std::to_string(i + 1) + " = PERSON(" + std::to_string(i) + ");\n";
+  const std::string bytes = BytesOf(path);
+  EXPECT_TRUE(bytes.substr(bytes.find("DATA;\n") + 6) == expected + kTail);
+}
+
+}  // namespace

@@ -1,0 +1,84 @@
+// The frame of a written file, byte for byte, and how its name is opened and shown.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "platform/clock.h"
+#include "support/proj_schema.h"
+#include "support/temp_files.h"
+
+namespace {
+
+using namespace steprt_test;
+
+// The bytes of a file with its date, day.month.year hour.minute, as "<date>".
+std::string WithoutDate(const std::string& path) {
+  static const std::regex date(",'[1-9][0-9]?\\.[01][0-9]\\.[0-9]{4} [0-2][0-9]\\.[0-5][0-9]'\\)");
+  return std::regex_replace(BytesOf(path), date, ",'<date>')");
+}
+
+TEST(WrittenFrame, HoldsTheRecordsBetweenItsHeadAndItsTail) {
+  ProjModel model;
+  ReadBytes(model, InFrame("#7=WALL('A',2.5,#9,(#8,$),(1,2.5),.T.);#8=DOOR($);#9=PERSON(41);"));
+  const std::string folder = TempPath("");
+  std::string path = folder + "w\\it's";
+  EXPECT_EQ(model.Write(path.data(), "a 'remark'"), 3);
+  EXPECT_EQ(WithoutDate(path + ".stp"),
+            "ISO-10303-21;\n"
+            "\n"
+            "HEADER;\n"
+            "FILE_DESCRIPTION(('PROJ model', 'TOVARIN version 7, 7, 10, 29','QVN','a 'remark''));\n"
+            "FILE_NAME('" +
+                folder +
+                "w\\it''s','<date>');\n"
+                "FILE_SCHEMA(('PROJ'));\n"
+                "ENDSEC;\n"
+                "\n"
+                "DATA;\n"
+                "#1 = WALL('A',2.5,#2,(#3,$),(1,2.5),.T.);\n"
+                "#3 = DOOR($);\n"
+                "#2 = PERSON(41);\n"
+                "ENDSEC;\n"
+                "\n"
+                "END-ISO-10303-21;\n");
+  EXPECT_EQ(BytesOf(path), "(none)");
+}
+
+TEST(WrittenFrame, OfNoInstancesStandsAlone) {
+  std::string path = MakeFile("empty.stp", std::string(100000, 'x'));
+  EXPECT_EQ(STEPwrite(path.data(), nullptr, nullptr, ProjSchema()), 0);
+  EXPECT_EQ(WithoutDate(path),
+            "ISO-10303-21;\n\nHEADER;\n"
+            "FILE_DESCRIPTION(('PROJ model', 'TOVARIN version 7, 7, 10, 29','QVN',''));\n"
+            "FILE_NAME('" +
+                path +
+                "','<date>');\nFILE_SCHEMA(('PROJ'));\nENDSEC;\n\nDATA;\n"
+                "ENDSEC;\n\nEND-ISO-10303-21;\n");
+}
+
+TEST(WrittenFrame, BearsTheLocalTime) {
+  const auto shown = [](const steprt::DateAndTime& d) {
+    char text[40];
+    std::snprintf(text, sizeof text, "'%d.%02d.%d %02d.%02d'", d.day, d.month, d.year, d.hour, d.minute);
+    return std::string(text);
+  };
+  std::string path = TempPath("date.stp");
+  const std::string before = shown(steprt::LocalNow());
+  STEPwrite(path.data(), "", nullptr, ProjSchema());
+  const std::string after = shown(steprt::LocalNow());
+  const std::string bytes = BytesOf(path);
+  EXPECT_TRUE(bytes.find(before) != std::string::npos || bytes.find(after) != std::string::npos) << bytes;
+}
+
+TEST(WrittenFrame, VersionIsConstant) { EXPECT_STREQ(STEPversion(), "7, 7, 10, 29"); }
+
+// Longer than any room for a name: a component may have 255 bytes, a path more than 4000.
+TEST(WrittenFrame, ALongNameIsNeitherCutForOpeningNorForShowing) {
+  std::string path = TempPath(std::string(3500, '/'));
+  path += std::string(200, '\'');
+  EXPECT_EQ(STEPwrite(path.data(), "", nullptr, ProjSchema()), 0);
+  const std::string shown = path.substr(0, path.size() - 200) + std::string(400, '\'');
+  EXPECT_NE(BytesOf(path + ".stp").find("FILE_NAME('" + shown + "','"), std::string::npos);
+}
+
+}  // namespace
