@@ -39,9 +39,10 @@ class OutputFile {
  private:
   static constexpr std::size_t kBlock = 1 << 16;
 
-  explicit OutputFile(int handle) : handle_(handle) {}
+  OutputFile() = default;
+  bool Open(const char* name, Sharing sharing);
 
-  const int handle_;
+  int handle_ = -1;
   bool failed_ = false;
   std::size_t used_ = 0;
   char block_[kBlock];

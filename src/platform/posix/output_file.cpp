@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstring>
 #include <ctime>
+#include <memory>
 #include <new>
 
 #include "platform/posix/file_calls.h"
@@ -65,23 +66,23 @@ bool Empty(int handle) {
 
 }  // namespace
 
+// The memory comes first, so that nothing is made without it.
 OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
-  const int handle = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
-  if (handle < 0) return nullptr;
-  const bool taken = sharing == Sharing::kDenyWrite && ::flock(handle, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-  OutputFile* file = taken ? nullptr : new (std::nothrow) OutputFile(handle);
-  if (!file) {
-    ::close(handle);
-    return nullptr;
-  }
-  if (Empty(handle)) return file;
-  delete file;
-  return nullptr;
+  std::unique_ptr<OutputFile> file(new (std::nothrow) OutputFile);
+  return file && file->Open(name, sharing) ? file.release() : nullptr;
+}
+
+bool OutputFile::Open(const char* name, Sharing sharing) {
+  handle_ = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
+  if (handle_ < 0) return false;
+  const bool locks = sharing == Sharing::kDenyWrite;
+  const bool taken = locks && ::flock(handle_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  return !taken && Empty(handle_);
 }
 
 OutputFile::~OutputFile() {
   Flush();
-  ::close(handle_);
+  if (handle_ >= 0) ::close(handle_);
 }
 
 void OutputFile::Put(std::string_view text) {
