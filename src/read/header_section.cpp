@@ -24,13 +24,16 @@ STEPheader* ReadFileSkip(STEPtransfer* t) {
   return nullptr;
 }
 
+struct NameList {
+  STEPaggr* aggr = nullptr;
+  ~NameList() { DeleteTextAggr(aggr); }
+};
+
 // The names of a later record take the place of the earlier ones; a record without names leaves them.
 STEPheader* ReadFileSchema(STEPtransfer* t) {
-  STEPaggr* names = nullptr;
-  xrSTEPtextAggr(t, nullptr, &names);
-  const bool replaces = names && (names->head || !t->schemas);
-  if (replaces) std::swap(t->schemas, names);
-  DeleteTextAggr(names);
+  NameList names;
+  xrSTEPtextAggr(t, nullptr, &names.aggr);
+  if (names.aggr && (names.aggr->head || !t->schemas)) std::swap(t->schemas, names.aggr);
   return nullptr;
 }
 

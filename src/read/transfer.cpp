@@ -6,6 +6,7 @@
 namespace steprt {
 
 TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema, bool xml) {
+  if (!fileName) return nullptr;
   const std::size_t nameSize = std::strlen(fileName) + 1;
   void* room = ::operator new(sizeof(STEPtransfer) + nameSize, std::nothrow);
   if (!room) return nullptr;

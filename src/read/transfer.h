@@ -17,7 +17,7 @@ struct TransferDeleter {
 };
 using TransferOwner = std::unique_ptr<STEPtransfer, TransferDeleter>;
 
-// Null when memory is exhausted, without a report.
+// Null when memory is exhausted, without a report; also for a null name, which DefaultFileName gives then.
 [[nodiscard]] TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema, bool xml);
 
 // Releases a list of texts: each node's text, each node, and last the aggregate. Null does nothing.

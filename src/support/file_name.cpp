@@ -8,7 +8,8 @@ namespace steprt {
 const char* DefaultFileName(TextBuffer& room, const char* name) {
   const char* backslash = std::strrchr(name, '\\');
   if (std::strchr(backslash ? backslash + 1 : name, '.')) return name;
-  return room.Add(name).Add(".stp").Text();
+  room.Add(name).Add(".stp");
+  return room.IsCut() ? nullptr : room.Text();
 }
 
 const char* QuoteFileName(TextBuffer& room, const char* name) {

@@ -7,7 +7,7 @@
 namespace steprt {
 
 // `name` itself when what stands behind its last backslash (or the whole of it) has a dot, else `room`, filled with
-// `name` and ".stp". A slash is no separator.
+// `name` and ".stp". A slash is no separator. Null when memory is exhausted: a name that is cut is another file's.
 const char* DefaultFileName(TextBuffer& room, const char* name);
 
 // `name` with every apostrophe doubled, in `room`.

@@ -13,6 +13,7 @@ TextBuffer& TextBuffer::Add(std::string_view text) {
   char* start = heap_ ? heap_ : room_;
   if (fits > 0) std::memcpy(start + length_, text.data(), fits);
   length_ += fits;
+  isCut_ = isCut_ || fits < text.size();
   start[length_] = '\0';
   return *this;
 }

@@ -21,6 +21,7 @@ class TextBuffer {
 
   const char* Text() const { return heap_ ? heap_ : room_; }
   std::size_t Length() const { return length_; }
+  bool IsCut() const { return isCut_; }
 
  private:
   bool Reserve(std::size_t length);
@@ -29,6 +30,7 @@ class TextBuffer {
   char* heap_ = nullptr;
   std::size_t capacity_ = sizeof room_ - 1;
   std::size_t length_ = 0;
+  bool isCut_ = false;
 };
 
 }  // namespace steprt

@@ -55,11 +55,13 @@ TEST(TextBuffer, GrowsAsLongAsThereIsMemoryAndIsCutThen) {
   }
   EXPECT_EQ(text.Text(), expected);
   EXPECT_EQ(text.Length(), expected.size());
+  EXPECT_FALSE(text.IsCut());
 
   TextBuffer cut;
   const FailingNew failing(1, FailingNew::kAndAllBehind);
   cut.Add(std::string(500, 'a')).Add(std::string(500, 'b')).Add('c').Add(7);
   EXPECT_EQ(cut.Text(), std::string(500, 'a') + std::string(11, 'b'));
+  EXPECT_TRUE(cut.IsCut());
 }
 
 TEST(FileName, TheEndingIsAddedWhenTheLastComponentHasNoDot) {

@@ -46,28 +46,26 @@ TEST_F(WriteFailures, AFullDeviceIsReportedOnceHoweverMuchIsWritten) {
   } rows[] = {{1, 10, "(10) [PROBE]error writing file"},
               {100, 10, "(10) [PROBE]error writing file"},
               {3, 100000, "(10) [PROBE]error writing file"}};
+  const std::string full = TempPath("full.stp");  // the device's own name would get an ending
+  ASSERT_EQ(symlink("/dev/full", full.c_str()), 0);
   for (const auto& row : rows) {
     model_.Delete();
     Fill(row.count, row.size);
-    EXPECT_EQ(Write("/dev/full"), -1) << row.count;
+    EXPECT_EQ(Write(full), -1) << row.count;
     EXPECT_EQ(reports_, Texts{row.report});
   }
   model_.Delete();
-  EXPECT_EQ(Write("/dev/full"), 0) << "a file without records does not look";
+  EXPECT_EQ(Write(full), 0) << "a file without records does not look";
 }
 
 TEST_F(WriteFailures, AFileThatCannotBeMadeIsReported) {
   Fill(1, 1);
-  for (const char* path : {"/nowhere/a.stp", "/tmp/.", "/"}) {
-    const std::string opened = path[1] ? path : "/.stp";
-    if (!path[1] && access("/", W_OK) == 0) continue;
-    std::string name = path;
-    EXPECT_EQ(model_.Write(name.data(), ""), -1);
-    EXPECT_EQ(TakeReports(opened), Texts{"(1) [Write]Can't create file"}) << path;
+  for (const char* path : {"/nowhere/a.stp", "/tmp/."}) {
+    EXPECT_EQ(Write(path), -1) << path;
+    EXPECT_EQ(reports_, Texts{"(1) [Write]Can't create file"}) << path;
   }
 }
 
-// The line of a failure is that of the record after which it was seen.
 TEST_F(WriteFailures, OnePassingFailureEndsTheRecordsAndTheTailIsWrittenAllTheSame) {
   Fill(100, 3000);
   const std::string sound = TempPath("sound.stp");
@@ -86,7 +84,9 @@ TEST_F(WriteFailures, OnePassingFailureEndsTheRecordsAndTheTailIsWrittenAllTheSa
     ASSERT_GE(left.size(), sizeof kTail - 1);
     EXPECT_EQ(left.substr(left.size() - (sizeof kTail - 1)), kTail);
     EXPECT_LT(left.size(), bytes.size());
-    if (failing > 1) EXPECT_EQ(left.substr(0, 2000), bytes.substr(0, 1000) + left.substr(1000, 1000));
+    // Behind the names of the files: the bytes in front of the failing block are there.
+    const auto records = [](const std::string& file) { return file.substr(file.find("DATA;"), 3000); };
+    EXPECT_EQ(failing > 1, left.find("DATA;") != std::string::npos && records(left) == records(bytes));
   }
 }
 
