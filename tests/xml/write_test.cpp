@@ -256,7 +256,7 @@ TEST(XmlWrite, OthersMayWriteToTheFileMeanwhile) {
   SetProbe({});
 }
 
-TEST(XmlWrite, AFailingStreamIsFoundBehindTheFirstRecordOrTheLast) {
+TEST(XmlWrite, AFailingStreamIsFoundAndTheRootIsClosedAllTheSame) {
   ProjModel model;
   ReadBytes(model, InFrame("#1=PERSON(1);#2=PERSON(2);#3=PERSON(3);"));
   std::string path = TempPath("failing.xml");
@@ -265,6 +265,8 @@ TEST(XmlWrite, AFailingStreamIsFoundBehindTheFirstRecordOrTheLast) {
     EXPECT_EQ(model.WriteXml(path.data(), nullptr), -1) << nth;
     EXPECT_TRUE(faulty.HasFailed());
     EXPECT_EQ(TakeReports(path), Texts{nth == 1 ? "(5) [PERSON]error writing file" : "(7) [PERSON]error writing file"});
+    const std::string bytes = BytesOf(path);
+    EXPECT_EQ(bytes.substr(bytes.rfind('<')), "</PROJ>\n");
   }
 }
 
