@@ -22,11 +22,11 @@ constexpr std::size_t kKeptRoom = 4096;  // that an element takes along to the n
 // Puts the low byte of each unit, and a terminator; what does not fit a byte is not told apart. Gives the length of the
 // text that this makes: a unit whose low byte is 0 ends it.
 std::size_t Narrow(char* room, std::u16string_view units) {
-  unsigned least = 1;
+  unsigned char least = 0xff;
   for (std::size_t i = 0; i < units.size(); ++i) {
     const auto byte = static_cast<unsigned char>(units[i]);
     room[i] = static_cast<char>(byte);
-    least = byte < least ? byte : least;
+    least = std::min(least, byte);
   }
   room[units.size()] = '\0';
   return least == 0 ? std::strlen(room) : units.size();
