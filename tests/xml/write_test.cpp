@@ -173,6 +173,14 @@ TEST(XmlWrite, NumbersWithoutANameStandBare) {
             "<PROBE rid=\"#1\">1<n>x</n>,2.5,7</PROBE>");
 }
 
+TEST(XmlWrite, NamesOfAnyLengthGoOutWhole) {
+  for (const std::size_t length : {1u, 61u, 62u, 63u, 64u, 1'000u, 70'000u}) {
+    const std::string name(length, 'n');
+    EXPECT_EQ(Written([&](STEPtransfer* t) { wSTEPint(t, name.c_str(), 1); }),
+              "<PROBE rid=\"#1\"><" + name + ">1</" + name + "></PROBE>");
+  }
+}
+
 TEST(XmlWrite, TextsOfAnyLengthAreEscaped) {
   for (const std::size_t length : {51u, 52u, 256u, 257u, 65'536u, 200'000u}) {
     const std::string text(length, '&');
