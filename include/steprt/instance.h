@@ -20,7 +20,8 @@ class STEPRT_API STEPheader {
   // stands alone, until STEPmodel::Insert takes it. Its type is -1, its id empty, its number 0.
   explicit STEPheader(void* model = nullptr);
 
-  // Copies all fields, links included; the copy is on no model's list. A snapshot, to be used as no more than that.
+  // Copies all fields, links included; the copy is on no model's list, names the same model and goes before it. A
+  // snapshot, to be used as no more than that.
   STEPheader(const STEPheader& other);
 
   // Takes the instance off its model's list, a walk from the list's head. Lists and references that mention it are

@@ -48,7 +48,8 @@ class STEPRT_API STEPmodel {
   // Moves an instance, from its own model if it has one, to the end of this model's list. Null does nothing.
   void Insert(STEPheader* object);
 
-  // Takes an instance off the list, a walk from the first; it is not destroyed. A stranger changes nothing.
+  // Takes an instance off the list, a walk from the first; it is not destroyed. A stranger changes nothing. The
+  // instance still names this model: destroy it before the model, or Insert it elsewhere.
   void RmInst(STEPheader* object);
 
   // Destroys all instances and starts the ids of GetEntId anew. Name, schema and flags stay.
@@ -78,7 +79,7 @@ class STEPRT_API STEPmodel {
   //
   // Gives the number of errors reported; 0 is a clean read. What was read before or beside an error stays. While it
   // runs, the model is locked and is the current one. After the XML pass the result is that of ReadXml. Without a
-  // schema nothing is read and the result is 1.
+  // schema, or without memory for the transfer, nothing is read and the result is 1.
   int Read(bool check, char* name);
 
   // Writes the instances as an ISO 10303-21 clear-text file.
@@ -154,7 +155,7 @@ class STEPRT_API STEPmodel {
   bool shared;         // the schema's index belongs to another model
   int errorsLeft;      // what is left of the running transfer's budget
   int errorLimit;      // what each transfer starts with
-  int lastId;          // what GetEntId or AutoId gave last
+  int lastId;          // what GetEntId or AutoId gave last, 0 to 99999
 
  protected:
   // Appends without a look at the instance's model or at other lists.

@@ -34,9 +34,8 @@ extern "C" {
 // instance, or a name where a record should stand, ends the read.
 STEPRT_API int STEPread(char* name, APPobject0* schema, bool check);
 
-// ---- values
-// ---------------------------------------------------------------------------------------------------------- In clear
-// text a record that ends early gives neutral values without a report.
+// ---- values ---------------------------------------------------------------------------------------------------------
+// In clear text a record that ends early gives neutral values without a report, and `*` reads exactly like `$`.
 
 // A text, without its apostrophes and with doubled ones made single; encoded characters stay as written. It lives
 // until the next reader is called, so copy it at once. `$` gives the empty text in clear text. At most 256 characters

@@ -12,7 +12,7 @@
 
 class STEPRT_API STEPselect {
  public:
-  enum SelType {
+  enum SelType : int {
     SEL_NONE = 0,  // nothing, the state after construction
     SEL_INT = 1,
     SEL_REAL = 2,

@@ -30,17 +30,21 @@ extern "C" {
 // ("Can't create file"), or when the stream failed ("error writing file"). An instance whose type has no row costs
 // "Unknown STEP object" and is left out; one whose row has no write function is left out in silence. Numbers are given
 // out at first need, so they do not rise in the order of the file. Failures behind the last record are not seen.
+//
+// A reference to an instance outside of the chain, or to one without a write function, gets a number that no record of
+// the file bears; the former may still hold the number of an earlier file, which another instance bears in this one.
 STEPRT_API int STEPwrite(char* fileName, const char* remark, STEPheader* first, APPobject0* schema);
 
 // The version that a file's header names. Constant.
 STEPRT_API const char* STEPversion();
 
-// ---- values
-// ----------------------------------------------------------------------------------------------------------
+// ---- values ---------------------------------------------------------------------------------------------------------
+// Reals are written with six significant digits. An infinity or a NaN is written as a word that no reader takes for a
+// number.
 
 STEPRT_API void wSTEPtext(STEPtransfer* t, const char* name, const char* text);  // null is written as `$`
 STEPRT_API void wSTEPint(STEPtransfer* t, const char* name, int value);
-STEPRT_API void wSTEPreal(STEPtransfer* t, const char* name, double value);  // six significant digits
+STEPRT_API void wSTEPreal(STEPtransfer* t, const char* name, double value);
 STEPRT_API void wSTEPbool(STEPtransfer* t, const char* name, bool value);
 STEPRT_API void wSTEPlog(STEPtransfer* t, const char* name, int value);  // 1, 0; anything else is .U.
 

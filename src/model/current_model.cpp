@@ -10,7 +10,7 @@ namespace {
 constexpr int kPrefixLimit = 63;
 
 constinit STEPmodel* currentModel = nullptr;
-constinit char autoIdRoom[kPrefixLimit + 5 + 1] = "";  // prefix, five digits, terminator
+constinit char autoIdRoom[kPrefixLimit + steprt::kIntRoom] = "";  // any int fits, whatever `lastId` was set to
 
 }  // namespace
 

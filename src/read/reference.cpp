@@ -21,8 +21,8 @@ Settled SettleLater(STEPtransfer* t, int number, int expected, STEPheader** slot
 Settled SettleReference(STEPtransfer* t, int number, int expected, STEPheader** slot) {
   const STEPentry* entry = FindEntry(t, number);
   if (!entry) return SettleLater(t, number, expected, slot);
-  if (!entry->object) return ReportNoObject(t, number), Settled::kFailed;
   *slot = entry->object;
+  if (!entry->object) return ReportNoObject(t, number), Settled::kFailed;
   if (!t->lookups.IsSubtype(expected, entry->object->type)) ReportWrongType(t, entry->object);
   return Settled::kKnown;
 }

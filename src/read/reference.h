@@ -13,7 +13,8 @@ enum class Settled {
   kLost     // it should be, but memory is exhausted: reported
 };
 
-// `*slot` is written only when the answer is kKnown.
+// `*slot` is written before anything is reported: the instance when it is known, null when the number has failed.
+// Otherwise it is left as it is.
 Settled SettleReference(STEPtransfer* t, int number, int expected, STEPheader** slot);
 
 }  // namespace steprt

@@ -25,7 +25,7 @@ void RefuseReference(STEPtransfer* t, int token) {
 }
 
 void StoreReference(STEPtransfer* t, int number, int expected, STEPheader** slot) {
-  if (SettleReference(t, number, expected, slot) == Settled::kFailed) *slot = nullptr;
+  static_cast<void>(SettleReference(t, number, expected, slot));
 }
 
 void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {

@@ -1,5 +1,6 @@
 #include "read/report.h"
 
+#include <climits>
 #include <cstring>
 #include <string_view>
 
@@ -21,7 +22,7 @@ void ReportFormatted(STEPtransfer* t, const char* message, Value value) {
 }  // namespace
 
 void ReportError(STEPtransfer* t, const char* message) {
-  ++t->errors;
+  if (t->errors < INT_MAX) ++t->errors;
   if (!t->errorProc) return;
   TextBuffer text;
   text.Add(kReportCaption).Add(": ").Add(t->fileName).Add(" (").Add(t->line).Add(") [").Add(t->where).Add("]");

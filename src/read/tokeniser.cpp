@@ -18,7 +18,7 @@ void CountLine(STEPtransfer* t) {
 // The first byte that is no blank, or InputFile::kEnd.
 int SkipBlanks(STEPtransfer* t) {
   InputFile& in = *t->file.in;
-  for (const char* p = in.Cursor();; ++p) {
+  for (const char* p = in.Cursor();;) {
     while (IsIn(kIsBlank, *p)) ++p;
     if (*p != '\n') {
       in.MoveTo(p + 1);
@@ -26,16 +26,16 @@ int SkipBlanks(STEPtransfer* t) {
     }
     if (p != in.Limit()) {
       CountLine(t);
+      ++p;
       continue;
     }
     in.MoveTo(p);
     if (!in.Refill()) return InputFile::kEnd;
-    p = in.Cursor() - 1;
+    p = in.Cursor();
   }
 }
 
-// ---- numbers that lie inside the block
-// -------------------------------------------------------------------------------
+// ---- numbers that lie inside the block ------------------------------------------------------------------------------
 
 double WordToReal(std::string_view word, Digits digits, int exponent) {
   double value;
@@ -93,8 +93,7 @@ int ScanReference(STEPtransfer* t) {
   return TOK_REF;
 }
 
-// ---- words and texts
-// -------------------------------------------------------------------------------------------------
+// ---- words and texts ------------------------------------------------------------------------------------------------
 
 // Stores what fits behind `target` and counts the rest; terminated by End.
 class Sink {

@@ -134,6 +134,8 @@ TEST(Model, IdsRunToTheirEndAndWrapToNought) {
   model.lastId = 99998;
   const std::string prefix(63, 'p');
   EXPECT_EQ(AutoId(0, (prefix + "q").c_str()), prefix + "99999");
+  model.lastId = -2147483640;  // no id of the model's, and longer than any
+  EXPECT_EQ(AutoId(0, prefix.c_str()), prefix + "-2147483639");
   CurrentModel(nullptr);
   EXPECT_STREQ(AutoId(0, "x"), "x0");
 }

@@ -49,6 +49,26 @@ TEST(References, UnsettledOnesAreReportedLastOneFirst) {
   });
 }
 
+STEPheader* failedSlot;
+bool slotWasNullAtTheReport;
+
+TEST(References, TheSlotOfAFailedOneIsNullBeforeTheReport) {
+  SetProbe({"", -1, [](STEPtransfer* t) -> STEPheader* {
+              Entity old(kPerson);
+              failedSlot = &old;
+              slotWasNullAtTheReport = false;
+              xrSTEPref(t, "A", &failedSlot, -1, true);
+              return nullptr;
+            }});
+  ProjModel model;
+  const STEPerrorProc collect = model.schema->errorProc;
+  model.schema->errorProc = [](const char*) { slotWasNullAtTheReport = !failedSlot; };
+  EXPECT_EQ(ReadBytes(model, InFrame("#1=PROBE(#1);\n#2=PERSON(1);")), 1);
+  model.schema->errorProc = collect;
+  EXPECT_TRUE(slotWasNullAtTheReport);
+  SetProbe({});
+}
+
 TEST(References, TheIdOfAnInstanceShowsInTheReport) {
   SetProbe({"", -1, [](STEPtransfer*) {
               auto* object = new Entity(kPerson);
