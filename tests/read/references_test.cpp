@@ -63,7 +63,7 @@ TEST(References, TheSlotOfAFailedOneIsNullBeforeTheReport) {
   ProjModel model;
   const STEPerrorProc collect = model.schema->errorProc;
   model.schema->errorProc = [](const char*) { slotWasNullAtTheReport = !failedSlot; };
-  EXPECT_EQ(ReadBytes(model, InFrame("#1=PROBE(#1);\n#2=PERSON(1);")), 1);
+  EXPECT_EQ(ReadBytes(model, InFrame("#1=PROBE(#1);\n#2=PERSON(1);")).result, 1);
   model.schema->errorProc = collect;
   EXPECT_TRUE(slotWasNullAtTheReport);
   SetProbe({});

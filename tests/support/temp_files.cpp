@@ -45,4 +45,13 @@ std::string BytesOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string MaskedBytesOf(const std::string& path) {
+  std::string bytes = BytesOf(path);
+  for (std::size_t at; (at = bytes.find(path)) != std::string::npos;) bytes.replace(at, path.size(), "<path>");
+  const std::size_t end = bytes.find("');", bytes.find("FILE_NAME("));
+  const std::size_t start = end == std::string::npos ? end : bytes.rfind('\'', end - 1);
+  if (start != std::string::npos) bytes.replace(start + 1, end - start - 1, "<date>");
+  return bytes;
+}
+
 }  // namespace steprt_test

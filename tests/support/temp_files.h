@@ -14,6 +14,9 @@ std::string MakeFile(const std::string& name, const std::string& bytes);
 // A file's bytes; "(none)" when there is no such file.
 std::string BytesOf(const std::string& path);
 
+// The bytes of a file that the library wrote, with its path as "<path>" and the date of its head as "<date>".
+std::string MaskedBytesOf(const std::string& path);
+
 }  // namespace steprt_test
 
 #endif
