@@ -8,127 +8,104 @@
 namespace steprt_test {
 namespace {
 
-const Shape kWallShape = {{"Name", 't'},         {"Height", 'r'}, {"Owner", 'f', kPerson},
-                          {"Doors", 'A', kDoor}, {"Layers", 'p'}, {"External", 'b'}};
-const Shape kDoorShape = {{"Host", 'f', kWall}};
-const Shape kSampleShape = {{"Text", 't'}, {"Int", 'i'},   {"Real", 'r'},    {"Bool", 'b'},
-                            {"Log", 'l'},  {"Enum", 'e'},  {"Sel", 's'},     {"Ref", 'f', kProduct},
-                            {"Refs", 'a'}, {"Reals", 'p'}, {"Colours", 'E'}, {"Texts", 'T'}};
-const Shape kNoteShape = {{"Text", 't'}};
-const Shape kPointShape = {{"X", 'r'}, {"Y", 'r'}, {"Z", 'r'}};
-const Shape kPersonShape = {{"Age", 'i'}};
+const std::unordered_map<int, Shape> kShapes = {
+    {kWall,
+     {{"Name", 't'},
+      {"Height", 'r'},
+      {"Owner", 'f', kPerson},
+      {"Doors", 'A', kDoor},
+      {"Layers", 'p'},
+      {"External", 'b'}}},
+    {kDoor, {{"Host", 'f', kWall}}},
+    {kSample,
+     {{"Text", 't'},
+      {"Int", 'i'},
+      {"Real", 'r'},
+      {"Bool", 'b'},
+      {"Log", 'l'},
+      {"Enum", 'e'},
+      {"Sel", 's'},
+      {"Ref", 'f', kProduct},
+      {"Refs", 'a'},
+      {"Reals", 'p'},
+      {"Colours", 'E'},
+      {"Texts", 'T'}}},
+    {kNote, {{"Text", 't'}}},
+    {kPoint, {{"X", 'r'}, {"Y", 'r'}, {"Z", 'r'}}},
+    {kPerson, {{"Age", 'i'}}},
+};
 
 Probe probe;
 STEPheader* const kKept = reinterpret_cast<STEPheader*>(&probe);  // in a PROBE's references at first
 
-Shape ProbeShape() {
+Shape ShapeOf(int type) {
   static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H"};
-  Shape shape;
+  const auto known = kShapes.find(type);
+  Shape shape = known == kShapes.end() ? Shape() : known->second;
+  if (type != kProbe) return shape;
   for (const char kind : probe.kinds) shape.push_back({kNames[shape.size()], kind, probe.expected});
   return shape;
 }
 
-Shape ShapeOf(int type) {
-  switch (type) {
-    case kWall:
-      return kWallShape;
-    case kDoor:
-      return kDoorShape;
-    case kSample:
-      return kSampleShape;
-    case kNote:
-      return kNoteShape;
-    case kPoint:
-      return kPointShape;
-    case kPerson:
-      return kPersonShape;
-    default:
-      return type == kProbe ? ProbeShape() : Shape();
-  }
-}
+using T = STEPtransfer*;
+using A = const Attribute&;
+using V = Value&;
 
-void ReadValue(STEPtransfer* t, const Attribute& attribute, Value& value) {
-  const char* name = attribute.name;
-  switch (attribute.kind) {
-    case 't':
-      value.text = rSTEPtext(t, name);
-      return;
-    case 'i':
-      value.integer = rSTEPint(t, name);
-      return;
-    case 'r':
-      value.real = rSTEPreal(t, name);
-      return;
-    case 'b':
-      value.integer = rSTEPbool(t, name);
-      return;
-    case 'l':
-      value.integer = rSTEPlog(t, name);
-      return;
-    case 'e':
-      value.integer = rSTEPenum(t, name, kColours, 3);
-      return;
-    case 's':
-      return rSTEPsel(t, name, &value.select);
-    case 'f':
-      return xrSTEPref(t, name, &value.object, attribute.expected, true);
-    case 'a':
-    case 'A':
-      return xrSTEPaggr(t, name, &value.list, attribute.expected, attribute.kind == 'A');
-    case 'p':
-    case 'P':
-      return xrSTEPaggrPrim(t, name, attribute.kind == 'p' ? &value.list : nullptr);
-    case 'E':
-    case 'N':
-      return xrSTEPaggrEnum(t, attribute.kind == 'E' ? &value.list : nullptr, kColours, 3);
-    default:
-      return xrSTEPtextAggr(t, name, attribute.kind == 'T' ? &value.list : nullptr);
-  }
-}
+// How an attribute of each kind is read and written.
+constexpr struct Kind {
+  char letter;
+  void (*read)(T t, A a, V v);
+  void (*write)(T t, A a, V v);
+} kKinds[] = {
+    {'t', [](T t, A a, V v) { v.text = rSTEPtext(t, a.name); },
+     [](T t, A a, V v) { wSTEPtext(t, a.name, v.text.c_str()); }},
+    {'i', [](T t, A a, V v) { v.integer = rSTEPint(t, a.name); },
+     [](T t, A a, V v) { wSTEPint(t, a.name, v.integer); }},
+    {'r', [](T t, A a, V v) { v.real = rSTEPreal(t, a.name); }, [](T t, A a, V v) { wSTEPreal(t, a.name, v.real); }},
+    {'b', [](T t, A a, V v) { v.integer = rSTEPbool(t, a.name); },
+     [](T t, A a, V v) { wSTEPbool(t, a.name, v.integer != 0); }},
+    {'l', [](T t, A a, V v) { v.integer = rSTEPlog(t, a.name); },
+     [](T t, A a, V v) { wSTEPlog(t, a.name, v.integer); }},
+    {'e', [](T t, A a, V v) { v.integer = rSTEPenum(t, a.name, kColours, 3); },
+     [](T t, A a, V v) { wSTEPenum(t, a.name, v.integer, kColours); }},
+    {'s', [](T t, A a, V v) { rSTEPsel(t, a.name, &v.select); }, [](T t, A a, V v) { wSTEPsel(t, a.name, &v.select); }},
+    {'f', [](T t, A a, V v) { xrSTEPref(t, a.name, &v.object, a.expected, true); },
+     [](T t, A a, V v) { xwSTEPref(t, a.name, v.object); }},
+    {'a', [](T t, A a, V v) { xrSTEPaggr(t, a.name, &v.list, a.expected, false); },
+     [](T t, A a, V v) { xwSTEPaggr(t, a.name, v.list); }},
+    {'A', [](T t, A a, V v) { xrSTEPaggr(t, a.name, &v.list, a.expected, true); },
+     [](T t, A a, V v) { xwSTEPaggr(t, a.name, v.list); }},
+    {'p', [](T t, A a, V v) { xrSTEPaggrPrim(t, a.name, &v.list); },
+     [](T t, A a, V v) { xwSTEPaggrPrim(t, a.name, v.list); }},
+    {'E', [](T t, A, V v) { xrSTEPaggrEnum(t, &v.list, kColours, 3); },
+     [](T t, A, V v) { xwSTEPaggrEnum(t, v.list, kColours); }},
+    {'T', [](T t, A a, V v) { xrSTEPtextAggr(t, a.name, &v.list); },
+     [](T t, A a, V v) { xwSTEPtextAggr(t, a.name, v.list); }},
+    {'P', [](T t, A a, V) { xrSTEPaggrPrim(t, a.name, nullptr); }, nullptr},
+    {'N', [](T t, A, V) { xrSTEPaggrEnum(t, nullptr, kColours, 3); }, nullptr},
+    {'X', [](T t, A a, V) { xrSTEPtextAggr(t, a.name, nullptr); }, nullptr},
+};
 
-void WriteValue(STEPtransfer* t, const Attribute& attribute, Value& value) {
-  const char* name = attribute.name;
-  switch (attribute.kind) {
-    case 't':
-      return wSTEPtext(t, name, value.text.c_str());
-    case 'i':
-      return wSTEPint(t, name, value.integer);
-    case 'r':
-      return wSTEPreal(t, name, value.real);
-    case 'b':
-      return wSTEPbool(t, name, value.integer != 0);
-    case 'l':
-      return wSTEPlog(t, name, value.integer);
-    case 'e':
-      return wSTEPenum(t, name, value.integer, kColours);
-    case 's':
-      return wSTEPsel(t, name, &value.select);
-    case 'f':
-      return xwSTEPref(t, name, value.object);
-    case 'a':
-    case 'A':
-      return xwSTEPaggr(t, name, value.list);
-    case 'p':
-      return xwSTEPaggrPrim(t, name, value.list);
-    case 'E':
-      return xwSTEPaggrEnum(t, value.list, kColours);
-    default:
-      return xwSTEPtextAggr(t, name, value.list);
-  }
+const Kind& KindOf(const Attribute& attribute) {
+  const Kind* kind = kKinds;
+  while (kind->letter != attribute.kind) ++kind;
+  return *kind;
 }
 
 template <int kType>
 STEPheader* Read(STEPtransfer* t) {
   if (kType == kProbe && probe.read) return probe.read(t);
   auto* entity = new Entity(kType);
-  for (std::size_t i = 0; i < entity->shape.size(); ++i) ReadValue(t, entity->shape[i], entity->values[i]);
+  for (std::size_t i = 0; i < entity->shape.size(); ++i)
+    KindOf(entity->shape[i]).read(t, entity->shape[i], entity->values[i]);
   return entity;
 }
 
 void Write(STEPtransfer* t, STEPheader* object) {
   if (object->type == kProbe && probe.write) return probe.write(t);
   auto* entity = static_cast<Entity*>(object);
-  for (std::size_t i = 0; i < entity->shape.size(); ++i) WriteValue(t, entity->shape[i], entity->values[i]);
+  for (std::size_t i = 0; i < entity->shape.size(); ++i)
+    KindOf(entity->shape[i]).write(t, entity->shape[i], entity->values[i]);
 }
 
 // ---- a population, printed -----------------------------------------------------------------------------------------
