@@ -71,13 +71,13 @@ TEST(Numbers, ARecordCostsFortyEightBytesAtMostWhateverItsNumber) {
   }
 }
 
-// A walk of a bucket would cost a thousand times as much here.
+// A walk of a bucket would take a minute for the numbers in steps of 4096.
 TEST(Numbers, TimeGrowsWithTheFileAndNotFaster) {
   constexpr int kFew = 5000;
   constexpr int kMany = 40 * kFew;
   for (const Numbering& each : kNumberings) {
     const double few = CostOfRead(each, kFew).seconds;
-    EXPECT_LT(CostOfRead(each, kMany).seconds, 40 * 12 * few + 0.05) << each.name;
+    EXPECT_LT(CostOfRead(each, kMany).seconds, 40 * 12 * few + 2.0) << each.name;
   }
 }
 
