@@ -129,6 +129,7 @@ TEST(Header, ACheckedReadTakesDataOfAListedSchemaAlone) {
       // A later record's names take the place of the earlier ones, unless it has none.
       {file("FILE_SCHEMA(('PROJ'));FILE_SCHEMA(('OTHER'));"), {}, refused, true},
       {file("FILE_SCHEMA(('OTHER','X'));FILE_SCHEMA(('PROJ'));"), {"PERSON(1)"}, {}, true},
+      {file("FILE_SCHEMA(;FILE_SCHEMA(('PROJ'));"), {"PERSON(1)"}, {}, true},
       {file("FILE_SCHEMA(('PROJ'));FILE_SCHEMA(());"), {"PERSON(1)"}, {}, true},
       {file("FILE_SCHEMA();FILE_SCHEMA(('PROJ'));"), {"PERSON(1)"}, {"(1) [FILE_SCHEMA]Missing text in list"}, true},
   });

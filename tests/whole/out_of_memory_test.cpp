@@ -82,6 +82,18 @@ TEST(OutOfMemory, NothingIsLostInSilence) {
   });
 }
 
+TEST(OutOfMemory, AReferenceThatCannotWaitForItsInstanceIsNotInTheList) {
+  std::string path = MakeFile("wait.stp", InFrame("#1=PROBE((#2,#3));#2=PERSON(2);#3=PERSON(3);"));
+  SetProbe({"a"});
+  Sweep(FailingNew::kAlone, [&](ProjModel& model, const FailingNew&) {
+    CurrentModel(&model);
+    STEPread(path.data(), ProjSchema(), false);
+    TakeReports(path);
+    for (const std::string& each : Population(model)) EXPECT_EQ(each.find("null"), std::string::npos) << each;
+  });
+  SetProbe({});
+}
+
 TEST(OutOfMemory, InAWriteLeavesAnEarlierFileAsItWasOrWritesItWhole) {
   std::string path = TempPath("written.stp");
   ProjModel source;

@@ -99,6 +99,14 @@ TEST_F(WriteFailures, ADeviceThatStaysBrokenGivesOneReport) {
   }
 }
 
+// The first block goes out behind the first record, so the second write is that of the end.
+TEST_F(WriteFailures, AFailureAtTheEndIsThatOfTheLastRecord) {
+  Fill(5, 10);
+  const FaultyCalls calls({.failing = 2, .error = ENOSPC});
+  EXPECT_EQ(Write(TempPath("end.stp")), -1);
+  EXPECT_EQ(reports_, Texts{"(14) [PROBE]error writing file"});
+}
+
 TEST_F(WriteFailures, ShortAndInterruptedWritesLoseNothing) {
   Fill(40, 3000);
   const std::string whole = TempPath("whole");
