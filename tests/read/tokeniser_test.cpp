@@ -70,7 +70,7 @@ const Row kRows[] = {
     {"A" + x254 + x254 + "\n;", "NAME A" + x254 + "x|;", {"(1) []Too long element, truncated"}, 2},
     {"'a" + x254 + "'", "TEXT a" + x254},
     {"'a" + x254 + "''" + "'", "TEXT a" + x254 + "'", {"(1) []Too long element, truncated"}},
-    {"'a" + x254 + "y'", "TEXT a" + x254 + "y", {"(1) []Too long element, truncated"}},
+    {"'a" + x254 + "y';", "TEXT a" + x254 + "y|;", {"(1) []Too long element, truncated"}},
     {"'a" + x254 + "yz';", "TEXT a" + x254 + "y|;", {"(1) []Too long element, truncated"}},
     {"'a" + x254 + "yz\n;",
      "TEXT a" + x254 + "y|;",
