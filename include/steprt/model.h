@@ -91,7 +91,8 @@ class STEPRT_API STEPmodel {
   int Write(char* name, const char* remark);
 
   // Reads an XML document: `text`, or, when that is null, the file of the model's name. Gives the number of errors
-  // reported; a document that is not well formed sets -1, which later reports count up.
+  // reported; a document that is not well formed, or a file that cannot be opened, sets -1, which later reports count
+  // up. Without an XML service: 0, after one message in a message box.
   int ReadXml(const char* text);
 
   // Writes the instances as an XML document. Arguments and result as those of Write.

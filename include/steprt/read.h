@@ -42,11 +42,13 @@ STEPRT_API int STEPread(char* name, APPobject0* schema, bool check);
 // of a clear-text text are kept, with a report from 256 on.
 STEPRT_API char* rSTEPtext(STEPtransfer* t, const char* name);
 
-// `$` is an error for both. What does not fit an int saturates. In clear text a token that is no number is left for
-// the next reader.
+// `$` is an error for both in clear text; XML has no bad number, `$` is 0. What does not fit an int saturates. In clear
+// text a token that is no number is left for the next reader.
 STEPRT_API int rSTEPint(STEPtransfer* t, const char* name);
 STEPRT_API double rSTEPreal(STEPtransfer* t, const char* name);  // takes an integer as well
 
+// In clear text `$` is a value that is not there. In XML it is an unknown one, and so is a missing element: both are
+// reported, with the same result.
 STEPRT_API bool rSTEPbool(STEPtransfer* t, const char* name);  // .T. or .F., in any case; `$` is false
 STEPRT_API int rSTEPlog(STEPtransfer* t, const char* name);    // .T. 1, .F. 0, .U. and `$` -1
 
@@ -70,7 +72,8 @@ STEPRT_API void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, 
 // of the list is an empty aggregate.
 STEPRT_API void xrSTEPaggr(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull);
 
-// With a null `out` these three parse and report, and store nothing. `$` in place of the list is an error.
+// With a null `out` these three parse and report, and store nothing. In clear text `$` in place
+// of the list is an error; in XML it is a text like any other, which the list is scanned out of.
 
 STEPRT_API void xrSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr** out);  // numbers, as reals; `$` is 0.0
 

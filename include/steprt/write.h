@@ -43,6 +43,7 @@ STEPRT_API const char* STEPversion();
 // number.
 
 STEPRT_API void wSTEPtext(STEPtransfer* t, const char* name, const char* text);  // null is written as `$`
+// Without a name these two print a bare number in XML too, where readers drop it.
 STEPRT_API void wSTEPint(STEPtransfer* t, const char* name, int value);
 STEPRT_API void wSTEPreal(STEPtransfer* t, const char* name, double value);
 STEPRT_API void wSTEPbool(STEPtransfer* t, const char* name, bool value);
