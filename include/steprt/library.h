@@ -31,7 +31,8 @@ class STEPRT_API STEPlib {
 
   bool LibOpen();  // whether the module is usable
 
-  // Releases the module `count` times, whoever owns it, and then destroys this object, which must come from new. An
+  // Releases the module `count` times, whoever owns it, and then destroys this object, which must come from new. It
+  // may be of a derived class, whose own destructor is not run. An
   // open and owned module is released once more by that.
   void UnloadDLL(int count);
 

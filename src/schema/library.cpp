@@ -1,6 +1,7 @@
 #include "steprt/library.h"
 
 #include <cstring>
+#include <new>
 
 #include "platform/modules.h"
 #include "support/ascii.h"
@@ -72,5 +73,7 @@ int STEPlib::LoadFunct(Entry* table, int count) {
 
 void STEPlib::UnloadDLL(int count) {
   for (int i = 0; i < count; ++i) steprt::ReleaseModule(handle);
-  delete this;
+  // Not by delete: the object is of a derived class as a rule, since LoadFunct is protected, and so of another size.
+  this->~STEPlib();
+  ::operator delete(static_cast<void*>(this));
 }
