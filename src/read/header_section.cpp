@@ -33,7 +33,9 @@ struct NameList {
 STEPheader* ReadFileSchema(STEPtransfer* t) {
   NameList names;
   xrSTEPtextAggr(t, nullptr, &names.aggr);
-  if (names.aggr && (names.aggr->head || !t->schemas)) std::swap(t->schemas, names.aggr);
+  if (!names.aggr || (t->schemas && !names.aggr->head)) return nullptr;
+  std::swap(t->schemas, names.aggr);
+  t->listedSchema = nullptr;
   return nullptr;
 }
 
@@ -81,10 +83,14 @@ int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
   }
 }
 
-// Only whole names count, and a file without FILE_SCHEMA lists none.
+// Only whole names count, and a file without FILE_SCHEMA lists none. A name that was found is not looked for again: a
+// file may hold many names and many DATA sections. One that is not found ends the read.
 bool SchemaNotListed(STEPtransfer* t, const char* schemaName) {
+  if (t->listedSchema && t->listedSchema == schemaName) return false;
   for (const STEPlist* node = t->schemas ? t->schemas->head : nullptr; node; node = node->next) {
-    if (EqualNoCase(node->value.text, schemaName)) return false;
+    if (!EqualNoCase(node->value.text, schemaName)) continue;
+    t->listedSchema = schemaName;
+    return false;
   }
   return true;
 }

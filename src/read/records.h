@@ -95,6 +95,7 @@ struct STEPtransfer {
   const bool xml;
 
   // Behind the record proper: what makes it fast. The results are those of the fields above.
+  const char* listedSchema = nullptr;  // the name that was last found in `schemas`
   steprt::LookupCache lookups;
   steprt::NumberIndex numbers;  // finds an entry of `table` without the walk of its bucket
   steprt::Pool<STEPentry> entryPool;

@@ -132,6 +132,11 @@ TEST(Header, ACheckedReadTakesDataOfAListedSchemaAlone) {
       {file("FILE_SCHEMA(;FILE_SCHEMA(('PROJ'));"), {"PERSON(1)"}, {}, true},
       {file("FILE_SCHEMA(('PROJ'));FILE_SCHEMA(());"), {"PERSON(1)"}, {}, true},
       {file("FILE_SCHEMA();FILE_SCHEMA(('PROJ'));"), {"PERSON(1)"}, {"(1) [FILE_SCHEMA]Missing text in list"}, true},
+      // That of a later header as well, whatever was listed when the data in front of it was read.
+      {file("FILE_SCHEMA(('PROJ'));ENDSEC;DATA;#2=PERSON(2);ENDSEC;HEADER;FILE_SCHEMA(('OTHER'));"),
+       {"PERSON(2)"},
+       refused,
+       true},
   });
 }
 
