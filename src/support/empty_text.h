@@ -4,10 +4,10 @@
 
 namespace steprt {
 
-// Nobody writes to it, though its type would allow it.
+// It lies in memory that cannot be written, though its type would allow it.
 inline char* EmptyText() {
-  static constinit char empty[1] = "";
-  return empty;
+  static constexpr char kEmpty[1] = "";
+  return const_cast<char*>(kEmpty);
 }
 
 }  // namespace steprt
