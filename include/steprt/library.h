@@ -14,7 +14,8 @@ class STEPRT_API STEPlib {
  public:
   using Entry = int (*)();
 
-  // Wraps a module that somebody else loaded and releases. Null too counts as open.
+  // Wraps a module that somebody else loaded and releases. Null too counts as open. A module of another namespace of
+  // the loader (dlmopen) counts as one that has gone: it has no entries here and is not released.
   STEPlib(HINSTANCE module);
 
   // Looks for the module among those of the extension chain, and loads it if it is not there. The last component of
@@ -23,17 +24,19 @@ class STEPRT_API STEPlib {
   // is shared and stays loaded; one that is loaded here is released with this object. A null path loads nothing.
   STEPlib(char* path);
 
-  ~STEPlib();
-
-  // Copies the fields. A module that the target held is not released, and afterwards both objects may own one module:
-  // the caller sees to it that only one of them releases it.
+  // Copies the fields. Both objects may own one module then: the caller sees to it that only one of them releases it.
+  // A module that the target of an assignment held is not released.
+  STEPlib(const STEPlib& other) = default;
   STEPlib& operator=(const STEPlib& other);
+
+  ~STEPlib();
 
   bool LibOpen();  // whether the module is usable
 
-  // Releases the module `count` times, whoever owns it, and then destroys this object, which must come from new. It
-  // may be of a derived class, whose own destructor is not run. An
-  // open and owned module is released once more by that.
+  // Releases the module `count` times, whoever owns it, but no longer than it is loaded; then destroys this object, by
+  // which an open and owned module is released once more. The object must come from new. It may be of a derived class
+  // that has no virtual functions, no alignment beyond that of new, and STEPlib as its first base; the destructor of
+  // that class, and those of its members, are not run.
   void UnloadDLL(int count);
 
  protected:

@@ -39,7 +39,7 @@ STEPRT_API const STEPentryTable* STEPentries();
 class STEPRT_API STEPmodule {
  public:
   // Joins the chain with the module in which this object lies. One that lies in no module, but on the stack or the
-  // heap or in the program, joins nothing.
+  // heap or in the program, joins nothing; nor does one in a module of another namespace of the loader (dlmopen).
   STEPmodule();
   ~STEPmodule();  // leaves it
 

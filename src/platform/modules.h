@@ -11,8 +11,9 @@ namespace steprt {
 // One reference more to the module, or null when it cannot be loaded, as with a null or an empty path.
 HINSTANCE LoadModule(const char* path);
 
-// One reference less. Does nothing for a module that has gone.
-void ReleaseModule(HINSTANCE module);
+// One reference less; false, and nothing happens, when no module has the handle. The handle of a module that has gone
+// may by now be that of another: nobody can tell the two apart.
+bool ReleaseModule(HINSTANCE module);
 
 // An entry of the module itself, not of what it depends on; null if it has none of that name or number.
 void* FindEntry(HINSTANCE module, const char* name);

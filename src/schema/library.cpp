@@ -72,7 +72,7 @@ int STEPlib::LoadFunct(Entry* table, int count) {
 }
 
 void STEPlib::UnloadDLL(int count) {
-  for (int i = 0; i < count; ++i) steprt::ReleaseModule(handle);
+  while (count > 0 && steprt::ReleaseModule(handle)) --count;
   // Not by delete: the object is of a derived class as a rule, since LoadFunct is protected, and so of another size.
   this->~STEPlib();
   ::operator delete(static_cast<void*>(this));

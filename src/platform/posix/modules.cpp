@@ -4,6 +4,9 @@
 #include <limits.h>
 #include <link.h>
 
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "steprt/text.h"
@@ -13,15 +16,21 @@ namespace {
 
 constinit STEPmodule* firstModule = nullptr;
 
-// The loader's record of a module, whose address is the handle, or null when it has gone: the loader's own calls may
-// not be given such a handle.
-const link_map* MapOf(HINSTANCE module) {
+// The loader's record of the program, at the head of those of all modules.
+const link_map* ProgramMap() {
   void* program = dlopen(nullptr, RTLD_LAZY);
   if (!program) return nullptr;
   link_map* map = nullptr;
   if (dlinfo(program, RTLD_DI_LINKMAP, &map) != 0) map = nullptr;
-  while (map && map != module) map = map->l_next;
   dlclose(program);
+  return map;
+}
+
+// That of a module, whose address is the handle, or null when it has gone: the loader's own calls may not be given such
+// a handle.
+const link_map* MapOf(HINSTANCE module) {
+  const link_map* map = ProgramMap();
+  while (map && map != module) map = map->l_next;
   return map;
 }
 
@@ -30,15 +39,38 @@ const void* BaseOf(const void* address) {
   return dladdr(address, &info) ? info.dli_fbase : nullptr;
 }
 
+// A line of /proc/self/maps: START-END, four more words, and the path, if a file is what is mapped there.
+const char* MappedPath(char* line, std::uintptr_t address) {
+  char* rest = line;
+  const std::uintptr_t start = std::strtoul(rest, &rest, 16);
+  if (*rest++ != '-') return nullptr;
+  const std::uintptr_t end = std::strtoul(rest, &rest, 16);
+  return start <= address && address < end ? std::strchr(rest, '/') : nullptr;
+}
+
+// The folder of the file that is mapped at the address, ended by its slash; empty when it cannot be told. The loader
+// is not asked: where it could not find out the folder itself, what it says is no text, and of any length.
+void FolderOf(const void* address, char* folder, int size) {
+  folder[0] = '\0';
+  std::FILE* maps = std::fopen("/proc/self/maps", "re");
+  if (!maps) return;
+  char line[PATH_MAX + 128];
+  const char* path = nullptr;
+  while (!path && std::fgets(line, sizeof line, maps))
+    path = MappedPath(line, reinterpret_cast<std::uintptr_t>(address));
+  std::fclose(maps);
+  if (!path) return;
+  const int length = static_cast<int>(std::strrchr(path, '/') + 1 - path);
+  Copy(folder, path, length < size ? length : size - 1);
+}
+
 }  // namespace
 
 // dlopen would take an empty path for the program itself. All of a module's names must be found now, so that a module
 // that lacks some fails here and not in the middle of a call.
 HINSTANCE LoadModule(const char* path) { return path && *path ? dlopen(path, RTLD_NOW | RTLD_LOCAL) : nullptr; }
 
-void ReleaseModule(HINSTANCE module) {
-  if (MapOf(module)) dlclose(module);
-}
+bool ReleaseModule(HINSTANCE module) { return MapOf(module) && dlclose(module) == 0; }
 
 // dlsym goes on to the modules that this one depends on, and so would find their entries, or the library's.
 void* FindEntry(HINSTANCE module, const char* name) {
@@ -53,30 +85,29 @@ STEPentryFunc FindEntry(HINSTANCE module, int number) {
   return table && number >= 1 && number <= table->count ? table->entries[number - 1] : nullptr;
 }
 
-// The loader keeps a relative path as it was given, and beside it the folder as it was then.
+// The loader keeps a relative path as it was given. What it was relative to may be another folder by now, or none.
 void ModulePath(HINSTANCE module, char* path, int size) {
   path[0] = '\0';
   const link_map* map = MapOf(module);
   if (!map) return;
   const char* name = map->l_name;
-  char folder[2 * PATH_MAX];
-  if (name[0] == '/' || dlinfo(module, RTLD_DI_ORIGIN, folder) != 0) {
-    Copy(path, name, size - 1);
-    return;
+  if (name[0] != '/') {
+    FolderOf(map->l_ld, path, size);
+    const char* slash = std::strrchr(name, '/');
+    if (path[0] && slash) name = slash + 1;
   }
-  const char* slash = std::strrchr(name, '/');
-  Copy(path, folder, size - 1);
   const int length = static_cast<int>(std::strlen(path));
-  if (length < size - 1) Copy(path + length, slash ? slash : "/", size - 1 - length);
+  Copy(path + length, name, size - 1 - length);
 }
 
+// Asked by address, not by name: the program's name is what its caller made of it, and may be that of a module.
 HINSTANCE ModuleOf(const void* address) {
-  Dl_info info;
-  if (!dladdr(address, &info) || !info.dli_fname || !*info.dli_fname) return nullptr;
-  void* module = dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
-  if (!module) return nullptr;
-  dlclose(module);
-  return module;
+  const void* base = BaseOf(address);
+  const link_map* program = ProgramMap();
+  if (!base || !program) return nullptr;
+  link_map* map = program->l_next;
+  while (map && BaseOf(map->l_ld) != base) map = map->l_next;
+  return map;
 }
 
 STEPmodule* FirstModule() { return firstModule; }
