@@ -33,7 +33,7 @@ void STEPmodel::PrepareHash() {
   if (!schema || schema->index) return;
   schema->index = MakeArrayOrNull<APPindexNode*>(kIndexBuckets);
   if (!schema->index) return;
-  ++schemaGeneration;
+  NoteChange(schema);
   ForEachRow(schema, [&](APPentity& row) {
     AddIndexNode(&schema->index[HashName(row.name)], &row);
     AddIndexNode(&schema->index[TypeBucket(row.type)], &row);
@@ -51,5 +51,5 @@ void STEPmodel::RemoveHash() {
   }
   delete[] schema->index;
   schema->index = nullptr;
-  ++schemaGeneration;
+  NoteChange(schema);
 }

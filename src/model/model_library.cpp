@@ -20,7 +20,7 @@ HINSTANCE STEPmodel::AttachDll(const char* path, const char* entryName) {
 
 int STEPmodel::AddModel(STEPmodel* other) {
   if (!schema || !other || !other->schema) return 0;
-  if (!steprt::FindSchema(schema, other->schema->name)) steprt::AppendSchema(schema, other->schema);
+  if (!steprt::FindSchema(schema, steprt::NameOf(*other->schema))) steprt::AppendSchema(schema, other->schema);
   return 1;
 }
 

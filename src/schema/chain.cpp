@@ -6,7 +6,7 @@
 namespace steprt {
 
 APPobject0* FindSchema(APPobject0* chain, const char* name) {
-  while (chain && !EqualNoCase(chain->name, name)) chain = chain->next;
+  while (chain && !EqualNoCase(NameOf(*chain), name)) chain = chain->next;
   return chain;
 }
 
@@ -14,7 +14,7 @@ void AppendSchema(APPobject0* chain, APPobject0* added) {
   while (chain->next) chain = chain->next;
   chain->next = added;
   added->next = nullptr;
-  ++schemaGeneration;
+  NoteChange(added);
 }
 
 }  // namespace steprt

@@ -6,6 +6,9 @@
 
 namespace steprt {
 
+// A descriptor without a name bears the empty one.
+inline const char* NameOf(const APPobject0& schema) { return schema.name ? schema.name : ""; }
+
 // The first descriptor of the chain that bears the name, in any case, or null.
 APPobject0* FindSchema(APPobject0* chain, const char* name);
 

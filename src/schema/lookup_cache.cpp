@@ -117,8 +117,12 @@ bool LookupCache::FindSubtype(int expected, int actual) {
 
 bool LookupCache::IsCurrent() const { return names_ && generation_ == schemaGeneration && index_ == schema_->index; }
 
+// A change that concerns other chains leaves the picture as it is, or as impossible as it is.
 bool LookupCache::Draw() {
-  if (drawn_ && !names_ && generation_ == schemaGeneration && index_ == schema_->index) return false;
+  if (drawn_ && index_ == schema_->index && !HasChanged(schema_, generation_)) {
+    generation_ = schemaGeneration;
+    return names_ != nullptr;
+  }
   Forget();
   drawn_ = true;
   generation_ = schemaGeneration;

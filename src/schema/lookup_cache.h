@@ -1,6 +1,6 @@
 // What a transfer remembers of a schema's lookups: a picture of the path in force, linear or indexed, in two hash
 // tables. Every answer is that of lookup.h at the same moment. The picture is drawn at the first question and drawn
-// anew when the library has changed a chain or an index since; without memory for it the questions go to lookup.h.
+// anew when the library has changed the chain or its index since; without memory for it the questions go to lookup.h.
 #ifndef STEPRT_SCHEMA_LOOKUP_CACHE_H
 #define STEPRT_SCHEMA_LOOKUP_CACHE_H
 
@@ -69,7 +69,7 @@ class LookupCache {
   bool drawn_ = false;
   Node* nodes_ = nullptr;
   int nodeCount_ = 0;
-  NameSlot* names_ = nullptr;  // null: no memory for a picture of this generation
+  NameSlot* names_ = nullptr;  // null: no memory for a picture
   int* types_ = nullptr;       // nodes, kNone for free slots
   std::uint32_t mask_ = 0;     // of both tables, whose sizes are one power of two
   NameAnswer nameAnswers_[kAnswers];

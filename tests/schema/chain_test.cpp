@@ -56,6 +56,26 @@ TEST(AddModel, MakesNoRingOfAChainThatLeadsBack) {
   EXPECT_EQ(NamesOf(chain.At(1)), (Names{"TWO", "THREE", "ONE"}));
 }
 
+TEST(AddModel, TakesANameThatIsMissingForTheEmptyOne) {
+  const Chain own({{"ONE", {}}, {"TWO", {}}});
+  const Chain added({Schema{"THREE", {}}});
+  const Chain more({Schema{"FOUR", {}}});
+  own.At(1)->name = nullptr;
+  Model model(own.Head());
+  Model other(added.Head());
+  Model third(more.Head());
+  EXPECT_EQ(model.AddModel(&other), 1);
+  EXPECT_EQ(own.At(1)->next, added.Head());
+  for (const char* name : {"", static_cast<const char*>(nullptr)}) {
+    more.Head()->name = name;
+    EXPECT_EQ(model.AddModel(&third), 1);
+    EXPECT_EQ(added.Head()->next, nullptr);
+  }
+  STEPlib lib(static_cast<HINSTANCE>(nullptr));
+  added.Head()->lib = &lib;
+  EXPECT_EQ(model.GetLib("three"), &lib);
+}
+
 TEST(AddModel, NeedsTwoSchemas) {
   const Chain chain({Schema{"ONE", {}}});
   Model model(chain.Head());

@@ -140,6 +140,53 @@ TEST(LookupCache, DrawsItsPictureOnceForEachChange) {
   EXPECT_EQ(CountAllocations(), drawn);
 }
 
+// An index of another chain that is built and dropped is two changes.
+TEST(LookupCache, KeepsItsPictureWhenOtherChainsChange) {
+  const Chain chain({{"S", {{"WALL", 1}}}, {"T", {{"DOOR", 2}}}});
+  const Chain others({{"OTHERS", {{"DUCT", 3}}}});
+  const Chain stranger({{"STRANGER", {{"PIPE", 4}}}});
+  Model other(others.Head());
+  Model another(stranger.Head());
+  LookupCache cache(chain.Head());
+  EXPECT_EQ(cache.FindEntityByType(2), &chain.At(1)->entities[0]);
+  for (int i = 0; i < 100; ++i) {
+    other.PrepareHash();
+    other.RemoveHash();
+    if (i == 50) other.AddModel(&another);
+    const long made = CountAllocations();
+    EXPECT_EQ(cache.FindEntityByName("door"), &chain.At(1)->entities[0]);
+    EXPECT_EQ(CountAllocations(), made) << i;
+  }
+}
+
+// The one that counts comes first; the others push it out of what is remembered.
+TEST(LookupCache, SeesItsOwnChangeAmongManyOthers) {
+  for (int others = 0; others < 12; ++others) {
+    const Chain chain({{"S", {{"WALL", 1}}}, {"T", {{"DOOR", 2}}}});
+    const Chain added({{"ADDED", {{"PIPE", 4}}}});
+    const Chain elsewhere({{"ELSEWHERE", {{"DUCT", 3}}}});
+    Model model(chain.Head());
+    Model addition(added.Head());
+    Model other(elsewhere.Head());
+    LookupCache cache(chain.Head());
+    EXPECT_EQ(cache.FindEntityByName("pipe"), nullptr);
+    model.AddModel(&addition);
+    for (int i = 0; i < others; ++i) i % 2 ? other.RemoveHash() : other.PrepareHash();
+    EXPECT_EQ(cache.FindEntityByName("pipe"), &added.Head()->entities[0]) << others;
+  }
+}
+
+TEST(LookupCache, SeesThatItsChainWasCutOff) {
+  const Chain chain({{"S", {{"WALL", 1}}}, {"T", {{"DOOR", 2}}}});
+  const Chain taker({{"TAKER", {{"DUCT", 3}}}});
+  Model model(chain.Head());
+  Model other(taker.Head());
+  LookupCache cache(chain.Head());
+  EXPECT_EQ(cache.FindEntityByName("door"), &chain.At(1)->entities[0]);
+  other.AddModel(&model);
+  EXPECT_EQ(cache.FindEntityByName("door"), nullptr);
+}
+
 TEST(LookupCache, WithoutMemoryForThePictureItAsksAnewAndTriesNoMoreUntilAChange) {
   const Chain chain({{"S", {{"WALL", 1}, {"DOOR", 2, "WALL"}}}});
   Model model(chain.Head());
