@@ -3,6 +3,7 @@
 #ifndef STEPRT_TESTS_SCHEMA_GENERATED_CHAIN_H
 #define STEPRT_TESTS_SCHEMA_GENERATED_CHAIN_H
 
+#include <map>
 #include <random>
 
 #include "support/chain.h"
@@ -24,6 +25,26 @@ inline std::vector<Schema> GenerateChain(std::mt19937& random) {
     if (kind < 5) row.super = used[random() % used.size()];
     if (kind == 5) row.super = "ENTITY" + std::to_string(random() % names);
     schemas[static_cast<std::size_t>(i) * schemas.size() / static_cast<std::size_t>(count)].rows.push_back(row);
+  }
+  return schemas;
+}
+
+// The same shapes, but no name stands twice: where the paths answer alike.
+inline std::vector<Schema> GenerateChainWithoutTwins(std::mt19937& random) {
+  std::vector<Schema> schemas = GenerateChain(random);
+  std::map<std::string, std::string> firstOfName;
+  int next = 0;
+  for (Schema& schema : schemas) {
+    for (Row& row : schema.rows) {
+      const std::string name = row.name + "_" + std::to_string(next++);
+      firstOfName.emplace(row.name, name);
+      row.name = name;
+    }
+  }
+  for (Schema& schema : schemas) {
+    for (Row& row : schema.rows) {
+      if (const auto found = firstOfName.find(row.super); found != firstOfName.end()) row.super = found->second;
+    }
   }
   return schemas;
 }

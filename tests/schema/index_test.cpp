@@ -16,6 +16,7 @@ using steprt_test::Chain;
 using steprt_test::CountAllocations;
 using steprt_test::FailingNew;
 using steprt_test::GenerateChain;
+using steprt_test::GenerateChainWithoutTwins;
 using steprt_test::Model;
 
 const APPentity* RowAt(const Chain& chain, int schema, int row) { return &chain.At(schema)->entities[row]; }
@@ -109,12 +110,7 @@ TEST(Index, IsBuiltOnceAndDroppedWithItsModel) {
 TEST(Index, AgreesWithTheWalkOnChainsWithoutTwins) {
   std::mt19937 random(7);
   for (int round = 0; round < 200; ++round) {
-    std::vector<steprt_test::Schema> schemas = GenerateChain(random);
-    int next = 0;
-    for (auto& schema : schemas) {
-      for (auto& row : schema.rows) row.name += "_" + std::to_string(next++);
-    }
-    const Chain chain(schemas);
+    const Chain chain(GenerateChainWithoutTwins(random));
     Model model(chain.Head());
     std::vector<APPentity*> rows;
     ForEachRow(chain.Head(), [&](APPentity& row) { rows.push_back(&row); });
