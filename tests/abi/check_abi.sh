@@ -7,6 +7,10 @@ library=$1
 headers=$2
 kept=$3
 
+for tool in abidw abidiff; do
+  command -v "$tool" >/dev/null || { echo "no $tool: install abigail-tools (script/setup does)" >&2 && exit 1; }
+done
+
 describe() {
   abidw --exported-interfaces-only --headers-dir "$headers" --drop-private-types --no-comp-dir-path --no-corpus-path \
     --no-show-locs --no-parameter-names --no-elf-needed --type-id-style hash "$library" |
