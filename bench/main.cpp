@@ -5,6 +5,7 @@
 //
 //   steprt_bench --benchmark_filter=/10k     some seconds: every task, small
 //   steprt_bench --benchmark_filter='^read/'
+//   steprt_bench --benchmark_filter='^schema/'   lookups and queries by type, for each size of a schema
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -68,6 +69,7 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   for (const int records : kSizes) RegisterAll(records);
   if (options.isFull) RegisterAll(kFullSize);
+  bench::RegisterSchemas();
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   bench::RemovePopulationFiles();

@@ -1,4 +1,5 @@
-// The tasks that are measured, each with its floor. Each registers its benchmarks, for populations of one size.
+// The tasks that are measured, each with its floor. Each but the last registers its benchmarks, for populations of one
+// size.
 #ifndef STEPRT_BENCH_TASKS_H
 #define STEPRT_BENCH_TASKS_H
 
@@ -12,6 +13,9 @@ void RegisterXml(int records);
 
 // How much dearer a record is in a large population than in one of 100 000.
 void RegisterGrowth(int records);
+
+// Lookups and queries in schemas of several sizes, the index against the walk.
+void RegisterSchemas();
 
 }  // namespace bench
 
