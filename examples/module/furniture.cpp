@@ -63,8 +63,7 @@ class Carrier : public STEPmodel {
   Carrier() { AppObj(&furniture); }
 };
 
-// ---- entries by number: 1 is free, LoadFunct fetches from 2
-// ----------------------------------------------------------
+// ---- entries by number: 1 is free, LoadFunct fetches from 2 --------------------------------------------------------
 
 int TypeOfFurniture() { return kFurniture; }
 

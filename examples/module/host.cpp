@@ -1,6 +1,9 @@
 // Attaches a module at run time, joins its schema to its own, reads a file that needs both, and lets go of the module.
+// At the end it looks whether the module has really gone.
 //
 //   attach_module MODULE [FOLDER]
+#include <dlfcn.h>
+
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -58,6 +61,12 @@ bool Run(Furniture& furniture, proj::Model& model, const std::string& path) {
   return furniture.Load() && ReadAndList(model, furniture, path);
 }
 
+bool IsLoaded(const char* path) {
+  void* module = dlopen(path, RTLD_LAZY | RTLD_NOLOAD);
+  if (module) dlclose(module);
+  return module != nullptr;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -75,5 +84,10 @@ int main(int count, char** arguments) {
   }
   proj::Schema()->next = nullptr;  // its descriptor goes with the module
   furniture->UnloadDLL(1);         // releases what AttachDll loaded, and deletes the object
+  if (IsLoaded(arguments[1])) {
+    std::printf("The module is still loaded\n");
+    return 1;
+  }
+  std::printf("The module has gone\n");
   return good ? 0 : 1;
 }
