@@ -27,8 +27,9 @@ set(STEPRT_SOURCES
     model/select.cpp
     model/string.cpp
     model/type_queries.cpp
-    read/number_index.cpp
+    read/entry_index.cpp
     read/element_index.cpp
+    read/lookahead.cpp
     read/transfer.cpp
     read/report.cpp
     read/instance_table.cpp

@@ -1,9 +1,11 @@
 // A file that is read through one block. The tokeniser scans inside the block, between Cursor and Limit; behind Limit
-// stands a line feed, which ends every scan, so that a scan looks for Limit only where it meets one.
+// stand eight line feeds, the first of which ends every scan, so that a scan looks for Limit only where it meets one
+// and may look at eight bytes at once.
 #ifndef STEPRT_PLATFORM_INPUT_FILE_H
 #define STEPRT_PLATFORM_INPUT_FILE_H
 
 #include <cstddef>
+#include <cstdint>
 
 namespace steprt {
 
@@ -22,6 +24,15 @@ class InputFile {
   const char* Limit() const { return limit_; }
   void MoveTo(const char* cursor) { cursor_ = cursor; }
 
+  // Blocks read so far; the one at hand is the last.
+  std::uint32_t Blocks() const { return blocks_; }
+
+  // How many times as long as the part in front of the cursor the file is; 1 where its size is not known.
+  double Growth() const {
+    const std::uint64_t passed = taken_ - static_cast<std::uint64_t>(limit_ - cursor_);
+    return size_ > passed && passed > 0 ? static_cast<double>(size_) / static_cast<double>(passed) : 1;
+  }
+
   // The next byte, read on from the file where the block ends; kEnd at the end of the file. A read that fails ends the
   // file.
   int Peek() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_) : kEnd; }
@@ -32,14 +43,20 @@ class InputFile {
 
  private:
   static constexpr std::size_t kBlock = 1 << 16;
+  static constexpr std::size_t kBehind = 8;
 
-  explicit InputFile(int handle) : handle_(handle) { block_[0] = '\n'; }
+  InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) { EndBlock(); }
+
+  void EndBlock();
 
   const int handle_;
+  const std::uint64_t size_;  // 0 where it is not known
+  std::uint64_t taken_ = 0;
+  std::uint32_t blocks_ = 0;
   bool ended_ = false;
   const char* cursor_ = block_;
   const char* limit_ = block_;
-  char block_[kBlock + 1];
+  char block_[kBlock + kBehind];
 };
 
 }  // namespace steprt

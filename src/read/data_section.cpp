@@ -19,7 +19,7 @@ void RefuseRecord(STEPtransfer* t, const char* message) {
 void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   if (!row.read || NextToken(t, '(', TOK_OPEN) != TOK_OPEN) return RefuseRecord(t, kSyntax);
   t->lastToken = kNoToken;
-  entry->object = row.read(t);
+  SetObject(entry, row.read(t));
   if (t->lastToken == TOK_SEMI) return;
   const int token = NextToken(t, ')', TOK_CLOSE);
   if (token == TOK_CLOSE) return;
@@ -27,9 +27,18 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   RefuseRecord(t, kSyntax);
 }
 
+// From the length of the records so far, now and again.
+void ExpectFurther(STEPtransfer* t) {
+  constexpr std::uint32_t kRecords = 16;
+  const std::uint32_t count = t->entries.Count();
+  if (count % kRecords == 0) t->entries.Expect(count * t->file.in->Growth());
+}
+
 // One record, whose number has been read. The number counts as used from here on, whatever becomes of the record.
 // False where the record breaks off before its keyword, as that of a complex instance does.
 bool ReadRecord(STEPtransfer* t, int number) {
+  t->lookahead.SeeRecord(number);
+  ExpectFurther(t);
   STEPentry* entry = RegisterEntry(t, number);
   if (!entry) return RefuseRecord(t, kOutOfMemory), true;
   if (NextToken(t, '=', TOK_EQUAL) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;

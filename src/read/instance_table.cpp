@@ -4,19 +4,16 @@
 
 namespace steprt {
 
-// A doubled number keeps its entry, so that the later record wins the table; the earlier instance stays in the model.
+// A doubled number keeps its row, so that the later record wins the table; the earlier instance stays in the model.
 STEPentry* RegisterEntry(STEPtransfer* t, int number) {
-  std::uint32_t* place = t->numbers.FindOrAdd(number);
-  if (!place) return nullptr;
-  if (*place != 0) {
+  if (STEPentry* entry = t->entries.Find(number)) {
     ReportError(t, kNumberUsed, number);
-    return &t->entryPool.At(*place - 1);
+    return entry;
   }
-  STEPentry* entry = t->entryPool.Make();
+  STEPentry* entry = t->entries.Add(number);
   if (!entry) return nullptr;
-  *place = t->entryPool.Count();
   STEPentry** bucket = &t->table[static_cast<unsigned>(number) % kTableBuckets];
-  *entry = {*bucket, number, nullptr};
+  entry->next = *bucket;
   return *bucket = entry;
 }
 

@@ -3,13 +3,17 @@
 #define STEPRT_READ_INSTANCE_TABLE_H
 
 #include "read/records.h"
+#include "steprt/instance.h"
 
 namespace steprt {
 
 // The number's entry, or null.
-inline STEPentry* FindEntry(STEPtransfer* t, int number) {
-  const std::uint32_t place = t->numbers.Find(number);
-  return place ? &t->entryPool.At(place - 1) : nullptr;
+inline STEPentry* FindEntry(STEPtransfer* t, int number) { return t->entries.Find(number); }
+
+// Stores what the record's read function has made; null for nothing.
+inline void SetObject(STEPentry* entry, STEPheader* object) {
+  entry->object = object;
+  if (object) entry->type = object->type;
 }
 
 // The number's entry, new or old; an old one is reported. Null when memory is exhausted.

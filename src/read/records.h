@@ -6,7 +6,8 @@
 #include "platform/input_file.h"
 #include "platform/output_file.h"
 #include "read/element_index.h"
-#include "read/number_index.h"
+#include "read/entry_index.h"
+#include "read/lookahead.h"
 #include "schema/lookup_cache.h"
 #include "steprt/aggregate.h"
 #include "steprt/schema.h"
@@ -31,13 +32,6 @@ enum {
 };
 
 inline constexpr int kNoToken = -1;
-
-// One row of the instance table.
-struct STEPentry {
-  STEPentry* next;     // next in bucket
-  int number;          // the instance number written in the file
-  STEPheader* object;  // null until the record's read function has returned, and for ever if it made none
-};
 
 // One pending forward reference.
 struct STEPfixup {
@@ -97,8 +91,8 @@ struct STEPtransfer {
   // Behind the record proper: what makes it fast. The results are those of the fields above.
   const char* listedSchema = nullptr;  // the name that was last found in `schemas`
   steprt::LookupCache lookups;
-  steprt::NumberIndex numbers;  // finds an entry of `table` without the walk of its bucket
-  steprt::Pool<STEPentry> entryPool;
+  steprt::EntryIndex entries;  // the rows of `table`
+  steprt::Lookahead lookahead;
   steprt::Pool<STEPfixup> fixupPool;
   steprt::ElementIndex elementIndex;  // of `elements`
 };

@@ -23,7 +23,7 @@ Settled SettleReference(STEPtransfer* t, int number, int expected, STEPheader** 
   if (!entry) return SettleLater(t, number, expected, slot);
   *slot = entry->object;
   if (!entry->object) return ReportNoObject(t, number), Settled::kFailed;
-  if (!t->lookups.IsSubtype(expected, entry->object->type)) ReportWrongType(t, entry->object);
+  if (!t->lookups.IsSubtype(expected, entry->type)) ReportWrongType(t, entry->object);
   return Settled::kKnown;
 }
 

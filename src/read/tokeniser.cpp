@@ -47,19 +47,18 @@ double WordToReal(std::string_view word, Digits digits, int exponent) {
 //
 // The fast road, which leaves the word in the block: gives TOK_INT or TOK_REAL, or kNoToken, with nothing read, for
 // every word that is longer than that, needs a closer look, or reaches the block's end.
-int ScanNumber(STEPtransfer* t) {
+int ScanNumber(STEPtransfer* t, const char* const start) {
   InputFile& in = *t->file.in;
-  const char* const start = in.Cursor() - 1;
   const char* p = start;
   if (*p == '-' || *p == '+') ++p;
   Digits digits = {0, 0};
-  p = ScanDigits(p, &digits);
+  p = ScanDigitsFast(p, &digits);
   int kind = TOK_INT;
   int exponent = 0;
   if (*p == '.') {
     kind = TOK_REAL;
     const std::ptrdiff_t whole = digits.count;
-    p = ScanDigits(p + 1, &digits);
+    p = ScanDigitsFast(p + 1, &digits);
     exponent = static_cast<int>(whole - digits.count);
   }
   if ((*p == 'E' || *p == 'e') && digits.count > 0) {
@@ -67,7 +66,7 @@ int ScanNumber(STEPtransfer* t) {
     const bool negative = p[1] == '-';
     p += p[1] == '-' || p[1] == '+' ? 2 : 1;
     Digits power = {0, 0};
-    p = ScanDigits(p, &power);
+    p = ScanDigitsFast(p, &power);
     if (power.count == 0 || power.count > kIntDigits) return kNoToken;
     exponent += negative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
   }
@@ -83,13 +82,14 @@ int ScanNumber(STEPtransfer* t) {
 }
 
 // The same for # and at most nine digits.
-int ScanReference(STEPtransfer* t) {
+int ScanReference(STEPtransfer* t, const char* const mark) {
   InputFile& in = *t->file.in;
   Digits digits = {0, 0};
-  const char* p = ScanDigits(in.Cursor(), &digits);
+  const char* p = ScanDigitsFast(mark + 1, &digits);
   if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || digits.count > kIntDigits) return kNoToken;
   t->value.integer = static_cast<int>(digits.value);
   in.MoveTo(p);
+  if (t->lookahead.IsDue()) t->lookahead.Ask(in, t->entries);
   return TOK_REF;
 }
 
@@ -205,10 +205,6 @@ int ClassifyWord(STEPtransfer* t) {
 }
 
 int WordToken(STEPtransfer* t, char first) {
-  if (IsIn(kStartsNumber, first)) {
-    const int kind = first == '#' ? ScanReference(t) : ScanNumber(t);
-    if (kind != kNoToken) return kind;
-  }
   t->buffer[0] = first;
   if (!ScanWord(t, t->buffer + 1)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   return ClassifyWord(t);
@@ -220,14 +216,14 @@ int TextToken(STEPtransfer* t) {
   return TOK_TEXT;
 }
 
-}  // namespace
+// A number or reference that starts here and ends inside the block; else kNoToken, with nothing read.
+int NumberToken(STEPtransfer* t, const char* start) {
+  if (!IsIn(kStartsNumber, *start)) return kNoToken;
+  return *start == '#' ? ScanReference(t, start) : ScanNumber(t, start);
+}
 
-int NextToken(STEPtransfer* t) {
-  if (t->pushedToken != kNoToken) {
-    const int kind = t->pushedToken;
-    t->pushedToken = kNoToken;
-    return kind;
-  }
+// Any token, blanks in front of it included.
+[[gnu::noinline]] int AnyToken(STEPtransfer* t) {
   const int c = SkipBlanks(t);
   switch (c) {
     case InputFile::kEnd:
@@ -248,8 +244,22 @@ int NextToken(STEPtransfer* t) {
     case '\'':
       return TextToken(t);
     default:
-      return WordToken(t, static_cast<char>(c));
+      break;
   }
+  const int kind = NumberToken(t, t->file.in->Cursor() - 1);
+  return kind != kNoToken ? kind : WordToken(t, static_cast<char>(c));
+}
+
+}  // namespace
+
+int NextToken(STEPtransfer* t) {
+  if (t->pushedToken != kNoToken) {
+    const int kind = t->pushedToken;
+    t->pushedToken = kNoToken;
+    return kind;
+  }
+  const int kind = NumberToken(t, t->file.in->Cursor());
+  return kind != kNoToken ? kind : AnyToken(t);
 }
 
 }  // namespace steprt

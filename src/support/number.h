@@ -2,7 +2,10 @@
 #ifndef STEPRT_SUPPORT_NUMBER_H
 #define STEPRT_SUPPORT_NUMBER_H
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "support/ascii.h"
@@ -26,6 +29,32 @@ inline constexpr int kMantissaDigits = 19;  // that always fit 64 bits
 inline const char* ScanDigits(const char* p, Digits* digits) {
   for (; IsDigit(*p); ++p, ++digits->count) digits->value = digits->value * 10 + static_cast<unsigned>(*p - '0');
   return p;
+}
+
+inline constexpr std::size_t kScanReach = 8;  // bytes from p on that must be readable for the following
+inline constexpr unsigned long long kEightPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+
+// The same eight digits at a time, and without a guess at each of them: the bytes behind p are looked at wherever the
+// digits end.
+inline const char* ScanDigitsFast(const char* p, Digits* digits) {
+  if constexpr (std::endian::native != std::endian::little) return ScanDigits(p, digits);
+  for (;;) {
+    std::uint64_t bytes;
+    std::memcpy(&bytes, p, sizeof bytes);
+    bytes ^= 0x3030303030303030;
+    const std::uint64_t others = ((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080;
+    const int count = std::countr_zero(others) / 8;
+    if (count == 0) return p;
+    bytes <<= 64 - 8 * count;  // the digits to the end, zeros in front of them
+    bytes = bytes * 10 + (bytes >> 8);
+    bytes =
+        ((bytes & 0x000000FF000000FF) * 0x000F424000000064 + (bytes >> 16 & 0x000000FF000000FF) * 0x0000271000000001) >>
+        32;
+    digits->value = digits->value * kEightPowers[count] + bytes;
+    digits->count += count;
+    p += count;
+    if (count < 8) return p;
+  }
 }
 
 // Blanks, a sign, digits: as far as they go, 0 when there are none. Out of range it saturates.

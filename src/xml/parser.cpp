@@ -149,7 +149,7 @@ SaxResult XmlParser::EndElement() {
 
 void XmlParser::ReadInstance() {
   if (!entry || !row || !row->read) return;
-  entry->object = row->read(transfer);
+  SetObject(entry, row->read(transfer));
   if (entry->object) entry->object->number = entry->number;
 }
 

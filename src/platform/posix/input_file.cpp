@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <new>
 
 #include "platform/posix/file_calls.h"
@@ -16,12 +17,16 @@ InputFile* InputFile::OpenOrNull(const char* name) {
   if (handle < 0) return nullptr;
   struct stat status;
   const bool readable = ::fstat(handle, &status) == 0 && !S_ISDIR(status.st_mode);
-  InputFile* file = readable ? new (std::nothrow) InputFile(handle) : nullptr;
+  InputFile* file = readable ? new (std::nothrow) InputFile(
+                                   handle, S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0)
+                             : nullptr;
   if (!file) ::close(handle);
   return file;
 }
 
 InputFile::~InputFile() { ::close(handle_); }
+
+void InputFile::EndBlock() { std::memset(block_ + (limit_ - block_), '\n', kBehind); }
 
 bool InputFile::Refill() {
   if (ended_) return false;
@@ -31,9 +36,11 @@ bool InputFile::Refill() {
   } while (count < 0 && errno == EINTR);
   ended_ = count <= 0;
   if (ended_) count = 0;
+  ++blocks_;
+  taken_ += static_cast<std::uint64_t>(count);
   cursor_ = block_;
   limit_ = block_ + count;
-  block_[count] = '\n';
+  EndBlock();
   return count > 0;
 }
 

@@ -1,0 +1,54 @@
+#include "read/lookahead.h"
+
+#include <cstddef>
+#include <cstring>
+
+#include "support/number.h"
+
+namespace steprt {
+namespace {
+
+constexpr int kBatch = 8;  // numbers that are asked for together
+
+}  // namespace
+
+// A small table lies in the cache anyway.
+void Lookahead::SeeRecord(int number) {
+  constexpr std::uint32_t kReviewed = 256;
+  constexpr std::uint32_t kNear = 1024;
+  constexpr std::uint32_t kSmall = 1 << 13;
+  const auto bits = static_cast<std::uint32_t>(number);
+  if (bits - lastNumber_ + kNear > 2 * kNear) ++farRecords_;
+  lastNumber_ = bits;
+  if (++records_ % kReviewed != 0) return;
+  isOn_ = farRecords_ > kReviewed / 4 && records_ > kSmall;
+  farRecords_ = 0;
+}
+
+// Whatever begins behind the cursor is begun anew: another block, or a part that was passed over. From there on there
+// is always a batch between what is asked for and what is read.
+void Lookahead::Ask(const InputFile& in, const EntryIndex& entries) {
+  if (block_ != in.Blocks() || scanned_ < in.Cursor()) {
+    block_ = in.Blocks();
+    scanned_ = in.Cursor();
+    AskForBatch(in.Limit(), entries);
+  }
+  AskForBatch(in.Limit(), entries);
+  left_ = kBatch;
+}
+
+void Lookahead::AskForBatch(const char* limit, const EntryIndex& entries) {
+  for (int i = 0; i < kBatch; ++i) {
+    const auto length = static_cast<std::size_t>(limit - scanned_);
+    const auto* mark = static_cast<const char*>(std::memchr(scanned_, '#', length));
+    if (!mark) {
+      scanned_ = limit;
+      return;
+    }
+    Digits digits = {0, 0};
+    scanned_ = ScanDigitsFast(mark + 1, &digits);
+    entries.Prefetch(static_cast<int>(digits.value));
+  }
+}
+
+}  // namespace steprt
