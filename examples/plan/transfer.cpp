@@ -5,6 +5,8 @@
 namespace plan {
 namespace {
 
+bool keepsNullMarks = false;  // a row's functions are plain ones, so it is one of the process
+
 class Reader : public Attributes {
  public:
   explicit Reader(STEPtransfer* transfer) : t(transfer) {}
@@ -12,7 +14,7 @@ class Reader : public Attributes {
   // The text lives until the next reader is called; the assignment copies it. XML writes an omitted text as `$`.
   void Text(const char* name, STEPstring& value) override {
     const char* text = rSTEPtext(t, name);
-    value = std::strcmp(text, "$") == 0 ? "" : text;
+    value = std::strcmp(text, "$") == 0 && !keepsNullMarks ? "" : text;
   }
   void Integer(const char* name, int& value) override { value = rSTEPint(t, name); }
   void Real(const char* name, double& value) override { value = rSTEPreal(t, name); }
@@ -61,6 +63,9 @@ class Writer : public Attributes {
 };
 
 }  // namespace
+
+KeepNullMarks::KeepNullMarks() { keepsNullMarks = true; }
+KeepNullMarks::~KeepNullMarks() { keepsNullMarks = false; }
 
 void ReadAttributes(STEPtransfer* transfer, Entity& entity) {
   Reader reader(transfer);
