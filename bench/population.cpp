@@ -135,7 +135,10 @@ class Writer {
   void PutDecimals(int digits) {
     char room[32];
     const double value = Between(-9999999, 9999999) / 1000.0;
-    text_.append(room, std::to_chars(room, room + sizeof room, value, std::chars_format::fixed, digits).ptr);
+    const char* const end = std::to_chars(room, room + sizeof room, value, std::chars_format::fixed, digits).ptr;
+    std::string_view text(room, static_cast<std::size_t>(end - room));
+    if (text.find_first_of("123456789") == text.npos) text.remove_prefix(text[0] == '-' ? 1 : 0);  // no -0
+    text_ += text;
   }
 
   void PutLongReal() {
