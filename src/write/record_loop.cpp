@@ -30,13 +30,11 @@ bool IsStreamSound(STEPtransfer* t, bool empty) {
   return !t->file.out->HasFailed() || Refuse(t, kErrorWritingFile, false);
 }
 
-}  // namespace
-
-int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
-  ClearNumbers(first);
+int WriteEach(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
   int count = 0;
   for (STEPheader* object = first; object; object = object->next) {
     if (!WriteRecord(t, object, form)) continue;
+    t->file.out->Mark();
     if (!IsStreamSound(t, count == 0)) return kFailed;
     ++count;
     ++t->line;
@@ -44,6 +42,16 @@ int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
   if (count == 0) return 0;
   --t->line;  // a report now is about the last record
   return IsStreamSound(t, true) ? count : kFailed;
+}
+
+}  // namespace
+
+int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
+  ClearNumbers(first);
+  t->file.out->Mark();  // the head
+  const int count = WriteEach(t, first, form);
+  t->file.out->CutBack();
+  return count;
 }
 
 }  // namespace steprt

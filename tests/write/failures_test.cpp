@@ -7,7 +7,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <memory>
 
+#include "platform/output_file.h"
 #include "support/faulty_calls.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
@@ -66,28 +68,78 @@ TEST_F(WriteFailures, AFileThatCannotBeMadeIsReported) {
   }
 }
 
-TEST_F(WriteFailures, OnePassingFailureEndsTheRecordsAndTheTailIsWrittenAllTheSame) {
-  Fill(100, 3000);
-  const std::string sound = TempPath("sound.stp");
-  ASSERT_EQ(Write(sound), 100);
-  const std::string bytes = BytesOf(sound);
-  for (const long failing : {1L, 2L, 4L}) {
-    const std::string path = TempPath("failing" + std::to_string(failing) + ".stp");
+// The head of a written file and its first records.
+std::string UpToRecord(const std::string& bytes, int records) {
+  std::size_t end = bytes.find("DATA;\n") + 6;
+  for (int i = 0; i < records; ++i) end = bytes.find('\n', end) + 1;
+  return bytes.substr(0, end);
+}
+
+TEST_F(WriteFailures, OnePassingFailureLeavesWholeRecordsAndTheTail) {
+  constexpr int kAll = 1 << 20;
+  const struct {
+    int count;
+    std::size_t size;
+    long failing;
+    int atMost;   // bytes that one call writes
+    int records;  // that are left; -1: not even the head
+  } rows[] = {{100, 3000, 1, kAll, -1}, {100, 3000, 2, kAll, 1},   {100, 3000, 4, kAll, 44},
+              {100, 3000, 3, 1000, 0},  {100, 3000, 3, 50000, 17}, {100, 3000, 4, 50000, 22},
+              {3, 200000, 2, kAll, 0},  {3, 200000, 6, kAll, 1},   {30000, 1, 4, kAll, 6609}};
+  std::string path = TempPath("passing.stp");
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.size << " bytes, call " << row.failing << " of " << row.atMost);
+    model_.Delete();
+    Fill(row.count, row.size);
+    ASSERT_EQ(Write(path), row.count);
+    const std::string sound = MaskedBytesOf(path);
     {
-      const FaultyCalls calls({.failing = failing, .error = EIO});
+      const FaultyCalls calls({.failing = row.failing, .error = EIO, .atMost = [&] { return row.atMost; }});
       EXPECT_EQ(Write(path), -1);
       EXPECT_TRUE(calls.HasFailed());
     }
     ASSERT_EQ(reports_.size(), 1u);
     EXPECT_EQ(reports_[0].substr(reports_[0].find(' ')), " [PROBE]error writing file");
-    const std::string left = BytesOf(path);
-    ASSERT_GE(left.size(), sizeof kTail - 1);
-    EXPECT_EQ(left.substr(left.size() - (sizeof kTail - 1)), kTail);
-    EXPECT_LT(left.size(), bytes.size());
-    // Behind the names of the files: the bytes in front of the failing block are there.
-    const auto records = [](const std::string& file) { return file.substr(file.find("DATA;"), 3000); };
-    EXPECT_EQ(failing > 1, left.find("DATA;") != std::string::npos && records(left) == records(bytes));
+    EXPECT_EQ(MaskedBytesOf(path), (row.records < 0 ? "" : UpToRecord(sound, row.records)) + kTail);
   }
+}
+
+TEST(OutputFile, OfMorePiecesThanItKeepsTheFirstAndTheLastCount) {
+  const std::string path = TempPath("pieces");
+  using steprt::OutputFile;
+  const std::unique_ptr<OutputFile> file(OutputFile::CreateOrNull(path.c_str(), OutputFile::Sharing::kAll));
+  ASSERT_TRUE(file);
+  const FaultyCalls calls({.failing = 3, .error = EIO, .atMost = [] { return 10001; }});
+  for (int i = 0; i < 20000; ++i) {
+    file->Put("a\n");
+    file->Mark();
+    if (i == 4999) file->Flush();
+  }
+  file->Flush();
+  ASSERT_TRUE(file->HasFailed());
+  file->CutBack();
+  file->Put("end");
+  file->Flush();
+  std::string expected;
+  for (int i = 0; i < 9095; ++i) expected += "a\n";
+  EXPECT_EQ(BytesOf(path), expected + "end");
+}
+
+// Half a record stays there, on lines of its own.
+TEST_F(WriteFailures, WhereNothingCanBeCutOffTheTailStandsOnANewLine) {
+  Fill(1, 3000);
+  const std::string pipe = TempPath("passing-pipe.stp");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  {
+    const FaultyCalls calls({.failing = 3, .error = EIO, .atMost = [] { return 1000; }});
+    EXPECT_EQ(Write(pipe), -1);
+  }
+  std::string bytes(4000, '\0');
+  bytes.resize(static_cast<std::size_t>(read(reader, bytes.data(), bytes.size())));
+  close(reader);
+  EXPECT_EQ(bytes.substr(1990), std::string("xxxxxxxxxx\n") + kTail);
 }
 
 TEST_F(WriteFailures, ADeviceThatStaysBrokenGivesOneReport) {

@@ -45,16 +45,17 @@ class QuietSignals {
   sigset_t before_;
 };
 
-bool WriteAll(int handle, const char* bytes, std::size_t size) {
+// Gives how many bytes were written: all, unless that failed.
+std::size_t WriteAll(int handle, const char* bytes, std::size_t size) {
   const QuietSignals quiet;
-  while (size > 0) {
-    const ssize_t count = fileCalls.write(handle, bytes, size);
+  std::size_t written = 0;
+  while (written < size) {
+    const ssize_t count = fileCalls.write(handle, bytes + written, size - written);
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
-    bytes += count;
-    size -= static_cast<std::size_t>(count);
+    if (count <= 0) break;
+    written += static_cast<std::size_t>(count);
   }
-  return true;
+  return written;
 }
 
 // A device, a pipe or the like has no length to cut.
@@ -98,8 +99,21 @@ void OutputFile::Put(std::string_view text) {
 }
 
 void OutputFile::Flush() {
-  if (used_ > 0 && !WriteAll(handle_, block_, used_)) failed_ = true;
-  used_ = 0;
+  if (used_ > 0 && !failed_) {
+    const std::size_t count = WriteAll(handle_, block_, used_);
+    while (marks_ > 0 && ends_[marks_ - 1] > count) --marks_;
+    if (marks_ > 0) whole_ = written_ + ends_[marks_ - 1];
+    written_ += static_cast<std::int64_t>(count);
+    failed_ = count < used_;
+  }
+  used_ = marks_ = 0;
+}
+
+void OutputFile::CutBack() {
+  if (!failed_) return;
+  failed_ = false;
+  used_ = marks_ = 0;
+  if (::ftruncate(handle_, whole_) != 0 || ::lseek(handle_, whole_, SEEK_SET) != whole_) Put('\n');
 }
 
 }  // namespace steprt
