@@ -95,7 +95,8 @@ class STEPRT_API STEPmodel {
   // up. Without an XML service: 0, after one message in a message box.
   int ReadXml(const char* text);
 
-  // Writes the instances as an XML document. Arguments and result as those of Write.
+  // Writes the instances as an XML document. Arguments and result as those of Write. A file to which a clear-text
+  // writer writes counts as one that cannot be made; two XML writers share theirs.
   int WriteXml(char* fileName, const char* remark);
 
   // Takes one off the error budget of the running transfer: 1 while there was one left, else 0. For an error procedure

@@ -19,7 +19,7 @@
 extern "C" {
 
 // Writes a chain of instances as a clear-text file (ISO 10303-21). While it runs, the file is locked (an advisory
-// lock): another STEPwrite to it reports "Can't create file" and leaves it whole.
+// lock): another writer to it, of XML too, reports "Can't create file" and leaves it whole.
 //
 //   fileName  ".stp" is added for opening when what stands behind its last backslash has no dot
 //   remark    the last text of FILE_DESCRIPTION, unchanged

@@ -6,8 +6,8 @@
 
 namespace steprt {
 
-// Writes a chain of instances as an XML document. Arguments, results and reports are those of STEPwrite, but no lock is
-// taken on the file.
+// Writes a chain of instances as an XML document. Arguments, results and reports are those of STEPwrite, but other XML
+// writers may write to the file meanwhile.
 int STEPwriteXml(char* fileName, const char* remark, STEPheader* first, APPobject0* schema);
 
 }  // namespace steprt

@@ -179,14 +179,17 @@ TEST_F(WriteFailures, ShortAndInterruptedWritesLoseNothing) {
 TEST_F(WriteFailures, ASecondWriterIsRefusedAndTheFirstOnesFileStaysWhole) {
   std::string path = TempPath("locked.stp");
   int second = 0;
+  int document = 0;
   SetProbe({"", -1, {}, [&](STEPtransfer* t) {
               wSTEPint(t, "A", 1);
               second = STEPwrite(path.data(), "", nullptr, ProjSchema());
+              document = ProjModel().WriteXml(path.data(), "");
             }});
   new Entity(kProbe, &model_);
   EXPECT_EQ(Write(path), 1);
   EXPECT_EQ(second, -1);
-  EXPECT_EQ(reports_, Texts{"(1) [Write]Can't create file"});
+  EXPECT_EQ(document, -1);
+  EXPECT_EQ(reports_, (Texts{"(1) [Write]Can't create file", "(1) [Write]Can't create file"}));
   EXPECT_NE(BytesOf(path).find("DATA;\n#1 = PROBE(1);\nENDSEC;"), std::string::npos);
   SetProbe({});
   EXPECT_EQ(Write(path), 1) << "the lock goes with the writer";

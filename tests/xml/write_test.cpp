@@ -255,14 +255,20 @@ TEST(XmlWrite, AFileThatCannotBeMadeIsReported) {
   EXPECT_EQ(TakeReports(path), Texts{"(1) [Write]Can't create file"});
 }
 
-TEST(XmlWrite, OthersMayWriteToTheFileMeanwhile) {
+TEST(XmlWrite, OnlyXmlMayBeWrittenToTheFileMeanwhile) {
   ProjModel model;
   new Entity(kProbe, &model);
   std::string path = TempPath("shared.xml");
-  int result = -2;
-  SetProbe({"", -1, {}, [&](STEPtransfer*) { result = ProjModel().WriteXml(path.data(), nullptr); }});
+  int document = -2;
+  int clearText = -2;
+  SetProbe({"", -1, {}, [&](STEPtransfer*) {
+              document = ProjModel().WriteXml(path.data(), nullptr);
+              clearText = ProjModel().Write(path.data(), nullptr);
+            }});
   EXPECT_EQ(model.WriteXml(path.data(), nullptr), 1);
-  EXPECT_EQ(result, 0);
+  EXPECT_EQ(document, 0);
+  EXPECT_EQ(clearText, -1);
+  EXPECT_EQ(TakeReports(path), Texts{"(1) [Write]Can't create file"});
   SetProbe({});
 }
 

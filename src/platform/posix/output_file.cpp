@@ -76,8 +76,8 @@ OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
 bool OutputFile::Open(const char* name, Sharing sharing) {
   handle_ = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
   if (handle_ < 0) return false;
-  const bool locks = sharing == Sharing::kDenyWrite;
-  const bool taken = locks && ::flock(handle_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  const int lock = sharing == Sharing::kDenyWrite ? LOCK_EX : LOCK_SH;
+  const bool taken = ::flock(handle_, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   return !taken && Empty(handle_);
 }
 
