@@ -1,5 +1,7 @@
 #include "steprt/model.h"
 
+#include <climits>
+
 #include "steprt/instance.h"
 #include "steprt/text.h"
 
@@ -112,6 +114,10 @@ int STEPmodel::GetEntId() {
   return lastId;
 }
 
-int STEPmodel::ErrShow() { return errorsLeft-- > 0 ? 1 : 0; }
+int STEPmodel::ErrShow() {
+  const bool isLeft = errorsLeft > 0;
+  if (errorsLeft > INT_MIN) --errorsLeft;
+  return isLeft ? 1 : 0;
+}
 
 void STEPmodel::ErrShow(int limit) { errorLimit = limit; }

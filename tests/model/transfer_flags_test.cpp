@@ -1,6 +1,8 @@
 // Read and Write of a model: names, flags, the current model and the error budget, before, during and after.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 
@@ -109,9 +111,11 @@ TEST_F(TransferFlags, TheErrorBudgetIsFilledByEachTransfer) {
   EXPECT_EQ(model.errorsLeft, -13) << "every call takes one";
   model.Write(path.data(), nullptr);
   EXPECT_EQ(budget(), 7);
-  model.ErrShow(-1);
-  model.Read(false, path.data());
-  EXPECT_EQ(budget(), 0);
+  for (const int limit : {-1, INT_MIN + 5, INT_MIN}) {
+    model.ErrShow(limit);
+    model.Read(false, path.data());
+    EXPECT_EQ(budget(), 0) << limit;
+  }
 }
 
 }  // namespace
