@@ -17,7 +17,7 @@ const char* QuoteFileName(TextBuffer& room, const char* name) {
     if (*c == '\'') room.Add('\'');
     room.Add(*c);
   }
-  return room.Text();
+  return room.IsCut() ? "" : room.Text();
 }
 
 const char* CommentFileName(TextBuffer& room, const char* name) {
