@@ -26,15 +26,15 @@ class STEPRT_API STEPmodel {
   // The current model stays. A null `other` gives a model without a schema.
   explicit STEPmodel(STEPmodel* other);
 
-  // Copies all fields. A snapshot only: the instances stay those of the source, and the copy's end leaves them alone as
-  // long as the source lives.
+  // Copies all fields. A snapshot only: the instances stay those of the source, and the copy's end, or Delete on it,
+  // leaves them alone. It looks at the first of them, so it must come before that one is destroyed.
   STEPmodel(const STEPmodel& other);
 
   // Destroys the instances and, unless the schema came from another model, drops the schema's index. The current model
   // is not touched: when it is this one, set another, or null, before anything relies on it.
   virtual ~STEPmodel();
 
-  // Copies all fields. Instances that the target had are not destroyed.
+  // Copies all fields, as the copy constructor does. Instances that the target had are not destroyed.
   STEPmodel& operator=(const STEPmodel& other);
 
   // The file name that Read and Write use by default. Cut at 260 characters, silently. A null text changes nothing.
