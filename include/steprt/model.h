@@ -79,7 +79,8 @@ class STEPRT_API STEPmodel {
   //
   // Gives the number of errors reported; 0 is a clean read. What was read before or beside an error stays. While it
   // runs, the model is locked and is the current one. After the XML pass the result is that of ReadXml. Without a
-  // schema, or without memory for the transfer, nothing is read and the result is 1.
+  // schema nothing is read and the result is 1. A pass without memory for its transfer reads and reports nothing; its
+  // result is 1 in clear text and 0 in XML.
   int Read(bool check, char* name);
 
   // Writes the instances as an ISO 10303-21 clear-text file.
@@ -92,7 +93,8 @@ class STEPRT_API STEPmodel {
 
   // Reads an XML document: `text`, or, when that is null, the file of the model's name. Gives the number of errors
   // reported; a document that is not well formed, or a file that cannot be opened, sets -1, which later reports count
-  // up. Without an XML service: 0, after one message in a message box.
+  // up. Without an XML service: 0, after one message in a message box. Without a schema: 1. Without memory for the
+  // transfer: 0, in silence.
   int ReadXml(const char* text);
 
   // Writes the instances as an XML document. Arguments and result as those of Write. A file to which a clear-text
