@@ -39,8 +39,9 @@ STEPRT_API int STEPwrite(char* fileName, const char* remark, STEPheader* first, 
 STEPRT_API const char* STEPversion();
 
 // ---- values ---------------------------------------------------------------------------------------------------------
-// Reals are written with six significant digits. An infinity or a NaN is written as a word that no reader takes for a
-// number.
+// Reals are written with six significant digits. An infinity or a NaN is written as a word: inf, -inf, nan or -nan. In
+// clear text the two with a sign are read back as numbers, and those without are names, which no reader of numbers
+// takes. In XML rSTEPreal and xrSTEPaggrPrim read back all four.
 
 STEPRT_API void wSTEPtext(STEPtransfer* t, const char* name, const char* text);  // null is written as `$`
 // Without a name these two print a bare number in XML too, where readers drop it.
