@@ -8,6 +8,7 @@
 #include <steprt/instance.h>
 #include <steprt/library.h>
 #include <steprt/model.h>
+#include <steprt/module.h>
 #include <steprt/read.h>
 #include <steprt/schema.h>
 #include <steprt/select.h>
