@@ -73,6 +73,8 @@ class STEPRT_API STEPmodel {
   // Reads an ISO 10303-21 clear-text file and appends its instances. If the model is still empty then, the same file
   // is read as XML.
   //
+  // A FIFO is waited for until somebody writes to it. An empty model that it leaves empty waits once more, for the XML.
+  //
   //   check  read the DATA section only if FILE_SCHEMA names the model's schema
   //   name   becomes the model's name; null: the model's own is used. ".stp" is added for opening when what stands
   //          behind its last backslash has no dot

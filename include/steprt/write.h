@@ -27,9 +27,10 @@ extern "C" {
 //   schema    head of the descriptor chain; null: nothing is written, the result is -1
 //
 // Gives the number of records written, or -1 when there is no memory for the transfer, when the file cannot be made
-// ("Can't create file"), or when the stream failed ("error writing file"). An instance whose type has no row costs
-// "Unknown STEP object" and is left out; one whose row has no write function is left out in silence. Numbers are given
-// out at first need, so they do not rise in the order of the file. Failures behind the last record are not seen.
+// ("Can't create file"; a FIFO that nobody reads is such a one), or when the stream failed ("error writing file"). An
+// instance whose type has no row costs "Unknown STEP object" and is left out; one whose row has no write function is
+// left out in silence. Numbers are given out at first need, so they do not rise in the order of the file. Failures
+// behind the last record are not seen.
 //
 // A reference to an instance outside of the chain, or to one without a write function, gets a number that no record of
 // the file bears; the former may still hold the number of an earlier file, which another instance bears in this one.

@@ -13,9 +13,9 @@ class OutputFile {
  public:
   enum class Sharing { kAll, kDenyWrite };
 
-  // Creates the file or empties it; null when that fails or memory is exhausted. An advisory lock is taken before the
-  // file is emptied and held until it is closed: writers with kAll share it, one with kDenyWrite has it alone, and a
-  // writer that cannot have it gets null. For delete.
+  // Creates the file or empties it; null when that fails, as with a FIFO that nobody reads, or memory is exhausted. An
+  // advisory lock is taken before the file is emptied and held until it is closed: writers with kAll share it, one with
+  // kDenyWrite has it alone, and a writer that cannot have it gets null. For delete.
   [[nodiscard]] static OutputFile* CreateOrNull(const char* name, Sharing sharing);
 
   // Writes what the block holds and closes the file.

@@ -6,8 +6,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <memory>
+#include <thread>
 
 #include "platform/output_file.h"
 #include "support/faulty_calls.h"
@@ -62,7 +65,9 @@ TEST_F(WriteFailures, AFullDeviceIsReportedOnceHoweverMuchIsWritten) {
 
 TEST_F(WriteFailures, AFileThatCannotBeMadeIsReported) {
   Fill(1, 1);
-  for (const char* path : {"/nowhere/a.stp", "/tmp/."}) {
+  const std::string unread = TempPath("unread.stp");
+  ASSERT_EQ(mkfifo(unread.c_str(), 0600), 0);
+  for (const std::string& path : {std::string("/nowhere/a.stp"), std::string("/tmp/."), unread}) {
     EXPECT_EQ(Write(path), -1) << path;
     EXPECT_EQ(reports_, Texts{"(1) [Write]Can't create file"}) << path;
   }
@@ -193,6 +198,28 @@ TEST_F(WriteFailures, ASecondWriterIsRefusedAndTheFirstOnesFileStaysWhole) {
   EXPECT_NE(BytesOf(path).find("DATA;\n#1 = PROBE(1);\nENDSEC;"), std::string::npos);
   SetProbe({});
   EXPECT_EQ(Write(path), 1) << "the lock goes with the writer";
+}
+
+TEST_F(WriteFailures, APipeThatIsFullIsWaitedFor) {
+  Fill(20, 10000);
+  const std::string pipe = TempPath("full-pipe.stp");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const int end = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(end, 0);
+  fcntl(end, F_SETFL, 0);
+  std::string bytes;
+  std::thread reader([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));  // longer than it takes to fill the pipe
+    char block[4096];
+    for (ssize_t count; (count = read(end, block, sizeof block)) > 0;) {
+      bytes.append(block, static_cast<std::size_t>(count));
+    }
+  });
+  EXPECT_EQ(Write(pipe), 20);
+  reader.join();
+  close(end);
+  EXPECT_EQ(std::count(bytes.begin(), bytes.end(), 'x'), 20 * 10000);
+  EXPECT_EQ(bytes.substr(bytes.size() - (sizeof kTail - 1)), kTail);
 }
 
 TEST_F(WriteFailures, AClosedPipeAndASizeLimitDoNotEndTheProgram) {

@@ -73,9 +73,10 @@ OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
   return file && file->Open(name, sharing) ? file.release() : nullptr;
 }
 
+// O_NONBLOCK makes a FIFO that nobody reads fail instead of waiting, and goes again so that writes wait.
 bool OutputFile::Open(const char* name, Sharing sharing) {
-  handle_ = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666);
-  if (handle_ < 0) return false;
+  handle_ = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+  if (handle_ < 0 || ::fcntl(handle_, F_SETFL, 0) != 0) return false;
   const int lock = sharing == Sharing::kDenyWrite ? LOCK_EX : LOCK_SH;
   const bool taken = ::flock(handle_, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   return !taken && Empty(handle_);
