@@ -225,6 +225,65 @@ TEST_F(Documents, AnEntityInsideItselfIsRefused) {
             Texts{"recursive entity reference (line 1, column 78)"});
 }
 
+// Each entity holds the one before it, so what the last one stands for is found that deep in the parser.
+TEST_F(Documents, EntitiesInsideOneAnotherHaveALimit) {
+  const auto chain = [](int size) {
+    std::string head = "<!DOCTYPE PROJ [\n<!ENTITY a0 '1'>\n";
+    for (int i = 1; i < size; ++i) {
+      head += "<!ENTITY a" + std::to_string(i) + " '&a" + std::to_string(i - 1) + ";'>\n";
+    }
+    return head + "]>";
+  };
+  for (const int size : {256, 257, 24'000}) {
+    const std::string last = "&a" + std::to_string(size - 1) + ";";
+    const std::pair<std::string, const char*> rows[] = {{ProbeDocument("<A>" + last + "</A>"), "PROBE('1')"},
+                                                        {InRoot("<PERSON rid='#" + last + "'/>"), "PERSON(0)"}};
+    for (const auto& [body, instance] : rows) {
+      const Outcome wanted = size <= 256 ? Outcome{0, {}, {instance}}
+                                         : Outcome{-1, {"too many entities declared (line 258, column 15)"}, {}};
+      EXPECT_EQ(ReadDocument(chain(size) + body), wanted) << size << ' ' << instance;
+    }
+  }
+}
+
+struct DeclarationRow {
+  std::string name;   // of the attribute; a number follows
+  const char* value;  // behind its name
+  int count;
+  const char* refusal;  // "" for none
+};
+
+// Every tag of an element lets the parser go through the attributes that are declared of it, with their names.
+TEST_F(Documents, DeclaredAttributesHaveALimit) {
+  const std::string name62(62, 'x');
+  const std::string name63(63, 'x');
+  const std::string prefix60 = "q:" + std::string(60, 'x');
+  const std::string prefix61 = "q:" + std::string(61, 'x');
+  const DeclarationRow rows[] = {
+      {"b", "CDATA #IMPLIED", 1024, ""},
+      {"b", "CDATA #IMPLIED", 1025, "too many attributes declared (line 1026, column 25)"},
+      {"b", "CDATA 'x'", 8, ""},
+      {"b", "CDATA 'x'", 9, "too many defaults of attributes declared (line 10, column 22)"},
+      {"b", "CDATA #FIXED 'x'", 9, "too many defaults of attributes declared (line 10, column 29)"},
+      {"xmlns:b", "CDATA 'x'", 9, "too many defaults of attributes declared (line 10, column 28)"},
+      {name62, "CDATA 'x'", 1, ""},
+      {name63, "CDATA #IMPLIED", 10, ""},
+      {name63, "CDATA #IMPLIED", 11, "too long a name of an attribute declared (line 12, column 85)"},
+      {prefix60, "CDATA 'x'", 1, ""},
+      {prefix61, "CDATA 'x'", 1, ""},
+      {prefix61 + "x", "CDATA 'x'", 1, "too long a name of an attribute declared (line 2, column 85)"},
+  };
+  for (const DeclarationRow& row : rows) {
+    std::string head = "<!DOCTYPE PROJ [\n";
+    for (int i = 0; i < row.count; ++i) {
+      head += "<!ATTLIST a " + row.name + std::to_string(i) + " " + row.value + ">\n";
+    }
+    const Outcome wanted = *row.refusal ? Outcome{-1, {row.refusal}, {}} : Outcome{0, {}, {"PERSON(41)"}};
+    head += "]>\n<PROJ xmlns:q='urn:q'><PERSON rid='#1'><Age>4<a/>1</Age></PERSON></PROJ>";
+    EXPECT_EQ(ReadDocument(head), wanted) << row.name << ' ' << row.value << ' ' << row.count;
+  }
+}
+
 TEST_F(Documents, ANestOfAMillionElementsIsRead) {
   constexpr int kMany = 1'000'000;
   std::string open;
@@ -289,8 +348,8 @@ TEST_F(Documents, ANameOfANamespaceHasALimit) {
   const auto document = [](std::size_t size) {
     return "<PROJ xmlns='" + std::string(size, 'x') + "'>" + kPersonEntity + "</PROJ>";
   };
-  EXPECT_EQ(ReadDocument(document(4096)), (Outcome{0, {}, {"PERSON(41)"}}));
-  EXPECT_EQ(ReadDocument(document(4097)), (Outcome{-1, {"too long a name of a namespace (line 1, column 4113)"}, {}}));
+  EXPECT_EQ(ReadDocument(document(512)), (Outcome{0, {}, {"PERSON(41)"}}));
+  EXPECT_EQ(ReadDocument(document(513)), (Outcome{-1, {"too long a name of a namespace (line 1, column 529)"}, {}}));
 }
 
 // Each takes minutes when every block of the file lets the whole token be scanned again.

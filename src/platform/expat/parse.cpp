@@ -21,7 +21,14 @@ const XML_Char* LocalPart(const XML_Char* name) {
 }
 
 // The address stands in every name that Expat gives, so a long one would be walked for every tag.
-constexpr std::size_t kLongestAddress = 4096;
+constexpr std::size_t kLongestAddress = 512;
+
+// What a document type may declare. Expat recurses for an entity inside of an entity, and goes through all that is
+// declared of an element's attributes, their names too, for each of its tags.
+constexpr int kMostEntities = 256;
+constexpr int kMostAttributes = 1024;
+constexpr int kMostDefaults = 8;              // of attributes
+constexpr std::size_t kLongestDeclared = 64;  // name of an attribute, with its prefix
 
 void XMLCALL OnStartElement(void* parse, const XML_Char* name, const XML_Char** attributes) {
   static_cast<ExpatParse*>(parse)->StartElement(name, attributes);
@@ -35,6 +42,17 @@ void XMLCALL OnText(void* parse, const XML_Char* text, int size) {
 
 void XMLCALL OnStartNamespace(void* parse, const XML_Char* /*prefix*/, const XML_Char* address) {
   static_cast<ExpatParse*>(parse)->StartNamespace(address);
+}
+
+void XMLCALL OnEntity(void* parse, const XML_Char* /*name*/, int /*isParameter*/, const XML_Char* /*value*/,
+                      int /*size*/, const XML_Char* /*base*/, const XML_Char* /*systemId*/,
+                      const XML_Char* /*publicId*/, const XML_Char* /*notation*/) {
+  static_cast<ExpatParse*>(parse)->DeclareEntity();
+}
+
+void XMLCALL OnAttribute(void* parse, const XML_Char* /*element*/, const XML_Char* name, const XML_Char* /*type*/,
+                         const XML_Char* value, int /*isRequired*/) {
+  static_cast<ExpatParse*>(parse)->DeclareAttribute(name, value != nullptr);
 }
 
 void AddCount(TextBuffer& text, XML_Size count) {
@@ -75,6 +93,8 @@ bool ExpatParse::MakeParser() {
   XML_SetElementHandler(parser_.get(), OnStartElement, OnEndElement);
   XML_SetStartNamespaceDeclHandler(parser_.get(), OnStartNamespace);
   XML_SetCharacterDataHandler(parser_.get(), OnText);
+  XML_SetEntityDeclHandler(parser_.get(), OnEntity);
+  XML_SetAttlistDeclHandler(parser_.get(), OnAttribute);
   XML_SetUnknownEncodingHandler(parser_.get(), DescribeCodePage, nullptr);
   return true;
 }
@@ -123,6 +143,17 @@ void ExpatParse::EndElement() {
 
 void ExpatParse::StartNamespace(const XML_Char* address) {
   if (address && std::strlen(address) > kLongestAddress) Refuse("too long a name of a namespace");
+}
+
+void ExpatParse::DeclareEntity() {
+  if (++entities_ > kMostEntities) Refuse("too many entities declared");
+}
+
+void ExpatParse::DeclareAttribute(const XML_Char* name, bool hasDefault) {
+  if (hasDefault) ++defaults_;
+  if (++declared_ > kMostAttributes) return Refuse("too many attributes declared");
+  if (defaults_ > kMostDefaults) return Refuse("too many defaults of attributes declared");
+  if (std::strlen(name) > kLongestDeclared) Refuse("too long a name of an attribute declared");
 }
 
 void ExpatParse::Text(std::string_view utf8) {

@@ -42,6 +42,8 @@ class ExpatParse {
   void StartElement(const XML_Char* name, const XML_Char** attributes);
   void EndElement();
   void StartNamespace(const XML_Char* address);
+  void DeclareEntity();
+  void DeclareAttribute(const XML_Char* name, bool hasDefault);
   void Text(std::string_view utf8);
 
  private:
@@ -64,6 +66,9 @@ class ExpatParse {
   std::exception_ptr thrown_;    // by a handler; it may not pass through Expat, which is C
   bool stopped_ = false;         // no event goes out from here on
   const char* fault_ = nullptr;  // of ours, for which Expat was stopped
+  int entities_ = 0;             // that the document type has declared so far
+  int declared_ = 0;             // attributes of it
+  int defaults_ = 0;             // those of them that have one
   ExpatAttributes attributes_;
   Utf16Room name_;
 
