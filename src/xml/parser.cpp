@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "read/instance_table.h"
 #include "read/report.h"
+#include "schema/chain.h"
 #include "steprt/instance.h"
 #include "steprt/text.h"
 #include "support/ascii.h"
@@ -16,8 +18,12 @@ namespace {
 
 constexpr char kNumberAttribute[] = "rid";
 constexpr std::size_t kNameLimit = sizeof STEPelement::name - 1;
-constexpr std::size_t kLeastRoom = 32;   // of an element's text
-constexpr std::size_t kKeptRoom = 4096;  // that an element takes along to the next entity
+constexpr std::size_t kLeastRoom = 32;  // of an element's text
+
+// What waits for the next entity: elements, and room for text in each and in all of them.
+constexpr int kMostSpares = 1024;
+constexpr std::size_t kKeptRoom = 4096;
+constexpr std::size_t kMostKeptRoom = 256 * 1024;
 
 // Puts the low byte of each unit, and a terminator; what does not fit a byte is not told apart. Gives the length of the
 // text that this makes: a unit whose low byte is 0 ends it.
@@ -58,15 +64,16 @@ void DropRoom(STEPelement* element) {
   element->capacity = 0;
 }
 
+void Release(STEPelement* element) {
+  DropRoom(element);
+  delete element;
+}
+
 }  // namespace
 
 XmlParser::~XmlParser() {
   ResetElements();
-  while (STEPelement* dead = spare_) {
-    spare_ = dead->next;
-    DropRoom(dead);
-    delete dead;
-  }
+  while (spare_) Release(std::exchange(spare_, spare_->next));
 }
 
 SaxResult XmlParser::StartDocument() {
@@ -79,7 +86,7 @@ SaxResult XmlParser::StartElement(std::u16string_view localName, SaxAttributes& 
   const std::size_t length = NarrowText(localName);
   switch (depth) {
     case kOutside:
-      if (EqualNoCase(text, schema->name)) depth = kInRoot;
+      if (EqualNoCase(text, NameOf(*schema))) depth = kInRoot;
       return kSaxOk;
     case kInRoot:
       return StartEntity(attributes);
@@ -159,6 +166,8 @@ STEPelement* XmlParser::NewElement() {
   if (!spare_) return MakeOrNull<STEPelement>();
   STEPelement* taken = spare_;
   spare_ = taken->next;
+  --spares_;
+  spareRoom_ -= taken->capacity;
   return taken;
 }
 
@@ -169,15 +178,28 @@ void XmlParser::LoseElement() {
   element = nullptr;
 }
 
-// The elements wait for the next entity, with their rooms, unless these are large.
+// False when there are enough of them.
+bool XmlParser::Keep(STEPelement* used) {
+  if (spares_ == kMostSpares) return false;
+  if (used->capacity > kKeptRoom || spareRoom_ + used->capacity > kMostKeptRoom) DropRoom(used);
+  ++spares_;
+  spareRoom_ += used->capacity;
+  return true;
+}
+
+// The elements wait for the next entity, with their rooms and in their order, so that each room finds the attribute it
+// has grown for.
 void XmlParser::ResetElements() {
   element = nullptr;
   if (!transfer || !transfer->elements) return;
-  for (STEPelement* used = transfer->elements; used; used = used->next) {
-    if (used->capacity > kKeptRoom) DropRoom(used);
+  STEPelement** link = &transfer->elements;
+  while (*link) {
+    if (Keep(*link))
+      link = &(*link)->next;
+    else
+      Release(std::exchange(*link, (*link)->next));
   }
-  *transfer->elementsTail = spare_;
-  spare_ = transfer->elements;
+  *link = std::exchange(spare_, transfer->elements);
   transfer->elements = nullptr;
   transfer->elementsTail = &transfer->elements;
   transfer->elementIndex.Clear();

@@ -2,6 +2,7 @@
 #ifndef STEPRT_XML_PARSER_H
 #define STEPRT_XML_PARSER_H
 
+#include <cstddef>
 #include <string_view>
 
 #include "read/records.h"
@@ -45,9 +46,12 @@ class XmlParser : public SAXContentHandlerImpl {
   std::size_t NarrowText(std::u16string_view units);  // into `text`; gives its length
   STEPelement* NewElement();
   void LoseElement();
+  bool Keep(STEPelement* used);
   void ResetElements();
 
   STEPelement* spare_ = nullptr;  // elements of earlier entities
+  int spares_ = 0;
+  std::size_t spareRoom_ = 0;  // of all of them
 };
 
 }  // namespace steprt

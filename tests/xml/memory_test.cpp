@@ -116,4 +116,28 @@ TEST(XmlMemory, NothingOfADocumentStaysWholeInMemory) {
   SetProbe({});
 }
 
+// The large one's elements take more than 10 MB while it is read.
+TEST(XmlMemory, AnEntityOfManyElementsLeavesNoMoreThanTheNextOnesNeed) {
+  std::string children;
+  for (int i = 0; i < 100'000; ++i) children += "<B>0123456789</B>";
+  const std::string large = "<PROBE rid='#1'>" + children + "</PROBE>";
+  std::string wide;
+  for (int i = 0; i < 1'000; ++i) wide += "<B>" + std::string(3'000, 'x') + "</B>";
+  const std::string document = InRoot(large + "<PROBE rid='#2'>" + wide + "</PROBE><PROBE rid='#3'><B>1</B></PROBE>");
+  std::vector<std::size_t> taken;
+  const std::size_t before = LiveBytes();
+  SetProbe({"", -1, [&](STEPtransfer*) -> STEPheader* {
+              taken.push_back(LiveBytes() - before);
+              return nullptr;
+            }});
+  ProjModel model;
+  taken.reserve(3);
+  EXPECT_EQ(model.ReadXml(document.c_str()), 0);
+  SetProbe({});
+  ASSERT_EQ(taken.size(), 3u);
+  EXPECT_GT(taken[0], 10'000'000u);
+  EXPECT_GT(taken[1], 3'000'000u);
+  EXPECT_LT(taken[2], 1'000'000u);
+}
+
 }  // namespace
