@@ -1,4 +1,5 @@
 // Members of STEPmodel that only ask its schema.
+#include "schema/chain.h"
 #include "schema/lookup.h"
 #include "steprt/model.h"
 #include "support/ascii.h"
@@ -9,7 +10,7 @@ const char* STEPmodel::EntityName(int type) {
 }
 
 bool STEPmodel::IsSchema(char* schemaName) {
-  return schema && schemaName && steprt::EqualNoCase(schema->name, schemaName);
+  return schema && schemaName && steprt::EqualNoCase(steprt::NameOf(*schema), schemaName);
 }
 
 void STEPmodel::AppObj(APPobject0* descriptor) { schema = descriptor; }

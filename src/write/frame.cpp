@@ -1,6 +1,7 @@
 #include "write/frame.h"
 
 #include "platform/clock.h"
+#include "schema/chain.h"
 #include "steprt/write.h"
 #include "support/text_buffer.h"
 
@@ -22,7 +23,7 @@ void Put(STEPtransfer* t, std::initializer_list<std::string_view> pieces) {
 }
 
 void PutFileDescription(STEPtransfer* t, const char* remark) {
-  Put(t, {"FILE_DESCRIPTION(('", t->schema->name, " model', 'TOVARIN version ", STEPversion(), "','", kOriginator,
+  Put(t, {"FILE_DESCRIPTION(('", NameOf(*t->schema), " model', 'TOVARIN version ", STEPversion(), "','", kOriginator,
           "','", remark, "'));"});
 }
 

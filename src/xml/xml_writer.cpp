@@ -5,6 +5,7 @@
 #include "platform/output_file.h"
 #include "read/report.h"
 #include "read/transfer.h"
+#include "schema/chain.h"
 #include "steprt/text.h"
 #include "support/file_name.h"
 #include "support/number.h"
@@ -24,7 +25,7 @@ void WriteHead(STEPtransfer* t, const char* fileName, const char* remark) {
   PutFileDescription(t, remark);
   Put(t, {" -->\n<!-- "});
   PutFileName(t, CommentFileName(shownName, fileName));
-  Put(t, {" -->\n<", t->schema->name, ">\n"});
+  Put(t, {" -->\n<", NameOf(*t->schema), ">\n"});
 }
 
 void OpenEntity(STEPtransfer* t, const APPentity& row, int number) {
@@ -50,7 +51,7 @@ int STEPwriteXml(char* fileName, const char* remark, STEPheader* first, APPobjec
   WriteHead(t.get(), fileName, remark);
   t->line = kFirstEntityLine;
   const int count = WriteRecords(t.get(), first, {OpenEntity, CloseEntity});
-  Put(t.get(), {"</", schema->name, ">\n"});
+  Put(t.get(), {"</", NameOf(*schema), ">\n"});
   return count;
 }
 

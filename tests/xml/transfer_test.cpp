@@ -3,7 +3,6 @@
 
 #include <stdexcept>
 
-#include "platform/sax.h"
 #include "xml/documents.h"
 #include "xml/xml_reader.h"
 #include "xml/xml_writer.h"
@@ -131,32 +130,29 @@ TEST_F(XmlTransfer, WithoutASchemaNothingIsReadAndNothingWritten) {
   EXPECT_EQ(BytesOf(path), "<PROJ/>");
 }
 
-// ---- a library without the service ---------------------------------------------------------------------------------
-
-class NoService {
- public:
-  NoService() : before_(steprt::saxService) { steprt::saxService = nullptr; }
-  ~NoService() { steprt::saxService = before_; }
-  NoService(const NoService&) = delete;
-  NoService& operator=(const NoService&) = delete;
-
- private:
-  const steprt::SaxService* const before_;
-};
-
-TEST_F(XmlTransfer, WithoutTheServiceAMessageIsShownAndTheResultIsZero) {
-  const NoService none;
+TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
+  APPobject0* schema = ProjSchema();
+  struct Restore {
+    APPobject0* schema;
+    const char* before = schema->name;
+    ~Restore() { schema->name = before; }
+  } const restore{schema};
+  schema->name = nullptr;
   ProjModel model;
-  testing::internal::CaptureStderr();
+  new Entity(kPerson, &model);
+  EXPECT_EQ(WrittenDocument(model),
+            "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n"
+            "<!-- FILE_DESCRIPTION((' model', 'TOVARIN version 7, 7, 10, 29','QVN','')); -->\n"
+            "<!-- FILE_NAME('PATH','DATE'); -->\n"
+            "<>\n"
+            "\t<PERSON rid=\"#1\"><Age>0</Age></PERSON>\n"
+            "</>\n");
   EXPECT_EQ(model.ReadXml("<PROJ><PERSON rid='#1'/></PROJ>"), 0);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Msxml3 is not installed on this computer\n");
-  EXPECT_TRUE(model.IsEmpty());
-  std::string path = TempPath("missing.stp");
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(model.Read(false, path.data()), 0) << "it takes the place of the clear-text result";
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "Msxml3 is not installed on this computer\n");
-  EXPECT_EQ(TakeReports(path), Texts{"(1) [Read]File not found"});
-  EXPECT_FALSE(model.Locked());
+  EXPECT_EQ(Population(model), Texts{"PERSON(0)"}) << "no root bears that name";
+  char name[] = "PROJ";
+  char empty[] = "";
+  EXPECT_FALSE(model.IsSchema(name));
+  EXPECT_TRUE(model.IsSchema(empty));
 }
 
 // ---- flags, the current model, the budget --------------------------------------------------------------------------
