@@ -63,7 +63,7 @@ void Report(benchmark::State& state, const Pairs& pairs, Volume volume, double w
   state.counters["floor_ns_per_record"] = pairs.FloorSeconds() * 1e9 / volume.records;
   state.counters["MB_per_s"] = static_cast<double>(volume.bytes) * 1e-6 / pairs.SubjectSeconds();
   state.counters["ratio"] = pairs.Ratio();
-  state.counters["wanted"] = wanted;
+  if (wanted > 0) state.counters["wanted"] = wanted;
 }
 
 void Fail(benchmark::State& state, const char* why) {
