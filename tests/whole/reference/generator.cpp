@@ -103,6 +103,7 @@ constexpr const char* kHeaders[] = {"FILE_SCHEMA(('OTHER'));",
                                     "FILE_SCHEMA(('PROJ'));FILE_SCHEMA(('OTHER'));",
                                     ""};
 constexpr const char* kSeparators[] = {"", "", "", "", " ", " ", "\n", "\r\n", "\t"};
+constexpr char kKinds[] = {'t', 'i', 'r', 'b', 'l', 'e', 's', 'f', 'a', 'A', 'p', 'E', 'T', 'P', 'N', 'X'};
 constexpr const char* kSelects[] = {"3", "1.5", "'s'", "$"};
 
 class Generator {
@@ -110,7 +111,7 @@ class Generator {
   explicit Generator(unsigned seed) : random_(seed) {}
 
   ReadCase Make() {
-    for (int i = Below(7); i > 0; --i) read_.kinds += "tirblesfaApETPNX"[Below(16)];
+    for (int i = Below(7); i > 0; --i) read_.kinds += Pick(kKinds);
     constexpr int kExpected[] = {kNoType, kNoType, kProduct, kWall, kDoor, kPerson, kProbe, 999};
     read_.expected = Pick(kExpected);
     read_.check = OneIn(3);
@@ -164,7 +165,7 @@ class Generator {
 
   std::string References() {
     std::string list = "(";
-    for (int i = Below(4); i > 0; --i) list += (OneIn(6) ? "$" : Number()) + (i > 1 ? "," : "");
+    for (int i = Below(4); i > 0; --i) list += (OneIn(6) ? "$" : Number()) + (i > 1 ? "," : "") + Pick(kSeparators);
     return list + ")";
   }
 
@@ -172,7 +173,7 @@ class Generator {
   std::string Sound(char kind) {
     switch (kind) {
       case 't':
-        return "'tx'";
+        return OneIn(20) ? LongText() : "'tx'";
       case 'i':
         return "5";
       case 'r':
@@ -201,13 +202,19 @@ class Generator {
     }
   }
 
+  // Now and then what an attribute of another kind takes.
+  std::string Value(char kind) {
+    if (OneIn(16)) return Word();
+    return Sound(OneIn(16) ? Pick(kKinds) : kind);
+  }
+
   std::string Record(const ReferenceRow& row) {
     std::string record = Number() + "=" + (OneIn(20) ? "OTHER" : row.name) + "(";
     bool isFirst = true;
     for (const Attribute& attribute : row.shape) {
       if (!isFirst && !OneIn(20)) record += ",";
       isFirst = false;
-      record += OneIn(12) ? Word() : Sound(attribute.kind);
+      record += Pick(kSeparators) + Value(attribute.kind);
       if (OneIn(25)) record += Pick(kSeparators) + Word();
     }
     return record + (OneIn(20) ? "" : ")") + (OneIn(20) ? "" : ";") + Pick(kSeparators);
