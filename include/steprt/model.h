@@ -5,7 +5,7 @@
 //     Building() : STEPmodel(10) { AppObj(&buildingSchema); }
 //   };
 //   Building model;
-//   int errors = model.Read(false, path);
+//   if (model.Read(false, path) != 0) ...   // reports, or -1; path is a char*
 //
 // A model owns the instances on its list and destroys them; it owns nothing of the schema but the index that it built.
 // One thread at a time uses the library: the current model is one for the whole process, and nothing is locked.
@@ -79,10 +79,12 @@ class STEPRT_API STEPmodel {
   //   name   becomes the model's name; null: the model's own is used. ".stp" is added for opening when what stands
   //          behind its last backslash has no dot
   //
-  // Gives the number of errors reported; 0 is a clean read. What was read before or beside an error stays. While it
-  // runs, the model is locked and is the current one. After the XML pass the result is that of ReadXml. Without a
-  // schema nothing is read and the result is 1. A pass without memory for its transfer reads and reports nothing; its
-  // result is 1 in clear text and 0 in XML.
+  // Gives 0 for a clean read and above 0 the number of errors reported. For an empty model it gives -1 when the file is
+  // read in neither form: it is missing, belongs to another schema, or has no record that the schema knows. Test for
+  // != 0. After the XML pass the result is that of ReadXml: an error reported behind a fault counts -1 up to 0, and
+  // without an XML service it is 0; the error procedure sees more. What was read before or beside an error stays. While
+  // it runs, the model is locked and is the current one. Without a schema nothing is read and the result is 1. A pass
+  // without memory for its transfer reads and reports nothing; its result is 1 in clear text and 0 in XML.
   int Read(bool check, char* name);
 
   // Writes the instances as an ISO 10303-21 clear-text file.

@@ -2,7 +2,7 @@
 //
 //   STEPheader* ReadWall(STEPtransfer* t) {
 //     auto* wall = new Wall;
-//     wall->name = Duplicate(rSTEPtext(t, "Name"));
+//     wall->name = rSTEPtext(t, "Name");   // a STEPstring, which copies it
 //     wall->height = rSTEPreal(t, "Height");
 //     xrSTEPref(t, "Owner", &wall->owner, kPerson, true);
 //     return wall;
@@ -10,7 +10,8 @@
 //
 // One call for each attribute, in the order of the schema. `name` is the attribute's element in XML and required
 // there; clear text does not look at it. A reader never ends the reading of a record: trouble is one report and a
-// neutral value (0, false, an empty text, null), and only the count of errors tells it from a real one.
+// neutral value (0, false, an empty text, null), and only the count of errors tells it from a real one. What stands
+// behind the trouble may then reach the wrong attributes of the record.
 //
 // Places that a reader is given (a reference's slot, a select, a list) must stay where they are until the transfer has
 // ended: a reference to an instance further on is stored there at the end.
@@ -43,7 +44,8 @@ STEPRT_API int STEPread(char* name, APPobject0* schema, bool check);
 STEPRT_API char* rSTEPtext(STEPtransfer* t, const char* name);
 
 // `$` is an error for both in clear text; XML has no bad number, `$` is 0. What does not fit an int saturates. In clear
-// text a token that is no number is left for the next reader.
+// text a token that is no number, `$` too, is left for the next reader, so the values behind it shift. A number that
+// may be omitted is therefore read by rSTEPsel and written by wSTEPsel.
 STEPRT_API int rSTEPint(STEPtransfer* t, const char* name);
 STEPRT_API double rSTEPreal(STEPtransfer* t, const char* name);  // takes an integer as well
 
