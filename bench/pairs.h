@@ -63,7 +63,7 @@ struct Volume {
 };
 
 // Fills in the counters: ns_per_record, floor_ns_per_record, MB_per_s, ratio, and `wanted`, above which the ratio is
-// worse than it should be.
+// worse than it should be; none for 0.
 void Report(benchmark::State& state, const Pairs& pairs, Volume volume, double wanted);
 
 // Ends the benchmark with an error, and the program with a failure.
