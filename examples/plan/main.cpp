@@ -29,6 +29,8 @@ namespace {
 
 constexpr int kShownReports = 3;
 constexpr int kShownKinds = 12;
+// In place of the project's name: the narrowest sheet has no room for both.
+constexpr char kEditNote[] = "Edited on purpose: wall moved, door added; rooms as in the file";
 constexpr bool kReadsXml = PLAN_READS_XML;  // a library can be built without
 
 struct Job {
@@ -81,10 +83,15 @@ std::string ProjectName(STEPmodel& model) {
   return LabelOf(project->longName.IsEmpty() ? project->name : project->longName);
 }
 
-// Draws every storey; `prefix` goes in front of the names of the files. `only`: the one storey to draw, or empty.
+// The middle of the title block.
+std::string Title(STEPmodel& model, bool isEdited) { return isEdited ? kEditNote : ProjectName(model); }
+
+// Draws every storey; `prefix` goes in front of the names of the files. `only`: the one storey to draw after the edit,
+// or empty.
 bool DrawPlans(STEPmodel& model, const Job& job, const char* prefix, const std::string& only) {
   const std::vector<FloorPlan> plans = FloorPlans(model);
   const Sheet sheet = SheetFor(plans);
+  const std::string title = Title(model, !only.empty());
   int drawn = 0, number = 0;
   for (const FloorPlan& plan : plans) {
     const std::string name = prefix + std::to_string(++number) + "_" + FileNameOf(plan.name) + ".svg";
@@ -93,7 +100,7 @@ bool DrawPlans(STEPmodel& model, const Job& job, const char* prefix, const std::
       std::printf("  %s: nothing stands %.2f m above its floor, no plan\n", plan.name.c_str(), kCutAboveFloor);
       continue;
     }
-    if (!DrawPlan(plan, sheet, ProjectName(model), job.In(name))) return Fail("a plan cannot be written");
+    if (!DrawPlan(plan, sheet, title, job.In(name))) return Fail("a plan cannot be written");
     std::printf("  %s: %zu parts of walls, %zu doors, %zu windows, %zu rooms\n", name.c_str(), plan.walls.size(),
                 plan.doors.size(), plan.windows.size(), plan.rooms.size());
     ++drawn;
