@@ -86,12 +86,12 @@ std::string ProjectName(STEPmodel& model) {
 // The middle of the title block.
 std::string Title(STEPmodel& model, bool isEdited) { return isEdited ? kEditNote : ProjectName(model); }
 
-// Draws every storey; `prefix` goes in front of the names of the files. `only`: the one storey to draw after the edit,
-// or empty.
+// Draws every storey; `prefix`, empty before the edit, goes in front of the names of the files. `only`: the one storey to
+// draw, or empty.
 bool DrawPlans(STEPmodel& model, const Job& job, const char* prefix, const std::string& only) {
   const std::vector<FloorPlan> plans = FloorPlans(model);
   const Sheet sheet = SheetFor(plans);
-  const std::string title = Title(model, !only.empty());
+  const std::string title = Title(model, *prefix != '\0');
   int drawn = 0, number = 0;
   for (const FloorPlan& plan : plans) {
     const std::string name = prefix + std::to_string(++number) + "_" + FileNameOf(plan.name) + ".svg";
