@@ -6,6 +6,7 @@
 #include "read/report.h"
 #include "read/sections.h"
 #include "read/transfer.h"
+#include "schema/chain.h"
 #include "steprt/read.h"
 #include "steprt/text.h"
 #include "support/file_name.h"
@@ -23,8 +24,9 @@ int ReadHeader(STEPtransfer* t) {
 }
 
 int ReadData(STEPtransfer* t, bool check) {
-  if (check && SchemaNotListed(t, t->schema->name)) {
-    ReportError(t, kWrongSchema, t->schema->name);
+  const char* schemaName = NameOf(*t->schema);
+  if (check && SchemaNotListed(t, schemaName)) {
+    ReportError(t, kWrongSchema, schemaName);
     return SEC_NONE;
   }
   const int code = ReadDataSection(t);

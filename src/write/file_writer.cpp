@@ -5,6 +5,7 @@
 #include "read/report.h"
 #include "read/sections.h"
 #include "read/transfer.h"
+#include "schema/chain.h"
 #include "steprt/text.h"
 #include "steprt/write.h"
 #include "support/file_name.h"
@@ -29,7 +30,7 @@ void WriteHead(STEPtransfer* t, const char* fileName, const char* remark) {
   PutFileDescription(t, remark);
   Put(t, {"\n"});
   PutFileName(t, QuoteFileName(quoted, fileName));
-  Put(t, {"\nFILE_SCHEMA(('", t->schema->name, "'));\n"});
+  Put(t, {"\nFILE_SCHEMA(('", NameOf(*t->schema), "'));\n"});
   PutSectionChange(t, SEC_ENDSEC, SEC_DATA);
 }
 

@@ -149,6 +149,12 @@ TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
             "</>\n");
   EXPECT_EQ(model.ReadXml("<PROJ><PERSON rid='#1'/></PROJ>"), 0);
   EXPECT_EQ(Population(model), Texts{"PERSON(0)"}) << "no root bears that name";
+  std::string path = MakeFile("nameless.stp", "");
+  EXPECT_EQ(model.Write(path.data(), nullptr), 1);
+  EXPECT_NE(BytesOf(path).find("\nFILE_SCHEMA((''));\n"), std::string::npos);
+  ProjModel again;
+  EXPECT_EQ(again.Read(true, path.data()), 0);
+  EXPECT_EQ(Population(again), Texts{"PERSON(0)"});
   char name[] = "PROJ";
   char empty[] = "";
   EXPECT_FALSE(model.IsSchema(name));
