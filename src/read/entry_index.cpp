@@ -1,7 +1,6 @@
 #include "read/entry_index.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "support/memory.h"
 
@@ -51,7 +50,7 @@ bool EntryIndex::WillBeFull() const { return falls_ > Count() / 4 && highest_ < 
 bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   constexpr double kSparePerNumber = 9;
   constexpr double kSpare = 1 << 14;
-  const double held = (pages_ + 1.0) * sizeof(Page) + static_cast<double>(directorySize) * sizeof(Page*);
+  const double held = (pages_ + 1.0) * sizeof(Page) + static_cast<double>(directorySize) * sizeof(void*);
   const double spare = held - static_cast<double>(inPages_) * sizeof(STEPentry);
   return WillBeFull() || spare <= kSpare + kSparePerNumber * Count();
 }
@@ -60,7 +59,7 @@ bool EntryIndex::GrowDirectory(std::uint32_t size) {
   if (size == directorySize_) return true;
   Page** larger = MakeArrayOrNull<Page*>(size);
   if (!larger) return false;
-  if (directory_) std::memcpy(larger, directory_, directorySize_ * sizeof(Page*));
+  std::copy_n(directory_, directorySize_, larger);
   delete[] directory_;
   directory_ = larger;
   directorySize_ = size;
