@@ -1,11 +1,13 @@
 // A file that is read through one block. The tokeniser scans inside the block, between Cursor and Limit; behind Limit
-// stand eight line feeds, the first of which ends every scan, so that a scan looks for Limit only where it meets one
-// and may look at eight bytes at once.
+// stand kScanReach line feeds, the first of which ends every scan, so that a scan looks for Limit only where it meets
+// one and may look at that many bytes at once.
 #ifndef STEPRT_PLATFORM_INPUT_FILE_H
 #define STEPRT_PLATFORM_INPUT_FILE_H
 
 #include <cstddef>
 #include <cstdint>
+
+#include "support/number.h"
 
 namespace steprt {
 
@@ -43,7 +45,6 @@ class InputFile {
 
  private:
   static constexpr std::size_t kBlock = 1 << 16;
-  static constexpr std::size_t kBehind = 8;
 
   InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) { EndBlock(); }
 
@@ -56,7 +57,7 @@ class InputFile {
   bool ended_ = false;
   const char* cursor_ = block_;
   const char* limit_ = block_;
-  char block_[kBlock + kBehind];
+  char block_[kBlock + kScanReach];
 };
 
 }  // namespace steprt

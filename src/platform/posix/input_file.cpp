@@ -17,16 +17,15 @@ InputFile* InputFile::OpenOrNull(const char* name) {
   if (handle < 0) return nullptr;
   struct stat status;
   const bool readable = ::fstat(handle, &status) == 0 && !S_ISDIR(status.st_mode);
-  InputFile* file = readable ? new (std::nothrow) InputFile(
-                                   handle, S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0)
-                             : nullptr;
+  const auto size = readable && S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
+  InputFile* file = readable ? new (std::nothrow) InputFile(handle, size) : nullptr;
   if (!file) ::close(handle);
   return file;
 }
 
 InputFile::~InputFile() { ::close(handle_); }
 
-void InputFile::EndBlock() { std::memset(block_ + (limit_ - block_), '\n', kBehind); }
+void InputFile::EndBlock() { std::memset(block_ + (limit_ - block_), '\n', kScanReach); }
 
 bool InputFile::Refill() {
   if (ended_) return false;
