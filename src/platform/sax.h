@@ -24,14 +24,22 @@ class SaxAttributes {
   virtual std::u16string_view Value(int index, std::size_t limit) = 0;      // with references resolved
 };
 
+// The events of SAX2 in its order. Handlers belong to who makes them, so nothing counts their references. The service
+// sends those that the system listens to; the others are here for what else may send events.
 class SaxContentHandler {
  public:
   virtual ~SaxContentHandler() = default;
+  virtual SaxResult PutDocumentLocator() = 0;
   virtual SaxResult StartDocument() = 0;
   virtual SaxResult EndDocument() = 0;  // of a document without a fault
+  virtual SaxResult StartPrefixMapping(std::u16string_view prefix, std::u16string_view address) = 0;
+  virtual SaxResult EndPrefixMapping(std::u16string_view prefix) = 0;
   virtual SaxResult StartElement(std::u16string_view localName, SaxAttributes& attributes) = 0;
   virtual SaxResult EndElement() = 0;
   virtual SaxResult Characters(std::u16string_view text) = 0;  // one run may come in any number of calls
+  virtual SaxResult IgnorableWhitespace(std::u16string_view text) = 0;
+  virtual SaxResult ProcessingInstruction(std::u16string_view target, std::u16string_view text) = 0;
+  virtual SaxResult SkippedEntity(std::u16string_view name) = 0;
 };
 
 // The messages are terminated. A fatal error ends the parse.

@@ -97,6 +97,23 @@ TEST_F(HandlerStates, ANewDocumentStartsOutside) {
   EXPECT_EQ(parser.depth, 0);
 }
 
+TEST_F(HandlerStates, OtherEventsChangeNothing) {
+  Start(u"PROJ");
+  StartEntity(u"POINT", u"#4");
+  Start(u"X");
+  Text(u"1");
+  const int results[] = {parser.PutDocumentLocator(),
+                         parser.StartPrefixMapping(u"p", u"address"),
+                         parser.EndPrefixMapping(u"p"),
+                         parser.IgnorableWhitespace(u" 2"),
+                         parser.ProcessingInstruction(u"target", u"3"),
+                         parser.SkippedEntity(u"four"),
+                         parser.EndDocument()};
+  for (const int result : results) EXPECT_EQ(result, kSaxOk);
+  EXPECT_EQ(parser.depth, 3);
+  EXPECT_EQ(Elements(), Texts{"X=1"});
+}
+
 TEST_F(HandlerStates, NamesMatchInAnyCase) {
   Start(u"pRoj");
   EXPECT_EQ(Start(u"Point", {{u"RiD", u"#7"}}), kSaxOk);
