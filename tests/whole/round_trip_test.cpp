@@ -28,6 +28,8 @@ std::string RandomData(unsigned seed, int count) {
   const auto reference = [&] {
     return number(8) ? "#" + std::to_string(4 * number(static_cast<unsigned>(count / 4)) + 1) : "$";
   };
+  // A reference of a record to itself is one to an unknown object.
+  const auto another = [&](int self) { return (self + 1 + number(static_cast<unsigned>(count - 1))) % count + 1; };
   const auto list = [&](auto item) {
     std::string text = "(";
     for (int i = number(5); i > 0; --i) text += item() + std::string(i > 1 ? "," : "");
@@ -46,8 +48,8 @@ std::string RandomData(unsigned seed, int count) {
       const std::string values[] = {"$", reference(), std::to_string(number(1000) - 500), text()};
       data += "SAMPLE(" + text() + "," + std::to_string(number(99) - 50) + "," + real() +
               (number(2) ? ",.T.,.U.," : ",.F.,.T.,") + colour() + "," + values[number(4)] + ",$," +
-              list([&] { return "#" + std::to_string(number(static_cast<unsigned>(count)) + 1); }) + "," + list(real) +
-              "," + list(colour) + "," + list(text) + ");\n";
+              list([&] { return "#" + std::to_string(another(i)); }) + "," + list(real) + "," + list(colour) + "," +
+              list(text) + ");\n";
     } else {
       data += i % 4 == 1 ? "DOOR($);\n"
               : i % 4 == 2

@@ -36,7 +36,7 @@ TEST(XmlRoundTrip, RealsKeepSixDigits) {
                                                  {1e300, "1e+300"},    {5e-324, "5e-324"},   {INFINITY, "inf"},
                                                  {1.0 / 3, "0.333333"}};
   for (const auto& [value, text] : rows) {
-    EXPECT_EQ(ThroughXml("r", [&](Value& v) { v.real = value; }), Read(text)) << text;
+    EXPECT_EQ(ThroughXml("r", [real = value](Value& v) { v.real = real; }), Read(text)) << text;
   }
 }
 
@@ -98,9 +98,9 @@ TEST(XmlRoundTrip, SelectsComeBackByTheirShape) {
       {"12", "int 12"},        {"1e3", "real 1000"},  {"$x", "object null"}, {"#1", "object null"}};
   for (const auto& [text, value] : texts) {
     EXPECT_EQ(ThroughXml("s",
-                         [&](Value& v) {
-                           auto* copy = new char[std::string(text).size() + 1];
-                           v.select.SetCharPtr(Copy(copy, text, 100));
+                         [given = text](Value& v) {
+                           auto* copy = new char[std::string(given).size() + 1];
+                           v.select.SetCharPtr(Copy(copy, given, 100));
                          }),
               Read(value))
         << text;
