@@ -208,6 +208,22 @@ TEST_F(Libraries, EntriesAreFetchedFromNumber2UntilOneIsMissing) {
   }
 }
 
+// The loader searches only what was opened, and a module that comes with another was not.
+TEST_F(Libraries, EntriesAreFetchedFromAModuleThatAnotherOneBrought) {
+  const std::string path = files.Copy("chained", "chained.so");
+  HINSTANCE carrier = files.Load(files.Copy("carrier", "carrier.so"));
+  {
+    Lib lib(path);
+    EXPECT_FALSE(lib.owned);
+    STEPlib::Entry table[2] = {Untouched, Untouched};
+    ASSERT_TRUE(lib.LoadFunct(table, 2));
+    EXPECT_EQ(table[0]() + table[1](), 55);
+  }
+  EXPECT_TRUE(IsLoaded(path));
+  files.Release(carrier);
+  EXPECT_FALSE(IsLoaded(path));
+}
+
 // The entries of a module that has gone must not be called, so only their number is looked at.
 TEST_F(Libraries, AMissingEntryReleasesAnOwnedModuleOnce) {
   for (const Fetch& each : kFetches) {

@@ -72,10 +72,14 @@ HINSTANCE LoadModule(const char* path) { return path && *path ? dlopen(path, RTL
 
 bool ReleaseModule(HINSTANCE module) { return MapOf(module) && dlclose(module) == 0; }
 
-// dlsym goes on to the modules that this one depends on, and so would find their entries, or the library's.
+// A module that came with another, and was never opened itself, has no list of modules for dlsym to search: it is
+// opened for the call. dlsym goes on to the modules that this one depends on, and so would find their entries, or the
+// library's.
 void* FindEntry(HINSTANCE module, const char* name) {
   const link_map* map = MapOf(module);
-  void* address = map ? dlsym(module, name) : nullptr;
+  void* opened = map ? dlopen(map->l_name, RTLD_LAZY | RTLD_NOLOAD) : nullptr;
+  void* address = opened && opened == module ? dlsym(opened, name) : nullptr;
+  if (opened) dlclose(opened);
   return address && BaseOf(address) == BaseOf(map->l_ld) ? address : nullptr;
 }
 

@@ -1,0 +1,1 @@
+// A module that has nothing of its own and brings the module `chained` with it.
