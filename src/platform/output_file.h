@@ -1,10 +1,11 @@
 // A file that is written through one block. A write that fails sets a flag, and all that is put from then on is
-// dropped, until CutBack takes the file back to the last whole piece, so that it can be ended.
+// dropped; End takes the file back to the last whole piece and ends it there.
 #ifndef STEPRT_PLATFORM_OUTPUT_FILE_H
 #define STEPRT_PLATFORM_OUTPUT_FILE_H
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string_view>
 
 namespace steprt {
@@ -38,30 +39,31 @@ class OutputFile {
 
   // What was put so far is made of whole pieces.
   void Mark() {
-    if (marks_ == kMarks) --marks_;
-    ends_[marks_++] = static_cast<std::uint32_t>(used_);
+    if (!failed_) ends_[marks_++ % kMarks] = written_ + static_cast<std::int64_t>(used_);
   }
 
-  // After a failure, cuts what was written behind the last mark off the file. Where the system cannot (a pipe, a
-  // device), ends the line that the failure has broken. Either way what is put next is tried again.
-  void CutBack();
+  // Puts the file's last pieces and writes all. After a failure, what stands behind the last mark is cut off first, and
+  // pieces before it when the end does not fit the room that they leave. Where the system cannot cut (a pipe, a
+  // device), the end goes on a line of its own behind the one that the failure has broken.
+  void End(std::initializer_list<std::string_view> pieces);
 
   bool HasFailed() const { return failed_; }
 
  private:
   static constexpr std::size_t kBlock = 1 << 16;
-  static constexpr std::size_t kMarks = 1 << 12;  // in one block; of more the latest counts
+  static constexpr std::size_t kMarks = 1 << 13;  // the latest count; a block holds fewer records
 
   OutputFile() = default;
   bool Open(const char* name, Sharing sharing);
+  std::int64_t LastMark(std::int64_t limit) const;
+  bool CutTo(std::int64_t size);
 
   int handle_ = -1;
   bool failed_ = false;
   std::int64_t written_ = 0;
-  std::int64_t whole_ = 0;  // of what was written, up to the last mark
   std::size_t used_ = 0;
   std::size_t marks_ = 0;
-  std::uint32_t ends_[kMarks];  // the marks in the block, rising
+  std::int64_t ends_[kMarks];  // the marks, as places in the file; each takes the room of the oldest
   char block_[kBlock];
 };
 

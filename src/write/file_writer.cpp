@@ -57,6 +57,6 @@ int STEPwrite(char* fileName, const char* remark, STEPheader* first, APPobject0*
   WriteHead(t.get(), fileName, remark ? remark : "");
   t->line = kFirstRecordLine;
   const int count = WriteRecords(t.get(), first, {OpenRecord, CloseRecord});
-  PutSectionChange(t.get(), SEC_ENDSEC, SEC_END);
+  file->End({SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"});
   return count;
 }

@@ -49,9 +49,7 @@ int WriteEach(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
 int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
   ClearNumbers(first);
   t->file.out->Mark();  // the head
-  const int count = WriteEach(t, first, form);
-  t->file.out->CutBack();
-  return count;
+  return WriteEach(t, first, form);
 }
 
 }  // namespace steprt

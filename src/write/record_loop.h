@@ -13,7 +13,7 @@ struct RecordForm {
 };
 
 // Writes a record for each instance whose type has a row with a write function. Gives their number, or -1 when the
-// stream failed; the file then ends behind the last record that was written whole. A null `first` gives 0.
+// stream failed. A null `first` gives 0.
 int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form);
 
 }  // namespace steprt

@@ -51,7 +51,7 @@ int STEPwriteXml(char* fileName, const char* remark, STEPheader* first, APPobjec
   WriteHead(t.get(), fileName, remark);
   t->line = kFirstEntityLine;
   const int count = WriteRecords(t.get(), first, {OpenEntity, CloseEntity});
-  Put(t.get(), {"</", NameOf(*schema), ">\n"});
+  file->End({"</", NameOf(*schema), ">\n"});
   return count;
 }
 

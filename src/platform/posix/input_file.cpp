@@ -13,7 +13,7 @@
 namespace steprt {
 
 InputFile* InputFile::OpenOrNull(const char* name) {
-  const int handle = ::open(name, O_RDONLY | O_CLOEXEC | O_NOCTTY);
+  const int handle = OpenFile(name, O_RDONLY | O_CLOEXEC | O_NOCTTY);
   if (handle < 0) return nullptr;
   struct stat status;
   const bool readable = ::fstat(handle, &status) == 0 && !S_ISDIR(status.st_mode);

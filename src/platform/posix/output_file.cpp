@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -73,18 +74,24 @@ OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
   return file && file->Open(name, sharing) ? file.release() : nullptr;
 }
 
-// O_NONBLOCK makes a FIFO that nobody reads fail instead of waiting, and goes again so that writes wait.
+// O_NONBLOCK makes a FIFO that nobody reads fail instead of waiting, and goes again so that writes wait. A file that
+// another process holds by a lease fails as well then; its lease is broken by waiting.
 bool OutputFile::Open(const char* name, Sharing sharing) {
-  handle_ = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY;
+  handle_ = OpenFile(name, kFlags | O_NONBLOCK);
+  if (handle_ < 0 && errno == EWOULDBLOCK) handle_ = OpenFile(name, kFlags);
   if (handle_ < 0 || ::fcntl(handle_, F_SETFL, 0) != 0) return false;
   const int lock = sharing == Sharing::kDenyWrite ? LOCK_EX : LOCK_SH;
   const bool taken = ::flock(handle_, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   return !taken && Empty(handle_);
 }
 
+// A child that the host has forked meanwhile would keep the lock.
 OutputFile::~OutputFile() {
   Flush();
-  if (handle_ >= 0) ::close(handle_);
+  if (handle_ < 0) return;
+  ::flock(handle_, LOCK_UN);
+  ::close(handle_);
 }
 
 void OutputFile::Put(std::string_view text) {
@@ -102,19 +109,44 @@ void OutputFile::Put(std::string_view text) {
 void OutputFile::Flush() {
   if (used_ > 0 && !failed_) {
     const std::size_t count = WriteAll(handle_, block_, used_);
-    while (marks_ > 0 && ends_[marks_ - 1] > count) --marks_;
-    if (marks_ > 0) whole_ = written_ + ends_[marks_ - 1];
     written_ += static_cast<std::int64_t>(count);
     failed_ = count < used_;
   }
-  used_ = marks_ = 0;
+  used_ = 0;
 }
 
-void OutputFile::CutBack() {
-  if (!failed_) return;
+// What has failed once may go well now, so as much as is whole stays at first. Of a file that was sound until its end
+// nothing is given up for that.
+void OutputFile::End(std::initializer_list<std::string_view> pieces) {
+  const auto put = [&] {
+    for (const std::string_view piece : pieces) Put(piece);
+    Flush();
+  };
+  if (failed_) used_ = 0;
+  const bool cut = failed_ && CutTo(std::max<std::int64_t>(LastMark(written_), 0));
+  if (failed_) failed_ = false, Put('\n');
+  put();
+  if (!cut || !failed_) return;
+  std::int64_t size = 0;
+  for (const std::string_view piece : pieces) size += static_cast<std::int64_t>(piece.size());
+  const std::int64_t whole = LastMark(written_ - size);
+  if (whole >= 0 && CutTo(whole)) put();
+}
+
+// The last one up to the limit, or -1.
+std::int64_t OutputFile::LastMark(std::int64_t limit) const {
+  const std::size_t oldest = marks_ - std::min(marks_, kMarks);
+  for (std::size_t i = marks_; i-- > oldest;) {
+    if (ends_[i % kMarks] <= limit) return ends_[i % kMarks];
+  }
+  return -1;
+}
+
+bool OutputFile::CutTo(std::int64_t size) {
+  if (::ftruncate(handle_, size) != 0 || ::lseek(handle_, size, SEEK_SET) != size) return false;
+  written_ = size;
   failed_ = false;
-  used_ = marks_ = 0;
-  if (::ftruncate(handle_, whole_) != 0 || ::lseek(handle_, whole_, SEEK_SET) != whole_) Put('\n');
+  return true;
 }
 
 }  // namespace steprt
