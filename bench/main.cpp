@@ -6,12 +6,14 @@
 //   steprt_bench --benchmark_filter=/10k     some seconds: every task, small
 //   steprt_bench --benchmark_filter='^read/'
 //   steprt_bench --benchmark_filter='^schema/'   lookups and queries by type, for each size of a schema
+//   steprt_bench --benchmark_filter='^doubling/'  files of twice the size, for each shape in shapes.h
 #include <cstdio>
 #include <cstring>
 #include <string_view>
 
 #include "pairs.h"
 #include "population.h"
+#include "shapes.h"
 #include "tasks.h"
 
 namespace {
@@ -70,6 +72,10 @@ int main(int argc, char** argv) {
   for (const int records : kSizes) RegisterAll(records);
   if (options.isFull) RegisterAll(kFullSize);
   bench::RegisterSchemas();
+  bench::RegisterDoublings(bench::ClearTextShapes());
+#ifdef STEPRT_BENCH_XML
+  bench::RegisterDoublings(bench::XmlShapes());
+#endif
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
   bench::RemovePopulationFiles();

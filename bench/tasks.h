@@ -1,9 +1,13 @@
-// The tasks that are measured, each with its floor. Each but the last registers its benchmarks, for populations of one
-// size.
+// The tasks that are measured, each with its floor. Each but the last two registers its benchmarks, for populations of
+// one size.
 #ifndef STEPRT_BENCH_TASKS_H
 #define STEPRT_BENCH_TASKS_H
 
+#include <span>
+
 namespace bench {
+
+struct Shape;
 
 void RegisterReads(int records);
 void RegisterWrites(int records);
@@ -16,6 +20,9 @@ void RegisterGrowth(int records);
 
 // Lookups and queries in schemas of several sizes, the index against the walk.
 void RegisterSchemas();
+
+// How much dearer a file of twice the size is, for each shape.
+void RegisterDoublings(std::span<const Shape> shapes);
 
 }  // namespace bench
 
