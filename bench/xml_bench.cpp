@@ -134,25 +134,47 @@ void WriteAgainstFloor(benchmark::State& state, int records) {
   Report(state, pairs, {records, bytes}, kWantedWrite);
 }
 
-// How much dearer a record is in a large document.
-void Growth(benchmark::State& state, int records) {
-  const Document base(kGrowthBase, "base.xml");
-  const Document large(records, "document.xml");
+// How much dearer a record is in a large population. Each of the two gives the seconds of one transfer.
+template <typename TimeLarge, typename TimeBase>
+void Growth(benchmark::State& state, int records, TimeLarge timeLarge, TimeBase timeBase) {
   const int repeats = records / kGrowthBase;
-  const auto timeBase = [&] {
+  const auto timeBases = [&] {
     double seconds = 0;
-    for (int i = 0; i < repeats; ++i) seconds += base.TimeRead();
+    for (int i = 0; i < repeats; ++i) seconds += timeBase();
     return seconds / repeats / kGrowthBase;
   };
   Pairs pairs;
   for (auto _ : state) {
-    pairs.Measure([&] { return large.TimeRead() / records; }, timeBase);
+    pairs.Measure([&] { return timeLarge() / records; }, timeBases);
     state.SetIterationTime(pairs.LastSubject() * records);
   }
   state.counters["ns_per_record"] = pairs.SubjectSeconds() * 1e9;
   state.counters["base_ns_per_record"] = pairs.FloorSeconds() * 1e9;
   state.counters["ratio"] = pairs.Ratio();
   state.counters["wanted"] = kWantedGrowth;
+}
+
+void ReadGrowth(benchmark::State& state, int records) {
+  const Document base(kGrowthBase, "base.xml");
+  const Document large(records, "document.xml");
+  Growth(
+      state, records, [&] { return large.TimeRead(); }, [&] { return base.TimeRead(); });
+}
+
+void WriteGrowth(benchmark::State& state, int records) {
+  const std::string path = DataFile("written.xml");
+  BuildingModel base;
+  ReadFloor(PopulationFile(Order::kAscending, kGrowthBase).path);
+  BuildingModel large;
+  ReadFloor(PopulationFile(Order::kAscending, records).path);
+  int written = 0;
+  const auto timeWrite = [&](BuildingModel& model) {
+    return TimeOf([&] { written = model.WriteXml(Plain(path), ""); });
+  };
+  if (timeWrite(large) <= 0 || written != records) return Fail(state, "a record was not written");
+  Growth(
+      state, records, [&] { return timeWrite(large); }, [&] { return timeWrite(base); });
+  std::remove(path.c_str());
 }
 
 }  // namespace
@@ -163,7 +185,8 @@ void RegisterXml(int records) {
   Register("xml_read/" + size, turns, [=](benchmark::State& state) { ReadAgainstExpat(state, records); });
   Register("xml_write/" + size, turns, [=](benchmark::State& state) { WriteAgainstFloor(state, records); });
   if (records <= kGrowthBase) return;
-  Register("xml_read_growth_100k_to/" + size, turns, [=](benchmark::State& state) { Growth(state, records); });
+  Register("xml_read_growth_100k_to/" + size, turns, [=](benchmark::State& state) { ReadGrowth(state, records); });
+  Register("xml_write_growth_100k_to/" + size, turns, [=](benchmark::State& state) { WriteGrowth(state, records); });
 }
 
 }  // namespace bench
