@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "host/plain_host.h"
 #include "read/token_run.h"
 #include "support/faulty_calls.h"
 #include "whole/reference/tokens.h"
@@ -12,6 +13,7 @@ namespace {
 using namespace steprt_test;
 
 TokenRun RunReference(const std::string& bytes) {
+  const PlainHost plain;
   ReferenceTokens reference(bytes);
   std::string tokens;
   for (int kind = reference.Next(); kind != TOK_EOF; kind = reference.Next()) {

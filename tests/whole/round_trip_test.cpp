@@ -4,6 +4,7 @@
 #include <cmath>
 #include <random>
 
+#include "host/plain_host.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 
@@ -21,6 +22,7 @@ std::string RandomData(unsigned seed, int count) {
   std::mt19937 random(seed);
   const auto number = [&](unsigned below) { return static_cast<int>(random() % below); };
   const auto real = [&] {
+    const PlainHost plain;
     char text[32];
     std::snprintf(text, sizeof text, "%lg", (number(2000001) - 1000000) / std::pow(10.0, number(12)));
     return std::string(text);

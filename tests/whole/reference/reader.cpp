@@ -2,6 +2,7 @@
 
 #include <strings.h>
 
+#include "host/plain_host.h"
 #include "whole/reference/attributes.h"
 
 namespace steprt_test {
@@ -176,6 +177,10 @@ class Reader {
 
 }  // namespace
 
-Outcome ReadByReference(const ReadCase& read) { return Reader(read).Run(); }
+// It compares and converts by the C library.
+Outcome ReadByReference(const ReadCase& read) {
+  const PlainHost plain;
+  return Reader(read).Run();
+}
 
 }  // namespace steprt_test
