@@ -1,12 +1,14 @@
-// Whole files: what each in.stp reads as, reports and is written as. With STEPRT_ACCEPT=1 in the environment the
-// expected files are written instead.
+// Whole files: what each in.stp and in.xml reads as, reports and is written as. With STEPRT_ACCEPT=1 in the environment
+// the expected files are written instead.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "support/golden_files.h"
 #include "support/proj_schema.h"
+#include "support/soundness.h"
 #include "support/temp_files.h"
 
 namespace {
@@ -25,25 +27,23 @@ void ExpectFile(const std::filesystem::path& expected, const std::string& bytes)
 }
 
 TEST(Golden, EveryFolderReadsAndWritesAsItsFilesSay) {
-  int count = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(STEPRT_TEST_GOLDEN)) {
-    const std::filesystem::path in = entry.path() / "in.stp";
-    if (!std::filesystem::exists(in)) continue;
-    ++count;
+  EXPECT_GE(GoldenInputs().size(), 9u);
+  for (const GoldenFile& file : GoldenInputs()) {
+    const std::filesystem::path folder = file.path.parent_path();
     ProjModel model;
-    const int errors = model.Read(true, in.string().data());
-    const Texts reports = TakeReports(in);
-    EXPECT_EQ(errors, static_cast<int>(reports.size())) << in;
-    ExpectFile(entry.path() / "reports.txt", Lines(reports));
-    ExpectFile(entry.path() / "population.txt", Lines(Population(model)));
-    std::string out = TempPath(entry.path().filename().string() + ".stp");
+    model.Name(file.path.c_str());
+    const int result = file.form == Form::kXml ? model.ReadXml(nullptr) : model.Read(true, nullptr);
+    const Texts reports = TakeReports(file.path);
+    EXPECT_EQ(result, ResultOf(reports)) << file.path;
+    ExpectFile(folder / "reports.txt", Lines(reports));
+    ExpectFile(folder / "population.txt", Lines(Population(model)));
+    std::string out = TempPath("golden.stp");
     model.Write(out.data(), "golden");
-    ExpectFile(entry.path() / "out.stp", MaskedBytesOf(out));
-    std::string document = TempPath(entry.path().filename().string() + ".xml");
+    ExpectFile(folder / "out.stp", MaskedBytesOf(out));
+    std::string document = TempPath("golden.xml");
     model.WriteXml(document.data(), "golden");
-    ExpectFile(entry.path() / "out.xml", MaskedBytesOf(document));
+    ExpectFile(folder / "out.xml", MaskedBytesOf(document));
   }
-  EXPECT_EQ(count, 2);
 }
 
 }  // namespace

@@ -1,0 +1,116 @@
+// Files damaged by chance, a seed for each: the read ends, tells what it met, leaves a sound model and nothing else,
+// and what it has read is written and read again.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/failing_new.h"
+#include "support/faulty_calls.h"
+#include "support/golden_files.h"
+#include "support/mutator.h"
+#include "support/soundness.h"
+#include "support/tame.h"
+#include "whole/reference/reader.h"
+#include "xml/documents.h"
+
+namespace {
+
+using namespace steprt_test;
+
+constexpr unsigned kMutations = 10000;  // of each form
+
+// What may be told of a file that the library wrote: a reference to the wrong type stays one, and a text of the very
+// length that is told of stays as long.
+void ExpectTameReports(const Texts& reports) {
+  for (const std::string& report : reports) {
+    const bool isExpected = report.find("]Reference to wrong object type ''") != std::string::npos ||
+                            report.find("]Too long element, truncated") != std::string::npos;
+    EXPECT_TRUE(isExpected) << report;
+  }
+}
+
+void ExpectComesBack(ProjModel& model, Form form) {
+  Tame(model, form);
+  const Texts population = Population(model);
+  std::string path = TempPath("again.stp");
+  std::filesystem::remove(path);  // much faster than to empty it
+  const int written = form == Form::kXml ? model.WriteXml(path.data(), "") : model.Write(path.data(), "");
+  EXPECT_EQ(written, static_cast<int>(population.size()));
+  ExpectSound(model);
+  ProjModel back;
+  back.Name(path.c_str());
+  if (population.empty() && form == Form::kClearText) return;  // it would be read as a document
+  const int result = form == Form::kXml ? back.ReadXml(nullptr) : back.Read(true, nullptr);
+  const Texts reports = TakeReports(path);
+  EXPECT_EQ(result, ResultOf(reports));
+  ExpectTameReports(reports);
+  EXPECT_EQ(Population(back), population);
+  ExpectSound(back);
+}
+
+// The model's read and that of the reference reader agree; where nothing has come of it, what follows is a document's.
+void CheckClearText(const std::string& bytes) {
+  Outcome expected = ReadByReference({.bytes = bytes, .kinds = ""});
+  EXPECT_EQ(expected.result, ResultOf(expected.reports));
+  if (expected.population.empty()) {
+    const Outcome document = ReadDocumentFile(bytes);
+    expected.result = document.result;
+    expected.reports.insert(expected.reports.end(), document.reports.begin(), document.reports.end());
+    expected.population = document.population;
+  }
+  ProjModel other;
+  ProjModel model;
+  CurrentModel(&other);
+  std::string path = MakeFile("read.xml", bytes);
+  const int result = model.Read(false, path.data());
+  EXPECT_EQ((Outcome{result, TakeReports(path), Population(model)}), expected);
+  EXPECT_EQ(CurrentModel(), &other);
+  EXPECT_TRUE(other.IsEmpty());
+  ExpectSound(model);
+  ExpectComesBack(model, Form::kClearText);
+}
+
+// A document in memory and the same from a file in small pieces give the same.
+void CheckDocument(const std::string& bytes) {
+  const std::string document = bytes.substr(0, bytes.find('\0'));
+  ProjModel other;
+  ProjModel model;
+  CurrentModel(&other);
+  model.Name("memory.xml");
+  const int result = model.ReadXml(document.c_str());
+  const Outcome outcome = {result, TakeReports("memory.xml"), Population(model)};
+  EXPECT_EQ(outcome.result, ResultOf(outcome.reports));
+  EXPECT_EQ(CurrentModel(), &other);
+  EXPECT_TRUE(other.IsEmpty());
+  ExpectSound(model);
+  if (document.size() % 4 == 0) {  // files take their time
+    const FaultyCalls calls({.atMost = [] { return 50; }});
+    EXPECT_EQ(ReadDocumentFile(document), outcome);
+  }
+  ExpectComesBack(model, Form::kXml);
+}
+
+// Other seeds with each round of
+//   steprt_tests --gtest_filter='Mutations.*' --gtest_shuffle --gtest_random_seed=1 --gtest_repeat=100
+void CheckMutations(Form form, void (*check)(const std::string& bytes)) {
+  std::vector<std::string> files;
+  for (const GoldenFile& file : GoldenFiles(form)) files.push_back(file.bytes);
+  check(files.front());  // what is made once and stays is made now
+  const int round = GTEST_FLAG_GET(shuffle) ? testing::UnitTest::GetInstance()->random_seed() : 0;
+  const unsigned first = static_cast<unsigned>(round) * kMutations;
+  for (unsigned seed = first; seed < first + kMutations; ++seed) {
+    const std::string bytes = Mutated(files, seed);
+    const long blocks = LiveBlocks();
+    check(bytes);
+    EXPECT_EQ(LiveBlocks(), blocks);
+    if (testing::Test::HasFailure()) FAIL() << "seed " << seed << ": " << testing::PrintToString(bytes);
+  }
+}
+
+TEST(Mutations, OfClearTextAreReadAsTheReferenceReaderDoesAndComeBack) {
+  CheckMutations(Form::kClearText, CheckClearText);
+}
+
+TEST(Mutations, OfDocumentsAreReadToTheirEndAndComeBack) { CheckMutations(Form::kXml, CheckDocument); }
+
+}  // namespace
