@@ -11,7 +11,7 @@ namespace steprt_test {
 struct Faults {
   long failing = 0;               // the call that fails, counted from 1; 0 for none
   bool allBehind = false;         // and all behind it
-  int error = 0;                  // with this errno
+  int error = 0;                  // with this errno; 0: it does not fail but takes one byte
   bool interrupted = false;       // every other call is interrupted first
   std::function<int()> atMost{};  // bytes that a call takes at most; empty: as many as asked for
 };
@@ -23,8 +23,9 @@ class FaultyCalls {
   FaultyCalls(const FaultyCalls&) = delete;
   FaultyCalls& operator=(const FaultyCalls&) = delete;
 
-  long Count() const;      // calls so far, reads and writes, without those that were interrupted
-  bool HasFailed() const;  // whether one failed by `failing`
+  long Count() const;         // calls so far, reads and writes, without those that were interrupted
+  std::size_t Bytes() const;  // that they took
+  bool HasFailed() const;     // whether one failed by `failing`
 };
 
 }  // namespace steprt_test

@@ -1,0 +1,164 @@
+// Every read and every write of a transfer fails once, alone and with all behind it, is interrupted, or falls short: a
+// read gives what the bytes that arrived give, a write leaves whole records, and what is lost is told.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "platform/sax.h"
+#include "support/faulty_calls.h"
+#include "xml/documents.h"
+
+namespace {
+
+using namespace steprt_test;
+
+const struct Fault {
+  const char* name;
+  int error;  // 0: the call takes one byte
+  bool allBehind;
+  bool loses;
+} kFaults[] = {
+    {"EIO", EIO, false, true},       {"EIO from then on", EIO, true, true}, {"ENOSPC from then on", ENOSPC, true, true},
+    {"EAGAIN", EAGAIN, false, true}, {"interrupted", EINTR, false, false},  {"one byte", 0, false, false},
+};
+
+struct Input {
+  const char* name;
+  bool isDocument;
+  std::string bytes;
+};
+
+constexpr int kMany = 800;
+const std::string kName(220, 'n');
+
+std::string ManyRecords() {
+  std::string records;
+  for (int i = 1; i <= kMany; ++i) {
+    const std::string number = std::to_string(i);
+    records += "#" + number + "=WALL('" + kName + "'," + number + ".,$,(),(1,2),.T.);\n";
+  }
+  return InFrame(records);
+}
+
+std::string ManyElements() {
+  std::string entities;
+  for (int i = 1; i <= kMany; ++i) {
+    entities += "<WALL rid='#" + std::to_string(i) + "'><Name>" + kName + "</Name><External>.T.</External></WALL>\n";
+  }
+  return InRoot(entities);
+}
+
+std::vector<Input> Inputs() {
+  const std::string golden = STEPRT_TEST_GOLDEN;
+  std::vector<Input> inputs = {{"records of several blocks", false, ManyRecords()},
+                               {"a faulty file", false, BytesOf(golden + "/faulty/in.stp")}};
+  if (!steprt::saxService) return inputs;
+  inputs.push_back({"a document of several blocks", true, ManyElements()});
+  inputs.push_back({"a document", true, BytesOf(golden + "/sound/out.xml")});
+  return inputs;
+}
+
+Outcome Read(const Input& input, const std::string& bytes, ProjModel& model) {
+  const std::string path = MakeFile("swept.stp", bytes);
+  model.Name(path.c_str());
+  CurrentModel(&model);
+  const int result = input.isDocument ? model.ReadXml(nullptr) : STEPread(model.Name(), ProjSchema(), false);
+  return {result, TakeReports(path), Population(model)};
+}
+
+Outcome Read(const Input& input, const std::string& bytes) {
+  ProjModel model;
+  return Read(input, bytes, model);
+}
+
+// Calls `look` with a trace of what it looks at, for each fault and each call, until a run makes fewer.
+template <typename Look>
+void Sweep(const std::string& what, Look look) {
+  for (const Fault& fault : kFaults) {
+    bool hasFailed = true;
+    for (long nth = 1; hasFailed; ++nth) {
+      SCOPED_TRACE(what + ", call " + std::to_string(nth) + ", " + fault.name);
+      hasFailed = look(fault, nth);
+      ASSERT_LT(nth, 1000);
+    }
+  }
+}
+
+TEST(IoSweep, AReadGivesWhatTheBytesThatArrivedGive) {
+  for (const Input& input : Inputs()) {
+    const Outcome sound = Read(input, input.bytes);
+    ASSERT_GT(sound.population.size(), 10u) << input.name;
+    Sweep(input.name, [&](const Fault& fault, long nth) {
+      auto calls =
+          std::make_unique<FaultyCalls>(Faults{.failing = nth, .allBehind = fault.allBehind, .error = fault.error});
+      const Outcome outcome = Read(input, input.bytes);
+      const std::size_t arrived = calls->Bytes();
+      const bool hasFailed = calls->HasFailed();
+      calls.reset();
+      const bool isWhole = arrived == input.bytes.size();
+      EXPECT_TRUE(isWhole || (fault.loses && hasFailed));
+      EXPECT_EQ(outcome, isWhole ? sound : Read(input, input.bytes.substr(0, arrived)));
+      EXPECT_TRUE(isWhole || (outcome.result != 0 && !outcome.reports.empty()));
+      return hasFailed;
+    });
+  }
+}
+
+struct Form {
+  const char* name;
+  int (STEPmodel::*write)(char* name, const char* remark);
+  const char* tail;
+} const kForms[] = {{"as clear text", &STEPmodel::Write, "ENDSEC;\n\nEND-ISO-10303-21;\n"},
+                    {"as XML", &STEPmodel::WriteXml, "</PROJ>\n"}};
+
+Outcome Write(ProjModel& model, const Form& form) {
+  std::string path = TempPath("swept-out.stp");
+  const int result = (model.*form.write)(path.data(), "");
+  return {result, TakeReports(path), {MaskedBytesOf(path)}};
+}
+
+bool IsStartOf(const std::string& whole, const std::string& bytes) {
+  return whole.compare(0, bytes.size(), bytes) == 0 && (bytes.empty() || bytes.back() == '\n');
+}
+
+// What is left when a write failed in front of the end.
+void ExpectLoss(const Outcome& outcome, const Outcome& sound, const Fault& fault, const std::string& tail) {
+  EXPECT_EQ(outcome.result, -1);
+  ASSERT_EQ(outcome.reports.size(), 1u);
+  EXPECT_NE(outcome.reports[0].find("]error writing file"), std::string::npos) << outcome.reports[0];
+  std::string bytes = outcome.population[0];
+  if (!fault.allBehind) {
+    ASSERT_TRUE(bytes.size() >= tail.size() && bytes.substr(bytes.size() - tail.size()) == tail);
+    bytes.resize(bytes.size() - tail.size());
+  }
+  EXPECT_TRUE(IsStartOf(sound.population[0], bytes)) << "records are cut";
+}
+
+// The last call writes nothing but the end, and nobody looks behind it.
+TEST(IoSweep, AWriteIsWholeOrTellsThatItIsNot) {
+  for (const Input& input : Inputs()) {
+    ProjModel model;
+    Read(input, input.bytes, model);
+    for (const Form& form : kForms) {
+      const auto all = std::make_unique<FaultyCalls>(Faults{});
+      const Outcome sound = Write(model, form);
+      const long last = all->Count();
+      ASSERT_GE(last, 2);
+      Sweep(std::string(input.name) + " " + form.name, [&](const Fault& fault, long nth) {
+        const FaultyCalls calls({.failing = nth, .allBehind = fault.allBehind, .error = fault.error});
+        const Outcome outcome = Write(model, form);
+        if (!calls.HasFailed() || !fault.loses) {
+          EXPECT_TRUE(outcome == sound);
+        } else if (nth < last) {
+          ExpectLoss(outcome, sound, fault, form.tail);
+        } else {
+          EXPECT_EQ(outcome.result, sound.result);
+          EXPECT_TRUE(IsStartOf(sound.population[0], outcome.population[0]));
+        }
+        return calls.HasFailed();
+      });
+    }
+  }
+}
+
+}  // namespace
