@@ -25,7 +25,10 @@ int Write(STEPmodel& model, std::string path) {
 
 bool Convert(const std::string& from, const std::string& to) {
   proj::Model model;
-  if (Read(model, from) != 0) return false;
+  if (Read(model, from) != 0 || model.IsEmpty()) {  // a library without XML reads nothing of a document, and gives 0
+    std::fprintf(stderr, "%s: nothing that could be read whole\n", from.c_str());
+    return false;
+  }
   const int count = Write(model, to);
   std::printf("%s: %d instances\n", to.c_str(), count);
   return count >= 0;

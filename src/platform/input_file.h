@@ -40,6 +40,9 @@ class InputFile {
   int Peek() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_) : kEnd; }
   int Get() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_++) : kEnd; }
 
+  // Whether a read has failed, which ended the file.
+  bool HasFailed() const { return failed_; }
+
   // Reads the next block over this one, which must be used up. False at the end of the file.
   bool Refill();
 
@@ -55,6 +58,7 @@ class InputFile {
   std::uint64_t taken_ = 0;
   std::uint32_t blocks_ = 0;
   bool ended_ = false;
+  bool failed_ = false;
   const char* cursor_ = block_;
   const char* limit_ = block_;
   char block_[kBlock + kScanReach];

@@ -197,10 +197,20 @@ TEST_F(Documents, NothingIsLoadedFromOutside) {
   const std::string secret = MakeFile("secret.txt", "secret");
   const std::string dtd = MakeFile("evil.dtd", "<!ENTITY g 'grown'><!ATTLIST PROBE rid CDATA '#1'>");
   const std::string head = "<!DOCTYPE PROJ SYSTEM '" + dtd + "' [<!ENTITY x SYSTEM '" + secret + "'>";
-  EXPECT_EQ(ReadDocument(head + "]>" + ProbeDocument("<A>[&x;]</A>")), (Outcome{0, {}, {"PROBE('[]')"}}));
-  EXPECT_EQ(ReadDocument(head + "]>" + ProbeDocument("<A>[&g;]</A>")), (Outcome{0, {}, {"PROBE('[]')"}}));
+  for (const auto& [use, name] : {std::pair{"<A>[&x;]</A>", secret}, {"<A>[&g;]</A>", std::string("g")}}) {
+    const Outcome outcome = ReadDocument(head + "]>" + ProbeDocument(use));
+    EXPECT_EQ(outcome.result, -1) << use;
+    ASSERT_EQ(outcome.reports.size(), 1u) << use;
+    EXPECT_EQ(outcome.reports[0].substr(0, 19 + name.size()), "entity not loaded: " + name);
+    EXPECT_EQ(outcome.population, Texts{"PROBE('[]')"}) << "the read goes on without it";
+  }
   EXPECT_EQ(ReadDocument(head + "<!ENTITY % p SYSTEM '" + dtd + "'>%p;]>" + ProbeDocument("<A>1</A>")),
             (Outcome{0, {}, {"PROBE('1')"}}));
+}
+
+TEST_F(Documents, AnEntityThatAnotherOneDeclaresIsKnown) {
+  const std::string head = "<!DOCTYPE PROJ [<!ENTITY % d \"<!ENTITY g 'grown'>\"> %d; ]>";
+  EXPECT_EQ(ReadDocument(head + ProbeDocument("<A>[&g;]</A>")), (Outcome{0, {}, {"PROBE('[grown]')"}}));
 }
 
 TEST_F(Documents, AnEntityBombIsRefused) {

@@ -17,6 +17,9 @@ class ByteSource {
 
   // Copies the next bytes, as many as there are and fit. 0 at the end.
   virtual std::size_t Fill(char* room, std::size_t size) = 0;
+
+  // Whether the end is one because no more could be read.
+  virtual bool HasFailed() const { return false; }
 };
 
 class MemoryBytes final : public ByteSource {
@@ -48,6 +51,7 @@ class FileBytes final : public ByteSource {
     }
     return filled;
   }
+  bool HasFailed() const override { return file_->HasFailed(); }
 
  private:
   InputFile* const file_;

@@ -55,10 +55,27 @@ void XMLCALL OnAttribute(void* parse, const XML_Char* /*element*/, const XML_Cha
   static_cast<ExpatParse*>(parse)->DeclareAttribute(name, value != nullptr);
 }
 
+void XMLCALL OnSkippedEntity(void* parse, const XML_Char* name, int isParameter) {
+  if (!isParameter) static_cast<ExpatParse*>(parse)->SkipEntity(name);
+}
+
+// Of what a document type refers to there is no context, and nobody misses it before an entity of it is used.
+int XMLCALL OnExternalEntity(XML_Parser parse, const XML_Char* context, const XML_Char* /*base*/,
+                             const XML_Char* systemId, const XML_Char* /*publicId*/) {
+  if (context) reinterpret_cast<ExpatParse*>(parse)->SkipEntity(systemId);
+  return XML_STATUS_OK;
+}
+
 void AddCount(TextBuffer& text, XML_Size count) {
   char digits[24];
   const char* end = std::to_chars(digits, digits + sizeof digits, count).ptr;
   text.Add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+}
+
+// Cut where there is no memory for all of it.
+const char16_t* PutMessage(Utf16Room& room, std::string_view message) {
+  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Room::kOwnRoom - 1);
+  return room.PutBytes(message);
 }
 
 }  // namespace
@@ -95,6 +112,10 @@ bool ExpatParse::MakeParser() {
   XML_SetCharacterDataHandler(parser_.get(), OnText);
   XML_SetEntityDeclHandler(parser_.get(), OnEntity);
   XML_SetAttlistDeclHandler(parser_.get(), OnAttribute);
+  XML_SetParamEntityParsing(parser_.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
+  XML_SetSkippedEntityHandler(parser_.get(), OnSkippedEntity);
+  XML_SetExternalEntityRefHandler(parser_.get(), OnExternalEntity);
+  XML_SetExternalEntityRefHandlerArg(parser_.get(), this);
   XML_SetUnknownEncodingHandler(parser_.get(), DescribeCodePage, nullptr);
   return true;
 }
@@ -109,8 +130,9 @@ bool ExpatParse::Feed(ByteSource& source) {
     auto* room = static_cast<char*>(XML_GetBuffer(parser_.get(), size));
     if (!room) return false;
     const int count = static_cast<int>(source.Fill(room, static_cast<std::size_t>(size)));
+    if (count == 0 && source.HasFailed()) fault_ = "the file can't be read on";
     if (XML_ParseBuffer(parser_.get(), count, count == 0) != XML_STATUS_OK) return false;
-    if (count == 0) return true;
+    if (count == 0) return !fault_;
     const XML_Index start = XML_GetCurrentByteIndex(parser_.get());
     size = start == tokenStart ? std::min(size * 2, kLargestBlock) : kBlock;
     tokenStart = start;
@@ -121,11 +143,17 @@ void ExpatParse::ReportFault() {
   if (stopped_ && !fault_) return;
   stopped_ = true;
   TextBuffer message;
-  message.Add(fault_ ? fault_ : XML_ErrorString(XML_GetErrorCode(parser_.get()))).Add(" (line ");
+  message.Add(fault_ ? fault_ : XML_ErrorString(XML_GetErrorCode(parser_.get())));
+  AddPlace(message);
+  ReportFatal(errors_, message.Text());
+}
+
+void ExpatParse::AddPlace(TextBuffer& message) const {
+  message.Add(" (line ");
   AddCount(message, XML_GetCurrentLineNumber(parser_.get()));
   message.Add(", column ");
   AddCount(message, XML_GetCurrentColumnNumber(parser_.get()) + 1);
-  ReportFatal(errors_, message.Add(')').Text());
+  message.Add(')');
 }
 
 void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
@@ -154,6 +182,14 @@ void ExpatParse::DeclareAttribute(const XML_Char* name, bool hasDefault) {
   if (++declared_ > kMostAttributes) return Refuse("too many attributes declared");
   if (defaults_ > kMostDefaults) return Refuse("too many defaults of attributes declared");
   if (std::strlen(name) > kLongestDeclared) Refuse("too long a name of an attribute declared");
+}
+
+void ExpatParse::SkipEntity(const XML_Char* name) {
+  TextBuffer message;
+  message.Add("entity not loaded: ").Add(name);
+  AddPlace(message);
+  Utf16Room room;
+  Send([&] { return errors_.Error(PutMessage(room, message.Text())); });
 }
 
 void ExpatParse::Text(std::string_view utf8) {
@@ -195,8 +231,7 @@ void ExpatParse::Refuse(const char* fault) {
 
 void ReportFatal(SaxErrorHandler& errors, std::string_view message) {
   Utf16Room room;
-  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Room::kOwnRoom - 1);
-  errors.FatalError(room.PutBytes(message));
+  errors.FatalError(PutMessage(room, message));
 }
 
 }  // namespace steprt

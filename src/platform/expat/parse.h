@@ -11,6 +11,7 @@
 #include "platform/expat/byte_source.h"
 #include "platform/expat/utf16.h"
 #include "platform/sax.h"
+#include "support/text_buffer.h"
 
 namespace steprt {
 
@@ -44,6 +45,7 @@ class ExpatParse {
   void StartNamespace(const XML_Char* address);
   void DeclareEntity();
   void DeclareAttribute(const XML_Char* name, bool hasDefault);
+  void SkipEntity(const XML_Char* name);  // that is not in the document; goes on without it
   void Text(std::string_view utf8);
 
  private:
@@ -58,6 +60,7 @@ class ExpatParse {
   bool MakeParser();
   bool Feed(ByteSource& source);
   void ReportFault();
+  void AddPlace(TextBuffer& message) const;
   void Refuse(const char* fault);
 
   SaxContentHandler& content_;

@@ -33,6 +33,7 @@ bool InputFile::Refill() {
   do {
     count = fileCalls.read(handle_, block_, kBlock);
   } while (count < 0 && errno == EINTR);
+  failed_ = count < 0;
   ended_ = count <= 0;
   if (ended_) count = 0;
   ++blocks_;
