@@ -38,6 +38,11 @@ void UnknownKeyword(std::string& file, int items) {
   for (int i = 1; i <= items; ++i) PutNode(file, i, 0, i == 1 ? "NODE" : "STRANGER");
 }
 
+// The parser hands it over in pieces.
+void LongText(std::string& file, int items) {
+  PutWhole(file, "<TEXT rid=\"#1\"><Value>", "a", items, "</Value></TEXT>\n");
+}
+
 void TextOfEntities(std::string& file, int items) {
   PutWhole(file, "<TEXT rid=\"#1\"><Value>", "&lt;", items, "</Value></TEXT>\n");
 }
@@ -117,7 +122,8 @@ constexpr Shape kShapes[] = {
     Row("xml_ascending", 250'000, 5'000, kEach, kNone, Ascending),
     Row("xml_forward_only", 250'000, 5'000, kEach, kNone, ForwardOnly),
     Row("xml_unknown_entity", 250'000, 5'000, kOne, kNone, UnknownKeyword),
-    Row("xml_text_of_entities", 250'000, 250'000, kOne, kNone, TextOfEntities),
+    Row("xml_long_text", 1'000'000, 1'000'000, kOne, kNone, LongText),
+    Row("xml_text_of_entities", 250'000, 100'000, kOne, kNone, TextOfEntities),
     Row("xml_text_of_cdata", 250'000, 100'000, kOne, kNone, TextOfCdata),
     Row("xml_text_among_elements", 250'000, 50'000, kOne, kNone, TextAmongElements),
     Row("xml_list_of_texts", 250'000, 20'000, kOne, kNone, TextsOfLists),
