@@ -1,5 +1,7 @@
 #include "support/proj_schema.h"
 
+#include <gtest/gtest.h>
+
 #include <charconv>
 #include <unordered_map>
 
@@ -8,40 +10,41 @@
 namespace steprt_test {
 namespace {
 
-const std::unordered_map<int, Shape> kShapes = {
-    {kWall,
-     {{"Name", 't'},
-      {"Height", 'r'},
-      {"Owner", 'f', kPerson},
-      {"Doors", 'A', kDoor},
-      {"Layers", 'p'},
-      {"External", 'b'}}},
-    {kDoor, {{"Host", 'f', kWall}}},
+// The attributes of an entity, and the types that its reference and its list of references are of.
+const struct {
+  int type;
+  const char* kinds;
+  std::vector<const char*> names;
+  int reference = -1;
+  int list = -1;
+} kShapes[] = {
+    {kWall, "trfApb", {"Name", "Height", "Owner", "Doors", "Layers", "External"}, kPerson, kDoor},
+    {kDoor, "f", {"Host"}, kWall},
     {kSample,
-     {{"Text", 't'},
-      {"Int", 'i'},
-      {"Real", 'r'},
-      {"Bool", 'b'},
-      {"Log", 'l'},
-      {"Enum", 'e'},
-      {"Sel", 's'},
-      {"Ref", 'f', kProduct},
-      {"Refs", 'a'},
-      {"Reals", 'p'},
-      {"Colours", 'E'},
-      {"Texts", 'T'}}},
-    {kNote, {{"Text", 't'}}},
-    {kPoint, {{"X", 'r'}, {"Y", 'r'}, {"Z", 'r'}}},
-    {kPerson, {{"Age", 'i'}}},
+     "tirblesfapET",
+     {"Text", "Int", "Real", "Bool", "Log", "Enum", "Sel", "Ref", "Refs", "Reals", "Colours", "Texts"},
+     kProduct},
+    {kNote, "t", {"Text"}},
+    {kPoint, "rrr", {"X", "Y", "Z"}},
+    {kPerson, "i", {"Age"}},
 };
 
 Probe probe;
+struct ProbeReset : testing::EmptyTestEventListener {
+  void OnTestEnd(const testing::TestInfo&) override { probe = {}; }
+};
+[[maybe_unused]] const bool isReset = (testing::UnitTest::GetInstance()->listeners().Append(new ProbeReset), true);
+
 STEPheader* const kKept = reinterpret_cast<STEPheader*>(&probe);  // in a PROBE's references at first
 
 Shape ShapeOf(int type) {
   static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H"};
-  const auto known = kShapes.find(type);
-  Shape shape = known == kShapes.end() ? Shape() : known->second;
+  Shape shape;
+  for (const auto& each : kShapes) {
+    for (std::size_t i = 0; each.type == type && i < each.names.size(); ++i) {
+      shape.push_back({each.names[i], each.kinds[i], each.kinds[i] == 'f' ? each.reference : each.list});
+    }
+  }
   if (type != kProbe) return shape;
   for (const char kind : probe.kinds) shape.push_back({kNames[shape.size()], kind, probe.expected});
   return shape;
@@ -126,31 +129,17 @@ std::string ObjectText(const STEPheader* object, const Places& places) {
 }
 
 std::string SelectText(STEPselect& select, const Places& places) {
-  switch (select.Type()) {
-    case STEPselect::SEL_INT:
-      return "int " + std::to_string(select.GetInt());
-    case STEPselect::SEL_REAL:
-      return "real " + RealText(select.GetReal());
-    case STEPselect::SEL_TEXT:
-      return "text " + Quoted(select.GetCharPtr());
-    case STEPselect::SEL_OBJ:
-      return "object " + ObjectText(select.GetSTEPobj(), places);
-    default:
-      return "none";
-  }
+  const STEPselect::SelType type = select.Type();
+  if (type == STEPselect::SEL_INT) return "int " + std::to_string(select.GetInt());
+  if (type == STEPselect::SEL_REAL) return "real " + RealText(select.GetReal());
+  if (type == STEPselect::SEL_TEXT) return "text " + Quoted(select.GetCharPtr());
+  return type == STEPselect::SEL_OBJ ? "object " + ObjectText(select.GetSTEPobj(), places) : "none";
 }
 
 std::string NodeText(const STEPlist& node, char kind, const Places& places) {
-  switch (kind) {
-    case 'p':
-      return RealText(node.value.real);
-    case 'E':
-      return std::to_string(node.value.integer);
-    case 'T':
-      return Quoted(node.value.text);
-    default:
-      return ObjectText(node.value.object, places);
-  }
+  if (kind == 'p') return RealText(node.value.real);
+  if (kind == 'E') return std::to_string(node.value.integer);
+  return kind == 'T' ? Quoted(node.value.text) : ObjectText(node.value.object, places);
 }
 
 std::string ListText(const STEPaggr* list, char kind, const Places& places) {
@@ -164,24 +153,12 @@ std::string ListText(const STEPaggr* list, char kind, const Places& places) {
 }
 
 std::string ValueText(Value& value, char kind, const Places& places) {
-  switch (kind) {
-    case 't':
-      return Quoted(value.text);
-    case 'i':
-    case 'l':
-    case 'e':
-      return std::to_string(value.integer);
-    case 'r':
-      return RealText(value.real);
-    case 'b':
-      return value.integer ? "T" : "F";
-    case 's':
-      return SelectText(value.select, places);
-    case 'f':
-      return ObjectText(value.object, places);
-    default:
-      return ListText(value.list, kind, places);
-  }
+  if (kind == 't') return Quoted(value.text);
+  if (kind == 'i' || kind == 'l' || kind == 'e') return std::to_string(value.integer);
+  if (kind == 'r') return RealText(value.real);
+  if (kind == 'b') return value.integer ? "T" : "F";
+  if (kind == 's') return SelectText(value.select, places);
+  return kind == 'f' ? ObjectText(value.object, places) : ListText(value.list, kind, places);
 }
 
 }  // namespace
@@ -242,6 +219,13 @@ Texts Population(STEPmodel& model) {
 
 std::string InFrame(const std::string& data) {
   return "ISO-10303-21;HEADER;FILE_SCHEMA(('PROJ'));ENDSEC;DATA;" + data + "ENDSEC;END-ISO-10303-21;";
+}
+
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
+  out << outcome.result;
+  for (const std::string& report : outcome.reports) out << "\n  report " << report;
+  for (const std::string& instance : outcome.population) out << "\n  " << instance;
+  return out;
 }
 
 Outcome ReadBytes(STEPmodel& model, const std::string& bytes, bool check) {

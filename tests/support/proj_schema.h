@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -61,7 +62,7 @@ struct Probe {
   std::function<STEPheader*(STEPtransfer*)> read{};
   std::function<void(STEPtransfer*)> write{};
 };
-void SetProbe(Probe probe);
+void SetProbe(Probe probe);  // until the test ends
 
 APPobject0* ProjSchema();
 
@@ -85,7 +86,10 @@ struct Outcome {
   int result;
   Texts reports;     // as TakeReports gives them
   Texts population;  // afterwards
+
+  bool operator==(const Outcome&) const = default;
 };
+std::ostream& operator<<(std::ostream& out, const Outcome& outcome);
 
 // Read as clear text and as nothing else, into a model that is current then, or into one of its own.
 Outcome ReadBytes(STEPmodel& model, const std::string& bytes, bool check = false);

@@ -33,17 +33,6 @@ inline std::string ProbeDocument(const std::string& children) {
   return InRoot("<PROBE rid=\"#1\">" + children + "</PROBE>");
 }
 
-inline bool operator==(const Outcome& a, const Outcome& b) {
-  return a.result == b.result && a.reports == b.reports && a.population == b.population;
-}
-
-inline std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
-  out << outcome.result;
-  for (const std::string& report : outcome.reports) out << "\n  report " << report;
-  for (const std::string& instance : outcome.population) out << "\n  " << instance;
-  return out;
-}
-
 // The model as a document, with its file's name and the date masked.
 inline std::string WrittenDocument(STEPmodel& model, const char* remark = nullptr) {
   std::string path = TempPath("written.xml");
