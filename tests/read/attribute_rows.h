@@ -5,27 +5,32 @@
 #include <gtest/gtest.h>
 
 #include "support/proj_schema.h"
+#include "support/table.h"
 
 namespace steprt_test {
 
-struct AttributeRow {
-  const char* kinds;
-  const char* data;
-  Texts population;
-  Texts reports = {};
-  int expected = -1;  // type of the references
-};
+// Of a report that begins with its place, or else is "(1) [PROBE]" and what the cell says.
+inline Texts ReportsOf(const std::string& cell) {
+  Texts reports = ItemsOf(cell);
+  for (std::string& each : reports) each.insert(0, each[0] == '(' ? "" : "(1) [PROBE]");
+  return reports;
+}
 
-inline void ExpectRows(const std::vector<AttributeRow>& rows) {
-  for (const AttributeRow& row : rows) {
-    SetProbe({row.kinds, row.expected});
-    const Outcome outcome = ReadData(row.data);
-    const std::string what = std::string(row.kinds) + " of " + row.data;
-    EXPECT_EQ(outcome.population, row.population) << what;
-    EXPECT_EQ(outcome.reports, row.reports) << what;
-    EXPECT_EQ(outcome.result, static_cast<int>(row.reports.size())) << what;
+// Kinds, data, population, reports. The type that references are of may stand behind the kinds, as in "f:11".
+inline void ExpectRows(const char* table, const std::function<Outcome(const std::string&)>& read = ReadData) {
+  for (const Texts& row : Table(table, 4)) {
+    const std::size_t colon = row[0].find(':');
+    SetProbe({row[0].substr(0, colon), colon == std::string::npos ? -1 : std::stoi(row[0].substr(colon + 1))});
+    const Texts reports = ReportsOf(row[3]);
+    EXPECT_EQ(read(row[1]), (Outcome{static_cast<int>(reports.size()), reports, ItemsOf(row[2])}))
+        << row[0] << " of " << row[1];
   }
-  SetProbe({});
+}
+
+// The same for a PROBE whose read function is this.
+inline Outcome ReadWith(std::function<STEPheader*(STEPtransfer*)> readProbe, const std::string& data) {
+  SetProbe({"", -1, std::move(readProbe)});
+  return ReadData(data);
 }
 
 }  // namespace steprt_test

@@ -37,40 +37,30 @@ TEST(Reports, HaveOneFormAndAreNeverCut) {
 }
 
 TEST(Reports, TakeATextOrANumberIntoTheMessage) {
-  const auto t = steprt::NewTransfer("f", CollectReport, nullptr, false);
-  ReportError(t.get(), "Unknown entity %s", longText.c_str());
-  ReportError(t.get(), "Unknown bool '%s'", ".%d.");
-  ReportError(t.get(), "Entity #%d already used", -2147483647 - 1);
-  EXPECT_EQ(TakeReports("f"), (Texts{"(1) []Unknown entity " + longText, "(1) []Unknown bool '.%d.'",
-                                     "(1) []Entity #-2147483648 already used"}));
+  for (const STEPerrorProc procedure : {&CollectReport, static_cast<STEPerrorProc>(nullptr)}) {
+    const auto t = steprt::NewTransfer("f", procedure, nullptr, false);
+    ReportError(t.get(), "Unknown entity %s", longText.c_str());
+    ReportError(t.get(), "Unknown bool '%s'", ".%d.");
+    ReportError(t.get(), "Entity #%d already used", -2147483647 - 1);
+    EXPECT_EQ(t->errors, 3) << "counted without a procedure too";
+    EXPECT_EQ(TakeReports("f"), procedure ? (Texts{"(1) []Unknown entity " + longText, "(1) []Unknown bool '.%d.'",
+                                                   "(1) []Entity #-2147483648 already used"})
+                                          : Texts());
+  }
 }
 
-TEST(Reports, WithoutAProcedureAreCountedAllTheSame) {
-  const auto t = steprt::NewTransfer("f", nullptr, nullptr, false);
-  ReportError(t.get(), "Syntax");
-  ReportError(t.get(), "Unknown reference #%d", 2);
-  EXPECT_EQ(t->errors, 2);
-  EXPECT_TRUE(TakeReports("f").empty());
-}
-
-TEST(Reports, GoToTheFirstProcedureOfTheChain) {
+TEST(Reports, GoToTheFirstProcedureOfTheChainOrToStandardError) {
   static const APPentity kNoRows[] = {{nullptr, nullptr, nullptr, 0, nullptr}};
   APPtable first("FIRST", kNoRows);
   APPtable second("SECOND", kNoRows, CollectReport);
   APPtable third("THIRD", kNoRows, [](const char*) { FAIL(); });
-  EXPECT_EQ(steprt::ErrorProcOf(&first), &steprt::DefaultErrorProc);
+  char name[] = "/nowhere.stp";
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(STEPread(name, &first, false), 1);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "STEP error: STEP error: /nowhere.stp (1) [Read]File not found\n");
   first.next = &second;
   second.next = &third;
   EXPECT_EQ(steprt::ErrorProcOf(&first), &CollectReport);
-}
-
-TEST(Reports, WithoutAnyProcedureGoToStandardError) {
-  static const APPentity kNoRows[] = {{nullptr, nullptr, nullptr, 0, nullptr}};
-  APPtable schema("QUIET", kNoRows);
-  char name[] = "/nowhere.stp";
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(STEPread(name, &schema, false), 1);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "STEP error: STEP error: /nowhere.stp (1) [Read]File not found\n");
 }
 
 // A keyword fills `where` to its 63 characters, and the message names it whole.
