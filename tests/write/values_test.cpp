@@ -1,4 +1,4 @@
-// Every attribute writer, byte for byte, with the commas between attributes and items.
+// Every attribute writer in both forms, byte for byte, with the commas or tags about attributes and items.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -13,140 +13,174 @@ using namespace steprt_test;
 
 using Writer = std::function<void(STEPtransfer*)>;
 
-// What stands between the brackets of a record.
-std::string Written(const Writer& write) {
-  SetProbe({"", -1, {}, write});
-  Entity object(kProbe);
-  std::string path = TempPath("values.stp");
-  EXPECT_EQ(STEPwrite(path.data(), "", &object, ProjSchema()), 1);
+// What stands between a file's `start` and `end`.
+std::string Between(const std::string& path, const std::string& start, const std::string& end) {
   const std::string bytes = BytesOf(path);
-  SetProbe({});
-  std::remove(path.c_str());
-  const std::size_t start = bytes.find("#1 = PROBE(") + 11;
-  const std::size_t end = bytes.rfind(");\nENDSEC;\n\nEND-ISO-10303-21;\n");
-  return bytes.substr(start, end - start);
+  const std::size_t from = bytes.find(start) + start.size();
+  return bytes.substr(from, bytes.rfind(end) - from);
 }
 
 struct Row {
   Writer write;
-  std::string bytes;
+  std::string clearText;
+  std::string xml;
 };
 
-void ExpectRows(const std::vector<Row>& rows) {
-  CurrentModel(nullptr);
-  for (const Row& row : rows) EXPECT_EQ(Written(row.write), row.bytes);
+void ExpectRows(const std::vector<Row>& rows, std::initializer_list<STEPheader*> numbered = {}) {
+  for (const Row& row : rows) {
+    ProjModel model;
+    new Entity(kProbe);
+    SetProbe({"", -1, {}, row.write});
+    std::string path = TempPath("values.stp");
+    EXPECT_EQ(model.Write(path.data(), ""), 1);
+    EXPECT_EQ(Between(path, "#1 = PROBE(", ");\nENDSEC;\n\nEND-ISO-10303-21;\n"), row.clearText);
+    for (STEPheader* each : numbered) each->number = 0;
+    EXPECT_EQ(model.WriteXml(path.data(), ""), 1);
+    EXPECT_EQ(Between(path, "<PROBE rid=\"#1\">", "</PROBE>\n</PROJ>\n"), row.xml);
+    for (STEPheader* each : numbered) each->number = 0;
+  }
 }
 
-Writer Text(const char* text) {
-  return [=](STEPtransfer* t) { wSTEPtext(t, "A", text); };
+Writer Text(const std::string& text) {
+  return [=](STEPtransfer* t) { wSTEPtext(t, "a", text.c_str()); };
 }
 
 Writer Real(double value) {
-  return [=](STEPtransfer* t) { wSTEPreal(t, "A", value); };
+  return [=](STEPtransfer* t) { wSTEPreal(t, "a", value); };
 }
 
 Writer Select(void (*set)(STEPselect&)) {
   return [=](STEPtransfer* t) {
     STEPselect select;
     set(select);
-    wSTEPsel(t, "A", &select);
-    wSTEPint(t, "B", 7);
+    wSTEPsel(t, "a", &select);
+    wSTEPint(t, "b", 7);
   };
 }
 
-TEST(WrittenValues, Numbers) {
-  ExpectRows({{[](STEPtransfer* t) { wSTEPint(t, nullptr, INT_MIN), wSTEPint(t, "B", 0), wSTEPint(t, "C", INT_MAX); },
-               "-2147483648,0,2147483647"},
-              {Real(1.0), "1"},
-              {Real(-0.5), "-0.5"},
-              {Real(1000000.0), "1e+06"},
-              {Real(1234567.0), "1.23457e+06"},
-              {Real(0.00001), "1e-05"},
-              {Real(0.0001), "0.0001"},
-              {Real(-HUGE_VAL), "-inf"}});
+TEST(WrittenValues, NumbersAndKeywords) {
+  ExpectRows(
+      {{[](STEPtransfer* t) { wSTEPint(t, "a", INT_MIN), wSTEPint(t, "b", 0), wSTEPint(t, "c", INT_MAX); },
+        "-2147483648,0,2147483647", "<a>-2147483648</a><b>0</b><c>2147483647</c>"},
+       {Real(1.0), "1", "<a>1</a>"},
+       {Real(-0.5), "-0.5", "<a>-0.5</a>"},
+       {Real(1000000.0), "1e+06", "<a>1e+06</a>"},
+       {Real(1234567.0), "1.23457e+06", "<a>1.23457e+06</a>"},
+       {Real(-0.000012345678), "-1.23457e-05", "<a>-1.23457e-05</a>"},
+       {Real(0.0001), "0.0001", "<a>0.0001</a>"},
+       {Real(-HUGE_VAL), "-inf", "<a>-inf</a>"},
+       {[](STEPtransfer* t) { wSTEPbool(t, "a", true), wSTEPbool(t, "b", false); }, ".T.,.F.", "<a>.T.</a><b>.F.</b>"},
+       {[](STEPtransfer* t) {
+          for (const int value : {-1, 0, 1, 2, -2, INT_MIN}) wSTEPlog(t, "a", value);
+        },
+        ".U.,.F.,.T.,.U.,.U.,.U.", "<a>.U.</a><a>.F.</a><a>.T.</a><a>.U.</a><a>.U.</a><a>.U.</a>"},
+       {[](STEPtransfer* t) { wSTEPenum(t, "a", 2, kColours), wSTEPenum(t, "b", 0, kColours); }, ".BLUE.,.RED.",
+        "<a>.BLUE.</a><b>.RED.</b>"},
+       {[](STEPtransfer*) {}, "", ""}});
 }
 
-TEST(WrittenValues, Keywords) {
-  ExpectRows(
-      {{[](STEPtransfer* t) { wSTEPbool(t, "A", true), wSTEPbool(t, "B", false); }, ".T.,.F."},
-       {[](STEPtransfer* t) {
-          for (const int value : {-1, 0, 1, 2, -2, INT_MIN}) wSTEPlog(t, "A", value);
-        },
-        ".U.,.F.,.T.,.U.,.U.,.U."},
-       {[](STEPtransfer* t) { wSTEPenum(t, "A", 2, kColours), wSTEPenum(t, "B", 0, kColours); }, ".BLUE.,.RED."}});
+std::string Repeated(const std::string& piece, std::size_t times) {
+  std::string text;
+  for (std::size_t i = 0; i < times; ++i) text += piece;
+  return text;
 }
 
 TEST(WrittenValues, Texts) {
-  ExpectRows({{Text(nullptr), "$"},
-              {Text(""), "''"},
-              {Text("it's"), "'it''s'"},
-              {Text("'"), "''''"},
-              {Text("''a"), "'''''a'"},
-              {Text("a\\b\nc\xff\""), "'a\\b\nc\xff\"'"},
-              {Text(std::string(200000, '\'').c_str()), "'" + std::string(400000, '\'') + "'"}});
+  ExpectRows({{[](STEPtransfer* t) { wSTEPtext(t, "a", nullptr); }, "$", "<a>$</a>"},
+              {Text(""), "''", "<a></a>"},
+              {Text("it's"), "'it''s'", "<a>it's</a>"},
+              {Text("'"), "''''", "<a>'</a>"},
+              {Text("''a"), "'''''a'", "<a>''a</a>"},
+              {Text("a\\b\nc\xff\""), "'a\\b\nc\xff\"'", "<a>a\\b\nc\xff\"</a>"},
+              {Text("a<b&c>&&<<"), "'a<b&c>&&<<'", "<a>a&lt;b&amp;c&gt;&amp;&amp;&lt;&lt;</a>"},
+              {Text(Repeated("'&", 70'000)), "'" + Repeated("''&", 70'000) + "'",
+               "<a>" + Repeated("'&amp;", 70'000) + "</a>"}});
+  for (const std::size_t length : {51u, 52u, 256u, 257u, 65'536u}) {
+    ExpectRows({{Text(std::string(length, '&')), "'" + std::string(length, '&') + "'",
+                 "<a>" + Repeated("&amp;", length) + "</a>"}});
+  }
+}
+
+TEST(WrittenValues, NamesOfAnyLengthGoOutWholeAndNumbersWithoutOneBare) {
+  for (const std::size_t length : {1u, 61u, 62u, 63u, 64u, 1'000u, 70'000u}) {
+    const std::string name(length, 'n');
+    ExpectRows({{[&](STEPtransfer* t) { wSTEPint(t, name.c_str(), 1); }, "1", "<" + name + ">1</" + name + ">"}});
+  }
+  STEPselect select;
+  select.SetInt(7);
+  const auto write = [&](STEPtransfer* t) {
+    wSTEPint(t, nullptr, 1);
+    wSTEPtext(t, "n", "x");
+    wSTEPreal(t, nullptr, 2.5);
+    wSTEPsel(t, nullptr, &select);
+  };
+  ExpectRows({{write, "1,'x',2.5,7", "1<n>x</n>,2.5,7"}});
 }
 
 TEST(WrittenValues, Selects) {
-  ExpectRows({{[](STEPtransfer* t) { wSTEPsel(t, "A", nullptr), wSTEPint(t, "B", 7); }, "$,7"},
-              {Select([](STEPselect&) {}), "$,7"},
-              {Select([](STEPselect& s) { s.SetInt(-5); }), "-5,7"},
-              {Select([](STEPselect& s) { s.SetReal(1.0); }), "1,7"},
+  ExpectRows({{[](STEPtransfer* t) { wSTEPsel(t, "a", nullptr), wSTEPint(t, "b", 7); }, "$,7", "<a>$</a><b>7</b>"},
+              {Select([](STEPselect&) {}), "$,7", "<a>$</a><b>7</b>"},
+              {Select([](STEPselect& s) { s.SetInt(-5); }), "-5,7", "<a>-5</a><b>7</b>"},
+              {Select([](STEPselect& s) { s.SetReal(1.0); }), "1,7", "<a>1</a><b>7</b>"},
               {Select([](STEPselect& s) {
-                 s.SetCharPtr(new char[3]{'\'', 'x', 0});
+                 s.SetCharPtr(new char[4]{'\'', '<', 'x', 0});
                }),
-               "'''x',7"},
-              {Select([](STEPselect& s) { s.SetCharPtr(nullptr); }), "$,7"},
-              {Select([](STEPselect& s) { s.SetSTEPobj(nullptr); }), "$,7"}});
+               "'''<x',7", "<a>'&lt;x</a><b>7</b>"},
+              {Select([](STEPselect& s) { s.SetCharPtr(nullptr); }), "$,7", "<a>$</a><b>7</b>"},
+              {Select([](STEPselect& s) { s.SetSTEPobj(nullptr); }), "$,7", "<a>$</a><b>7</b>"}});
 }
 
 TEST(WrittenValues, ReferencesGiveOutOneNumberToAnInstance) {
+  CurrentModel(nullptr);
   Entity wall(kWall);
   Entity door(kDoor);
-  ExpectRows({{[&](STEPtransfer* t) {
-                 STEPselect select;
-                 select.SetSTEPobj(&door);
-                 STEPaggr aggr;
-                 aggr.Append(&door);
-                 aggr.Append(static_cast<STEPheader*>(nullptr));
-                 aggr.Append(&wall);
-                 xwSTEPref(t, "A", &wall);
-                 xwSTEPref(t, "B", nullptr);
-                 wSTEPsel(t, "C", &select);
-                 xwSTEPaggr(t, "D", &aggr);
-                 xwSTEPref(t, "E", &door);
-                 DeleteSTEPlist(&aggr.head);
-               },
-               "#2,$,#3,(#3,$,#2),#3"}});
+  const auto write = [&](STEPtransfer* t) {
+    STEPselect select;
+    select.SetSTEPobj(&door);
+    STEPaggr aggr;
+    for (Entity* each : {&door, static_cast<Entity*>(nullptr), &wall}) aggr.Append(each);
+    xwSTEPref(t, "a", &wall);
+    xwSTEPref(t, "b", nullptr);
+    wSTEPsel(t, "c", &select);
+    xwSTEPaggr(t, "d", &aggr);
+    xwSTEPref(t, "e", &door);
+    DeleteSTEPlist(&aggr.head);
+  };
+  ExpectRows({{write, "#2,$,#3,(#3,$,#2),#3", "<a>#2</a><b>$</b><c>#3</c><d>#3 $ #2</d><e>#3</e>"}}, {&wall, &door});
 }
 
-TEST(WrittenValues, ListsBeginWithoutAComma) {
-  ExpectRows({{[](STEPtransfer* t) {
-                 STEPaggr reals;
-                 for (const double value : {1.0, 2.5, -1e10}) reals.Append(value);
-                 xwSTEPaggrPrim(t, "A", &reals);
-                 wSTEPint(t, "B", 3);
-                 xwSTEPaggr(t, "C", nullptr);
-                 xwSTEPaggrPrim(t, "D", nullptr);
-                 xwSTEPaggrEnum(t, nullptr, kColours);
-                 xwSTEPtextAggr(t, "F", nullptr);
-                 DeleteSTEPlist(&reals.head);
-                 xwSTEPaggrPrim(t, "G", &reals);
-               },
-               "(1,2.5,-1e+10),3,(),(),(),(),()"},
-              {[](STEPtransfer* t) {
-                 STEPlist texts[3];
-                 STEPaggr aggr;
-                 aggr.head = texts;
-                 texts[0].next = texts + 1;
-                 texts[1].next = texts + 2;
-                 char apostrophe[] = "a'";
-                 texts[0].value.text = apostrophe;
-                 xwSTEPtextAggr(t, "A", &aggr);
-                 for (int i = 0; i < 3; ++i) texts[i].value.integer = 2 - i;
-                 xwSTEPaggrEnum(t, &aggr, kColours);
-               },
-               "('a''',$,$),(.BLUE.,.GREEN.,.RED.)"},
-              {[](STEPtransfer*) {}, ""}});
+TEST(WrittenValues, ListsBeginWithoutACommaAndHaveSeparatorsBetweenTheirItemsAlone) {
+  const auto reals = [](STEPtransfer* t) {
+    STEPaggr aggr;
+    for (const double value : {1.0, 2.5, -1e10}) aggr.Append(value);
+    xwSTEPaggrPrim(t, "a", &aggr);
+    wSTEPint(t, "b", 3);
+    xwSTEPaggr(t, "c", nullptr);
+    xwSTEPaggrPrim(t, "d", nullptr);
+    xwSTEPaggrEnum(t, nullptr, kColours);
+    xwSTEPtextAggr(t, "f", nullptr);
+    DeleteSTEPlist(&aggr.head);
+    xwSTEPaggrPrim(t, "g", &aggr);
+    xwSTEPaggr(t, "h", &aggr);
+    xwSTEPtextAggr(t, "i", &aggr);
+  };
+  const auto texts = [](STEPtransfer* t) {
+    STEPlist nodes[3];
+    STEPaggr aggr;
+    aggr.head = nodes;
+    nodes[0].next = nodes + 1;
+    nodes[1].next = nodes + 2;
+    char apostrophe[] = "a'";
+    char empty[] = "";
+    nodes[0].value.text = apostrophe;
+    nodes[2].value.text = empty;
+    xwSTEPtextAggr(t, "a", &aggr);
+    for (int i = 0; i < 3; ++i) nodes[i].value.integer = 2 - i;
+    xwSTEPaggrEnum(t, &aggr, kColours);
+  };
+  ExpectRows({{reals, "(1,2.5,-1e+10),3,(),(),(),(),(),(),()",
+               "<a>1;2.5;-1e+10</a><b>3</b><c></c><d></d><f></f><g></g><h></h><i></i>"},
+              {texts, "('a''',$,''),(.BLUE.,.GREEN.,.RED.)", "<a>'a'';$;''</a>"}});
 }
 
 // What each reader makes of what its writer wrote.
@@ -160,8 +194,7 @@ TEST(WrittenValues, EveryKindReadsBack) {
                    "WALL('',1e-07,null,[],[],F)"}));
   std::string path = TempPath("kinds.stp");
   EXPECT_EQ(model.Write(path.data(), ""), 2);
-  EXPECT_NE(BytesOf(path).find("\n#1 = " + record + "#2 = WALL('',1e-07,$,(),(),.F.);\n"), std::string::npos)
-      << BytesOf(path);
+  EXPECT_EQ(Between(path, "DATA;\n#1 = ", "ENDSEC;"), record + "#2 = WALL('',1e-07,$,(),(),.F.);\n");
 }
 
 }  // namespace
