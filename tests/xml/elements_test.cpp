@@ -1,8 +1,6 @@
 // How child elements are found, however many there are.
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "read/transfer.h"
 #include "support/failing_new.h"
 #include "xml/documents.h"
@@ -22,44 +20,47 @@ class NoAttributes final : public steprt::SaxAttributes {
 
 std::u16string Wide(const std::string& text) { return {text.begin(), text.end()}; }
 
-// An entity with child elements of these names, whose values are their places.
-class Entity1 {
- public:
-  Entity1() {
-    parser_.transfer = t_.get();
-    parser_.schema = ProjSchema();
-    NoAttributes attributes;
-    parser_.StartElement(u"PROJ", attributes);
-    parser_.StartElement(u"NOBODY", attributes);
-  }
-  void Add(const std::string& name) {
-    NoAttributes attributes;
-    parser_.StartElement(Wide(name), attributes);
-    parser_.Characters(Wide(std::to_string(count_++)));
-    parser_.EndElement();
-  }
-  void NextEntity() {
-    NoAttributes attributes;
-    parser_.EndElement();
-    parser_.StartElement(u"NOBODY", attributes);
-    count_ = 0;
-    TakeReports("doc");
-  }
-  std::string Find(const std::string& name) { return steprt::ElementValue(t_.get(), name.c_str()); }
-
- private:
-  ProjModel model_;
-  const steprt::TransferOwner t_ = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
-  steprt::XmlParser parser_;
-  int count_ = 0;
-};
-
 std::string NameOf(int i) { return "attribute" + std::to_string(i) + "ofMany"; }
 
-TEST(Elements, AreFoundByNameInAnyCaseAndTheFirstCounts) {
+// An entity with child elements of these names, whose values are their places.
+struct Elements {
+  Elements() {
+    parser.transfer = transfer.get();
+    parser.schema = ProjSchema();
+    Start("PROJ");
+    Start("NOBODY");
+  }
+  void Start(const std::string& name) {
+    NoAttributes attributes;
+    parser.StartElement(Wide(name), attributes);
+  }
+  void Text(const std::string& text) { parser.Characters(Wide(text)); }
+  void Add(const std::string& name) {
+    Start(name);
+    Text(std::to_string(count++));
+    parser.EndElement();
+  }
+  void AddMany(int many) {
+    for (int i = 0; i < many; ++i) Add(NameOf(i));
+  }
+  void NextEntity() {
+    parser.EndElement();
+    Start("NOBODY");
+    count = 0;
+    TakeReports("doc");
+  }
+  std::string Find(const std::string& name) { return steprt::ElementValue(transfer.get(), name.c_str()); }
+
+  ProjModel model;
+  const steprt::TransferOwner transfer = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
+  steprt::XmlParser parser;
+  int count = 0;
+};
+
+TEST(XmlElements, AreFoundByNameInAnyCaseAndTheFirstCounts) {
   for (const int count : {1, 7, 15, 16, 17, 18, 40, 1000}) {
-    Entity1 entity;
-    for (int i = 0; i < count; ++i) entity.Add(NameOf(i));
+    Elements entity;
+    entity.AddMany(count);
     for (int i = count; i-- > 0;) entity.Add(NameOf(i) == NameOf(0) ? "ATTRIBUTE0OFMANY" : NameOf(i));
     for (const int i : {0, count / 2, count - 1}) EXPECT_EQ(entity.Find(NameOf(i)), std::to_string(i)) << count;
     EXPECT_EQ(entity.Find("Attribute0OfMANY"), "0");
@@ -69,8 +70,8 @@ TEST(Elements, AreFoundByNameInAnyCaseAndTheFirstCounts) {
   }
 }
 
-TEST(Elements, NamesThatLookAlikeAreToldApart) {
-  Entity1 entity;
+TEST(XmlElements, NamesThatLookAlikeAreToldApart) {
+  Elements entity;
   const std::string names[] = {
       "a",   "A_", "b", "ab",    "abcdefgh", "abcdefgi", "abcdefghXabcdefgh", "abcdefghYabcdefgh", "[x]",
       "{x}", "@",  "`", "x\x01", "_",        "\x7f"};
@@ -78,10 +79,10 @@ TEST(Elements, NamesThatLookAlikeAreToldApart) {
   for (std::size_t i = 0; i < std::size(names); ++i) EXPECT_EQ(entity.Find(names[i]), std::to_string(i)) << names[i];
 }
 
-TEST(Elements, ANameBeyond63CharactersFindsNothing) {
+TEST(XmlElements, ANameBeyond63CharactersFindsNothing) {
   for (const int further : {0, 30}) {
-    Entity1 entity;
-    for (int i = 0; i < further; ++i) entity.Add(NameOf(i));
+    Elements entity;
+    entity.AddMany(further);
     entity.Add(std::string(80, 'n'));
     EXPECT_EQ(entity.Find(std::string(63, 'N')), std::to_string(further));
     EXPECT_EQ(entity.Find(std::string(64, 'n')), "");
@@ -89,10 +90,10 @@ TEST(Elements, ANameBeyond63CharactersFindsNothing) {
   }
 }
 
-TEST(Elements, ThoseOfOneEntityAreNotSeenByTheNext) {
-  Entity1 entity;
+TEST(XmlElements, ThoseOfOneEntityAreNotSeenByTheNext) {
+  Elements entity;
   for (const int count : {2000, 30, 3, 30, 2000}) {
-    for (int i = 0; i < count; ++i) entity.Add(NameOf(i));
+    entity.AddMany(count);
     EXPECT_EQ(entity.Find(NameOf(count - 1)), std::to_string(count - 1));
     EXPECT_EQ(entity.Find(NameOf(count)), "");
     entity.NextEntity();
@@ -101,8 +102,8 @@ TEST(Elements, ThoseOfOneEntityAreNotSeenByTheNext) {
   }
 }
 
-TEST(Elements, ThoseThatComeAfterAQuestionAreFoundToo) {
-  Entity1 entity;
+TEST(XmlElements, ThoseThatComeAfterAQuestionAreFoundToo) {
+  Elements entity;
   for (int i = 0; i < 100; ++i) {
     EXPECT_EQ(entity.Find(NameOf(i)), "");
     entity.Add(NameOf(i));
@@ -111,38 +112,30 @@ TEST(Elements, ThoseThatComeAfterAQuestionAreFoundToo) {
   }
 }
 
-TEST(Elements, AreFoundWithoutMemoryForAnIndex) {
-  Entity1 entity;
-  for (int i = 0; i < 500; ++i) entity.Add(NameOf(i));
+TEST(XmlElements, AreFoundWithoutMemoryForAnIndex) {
+  Elements entity;
+  entity.AddMany(500);
   const FailingNew failing(1, FailingNew::kAndAllBehind);
   for (int i = 0; i < 500; ++i) EXPECT_EQ(entity.Find(NameOf(i)), std::to_string(i));
   EXPECT_TRUE(failing.HasFailed());
   EXPECT_EQ(entity.Find(NameOf(500)), "");
 }
 
-// Half a minute and more when each search walks the list.
-TEST(Elements, ManyElementsAndManySearchesCostLittleEach) {
+// Half a minute and more when each search walks the list, or each piece of a text the text.
+TEST(XmlElements, ManyElementsSearchesAndPiecesCostLittleEach) {
   constexpr int kMany = 100'000;
-  Entity1 entity;
-  for (int i = 0; i < kMany; ++i) entity.Add(NameOf(i));
+  Elements entity;
+  entity.AddMany(kMany);
   for (int i = 0; i < kMany; ++i) ASSERT_EQ(entity.Find(NameOf(i)), std::to_string(i));
+  entity.NextEntity();
+  entity.Start("a");
+  for (int i = 0; i < 10 * kMany; ++i) entity.Text(i % 2 ? "b" : "a");
+  const std::string text = entity.Find("a");
+  ASSERT_EQ(text.size(), 10u * kMany);
+  for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(text[i], i % 2 ? 'b' : 'a') << i;
 }
 
-TEST(Elements, ManyCallsForOneTextCostLittleEach) {
-  const steprt::TransferOwner t = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
-  steprt::XmlParser parser;
-  parser.transfer = t.get();
-  parser.schema = ProjSchema();
-  NoAttributes attributes;
-  for (const char16_t* name : {u"PROJ", u"NOBODY", u"a"}) parser.StartElement(name, attributes);
-  constexpr int kMany = 1'000'000;
-  for (int i = 0; i < kMany; ++i) parser.Characters(i % 2 ? u"b" : u"a");
-  std::string wanted(kMany, 'a');
-  for (std::size_t i = 1; i < wanted.size(); i += 2) wanted[i] = 'b';
-  EXPECT_EQ(t->elements->value, wanted);
-}
-
-TEST(Elements, TheirRoomsAreUsedAgainByTheNextEntities) {
+TEST(XmlElements, TheirRoomsAreUsedAgainByTheNextEntities) {
   std::string entities;
   for (int i = 1; i <= 500; ++i) {
     entities += "<PROBE rid='#" + std::to_string(i) + "'><A>some text</A><B>more text</B></PROBE>";
@@ -154,7 +147,6 @@ TEST(Elements, TheirRoomsAreUsedAgainByTheNextEntities) {
   const long few = CountAllocations() - before;
   ReadDocument(InRoot(entities + "<NOBODY rid='#9999'/>"));
   EXPECT_LT(few, 100) << "for 500 entities with two elements each";
-  SetProbe({});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The content handler, driven by events made by hand.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "read/fixups.h"
@@ -38,22 +39,32 @@ class HandlerStates : public testing::Test {
     parser.schema = ProjSchema();
     parser.StartDocument();
   }
-  ~HandlerStates() override {
-    SetProbe({});
-    TakeReports("doc");
-  }
+  ~HandlerStates() override { TakeReports("doc"); }
 
   int Start(std::u16string_view name, Pairs attributes = {}) {
     Attributes all(std::move(attributes));
     return parser.StartElement(name, all);
   }
-  int StartEntity(std::u16string_view name, std::u16string_view rid) {
-    return Start(name, {{u"rid", std::u16string(rid)}});
+
+  // "<PERSON #1>" starts an element with that number, "<Age>" one without attributes, "</>" ends one, and what stands
+  // between them is text. None of them is refused.
+  void Feed(const std::string& events) {
+    for (std::size_t i = 0, end; i < events.size(); i = end) {
+      if (events[i] != '<') {
+        end = std::min(events.find('<', i), events.size());
+        EXPECT_EQ(parser.Characters(std::u16string(&events[i], &events[end])), kSaxOk);
+        continue;
+      }
+      end = events.find('>', i) + 1;
+      const std::string tag = events.substr(i + 1, end - i - 2);
+      const std::size_t blank = std::min(tag.find(' '), tag.size());
+      const std::u16string wide(tag.begin(), tag.end());
+      const Pairs number = {{u"rid", wide.substr(std::min(blank + 1, tag.size()))}};
+      EXPECT_EQ(tag == "/" ? parser.EndElement() : Start(wide.substr(0, blank), blank < tag.size() ? number : Pairs()),
+                kSaxOk)
+          << events;
+    }
   }
-  void End(int times = 1) {
-    while (times-- > 0) EXPECT_EQ(parser.EndElement(), kSaxOk);
-  }
-  void Text(std::u16string_view units) { EXPECT_EQ(parser.Characters(units), kSaxOk); }
 
   // name=value of each element, "name" alone for one without character data.
   Texts Elements() const {
@@ -70,65 +81,33 @@ class HandlerStates : public testing::Test {
 };
 
 TEST_F(HandlerStates, DepthSaysWhereTheNextTagStands) {
-  struct Step {
-    const char16_t* tag;  // null: an end tag
-    int depth;            // behind it
-  };
-  const Step steps[] = {
-      {nullptr, 0}, {u"a", 0},     {u"PROJ", 1}, {nullptr, 0}, {nullptr, 0}, {u"PROJ", 1}, {u"POINT", 2}, {u"X", 3},
-      {u"b", 4},    {u"PROJ", 5},  {nullptr, 4}, {nullptr, 3}, {nullptr, 2}, {u"Y", 3},    {nullptr, 2},  {nullptr, 1},
-      {u"?", 2},    {u"POINT", 3}, {nullptr, 2}, {nullptr, 1}, {nullptr, 0}, {nullptr, 0}, {u"x", 0},
-  };
-  for (const Step& step : steps) {
-    if (step.tag) {
-      EXPECT_EQ(StartEntity(step.tag, u"#1"), kSaxOk);
-    } else {
-      End();
-    }
-    EXPECT_EQ(parser.depth, step.depth) << "at step " << &step - steps;
+  const std::pair<const char*, int> steps[] = {
+      {"</>", 0},        {"<a #1>", 0}, {"<BASE>", 0}, {"<PROJ>", 1}, {"</>", 0},        {"</>", 0}, {"<PROJ>", 1},
+      {"<POINT #1>", 2}, {"<X>", 3},    {"<b>", 4},    {"<PROJ>", 5}, {"</>", 4},        {"</>", 3}, {"</>", 2},
+      {"<Y>", 3},        {"</>", 2},    {"</>", 1},    {"<? #1>", 2}, {"<POINT #1>", 3}, {"</>", 2}, {"</>", 1},
+      {"</>", 0},        {"</>", 0},    {"<x>", 0},    {"<PROJ>", 1}, {"<POINT #2>", 2}};
+  for (const auto& [event, depth] : steps) {
+    Feed(event);
+    EXPECT_EQ(parser.depth, depth) << event;
   }
   EXPECT_EQ(Population(model), Texts{"POINT(0,0,0)"});
-}
-
-TEST_F(HandlerStates, ANewDocumentStartsOutside) {
-  Start(u"PROJ");
-  StartEntity(u"POINT", u"#1");
   EXPECT_EQ(parser.StartDocument(), kSaxOk);
-  EXPECT_EQ(parser.depth, 0);
+  EXPECT_EQ(parser.depth, 0) << "a new document starts outside";
 }
 
 TEST_F(HandlerStates, OtherEventsChangeNothing) {
-  Start(u"PROJ");
-  StartEntity(u"POINT", u"#4");
-  Start(u"X");
-  Text(u"1");
-  const int results[] = {parser.PutDocumentLocator(),
-                         parser.StartPrefixMapping(u"p", u"address"),
-                         parser.EndPrefixMapping(u"p"),
-                         parser.IgnorableWhitespace(u" 2"),
-                         parser.ProcessingInstruction(u"target", u"3"),
-                         parser.SkippedEntity(u"four"),
-                         parser.EndDocument()};
-  for (const int result : results) EXPECT_EQ(result, kSaxOk);
+  Feed("<PROJ><POINT #4><X>1");
+  for (const int result :
+       {parser.PutDocumentLocator(), parser.StartPrefixMapping(u"p", u"address"), parser.EndPrefixMapping(u"p"),
+        parser.IgnorableWhitespace(u" 2"), parser.ProcessingInstruction(u"target", u"3"), parser.SkippedEntity(u"four"),
+        parser.EndDocument()}) {
+    EXPECT_EQ(result, kSaxOk);
+  }
   EXPECT_EQ(parser.depth, 3);
   EXPECT_EQ(Elements(), Texts{"X=1"});
 }
 
-TEST_F(HandlerStates, NamesMatchInAnyCase) {
-  Start(u"pRoj");
-  EXPECT_EQ(Start(u"Point", {{u"RiD", u"#7"}}), kSaxOk);
-  Start(u"x");
-  Text(u"2.5");
-  End(2);
-  EXPECT_EQ(Population(model), Texts{"POINT(2.5,0,0)"});
-}
-
-TEST_F(HandlerStates, OnlyTheFirstSchemaNamesTheRoot) {
-  Start(u"BASE");
-  EXPECT_EQ(parser.depth, 0);
-}
-
-TEST_F(HandlerStates, TheFirstCharacterOfANumberIsPassedOver) {
+TEST_F(HandlerStates, TheFirstCharacterOfANumberIsPassedOverWhateverTheCaseOfItsName) {
   const std::pair<const char16_t*, int> rows[] = {{u"#12", 12},
                                                   {u"x12", 12},
                                                   {u"12", 2},
@@ -140,148 +119,96 @@ TEST_F(HandlerStates, TheFirstCharacterOfANumberIsPassedOver) {
                                                   {u"#12abc", 12},
                                                   {u"##3", 0},
                                                   {u"#99999999999", 2147483647}};
-  Start(u"PROJ");
+  Feed("<pRoj>");
   for (const auto& [rid, number] : rows) {
-    StartEntity(u"NOBODY", rid);
+    EXPECT_EQ(Start(u"nobody", {{u"RiD", rid}}), kSaxOk);
     ASSERT_NE(parser.entry, nullptr);
     EXPECT_EQ(parser.entry->number, number);
-    End();
+    Feed("</>");
   }
 }
 
-TEST_F(HandlerStates, AnInstanceTakesItsNumber) {
-  Start(u"PROJ");
-  StartEntity(u"PERSON", u"#41");
-  End();
-  EXPECT_EQ(model.Inst()->number, 41);
-  EXPECT_EQ(steprt::FindEntry(transfer.get(), 41)->object, model.Inst());
-}
-
-TEST_F(HandlerStates, AnEntityWithAnotherAttributeThanItsNumberIsRefused) {
-  struct Row {
-    Pairs attributes;
-    bool isRegistered;  // the number 1
-  };
-  const Row rows[] = {{{}, false},
-                      {{{u"id", u"#1"}}, false},
-                      {{{u"x", u""}, {u"rid", u"#1"}}, false},
-                      {{{u"rid", u"#1"}, {u"x", u""}}, true},
-                      {{{u"ri", u"#1"}}, false},
-                      {{{u"rids", u"#1"}}, false}};
-  for (const Row& row : rows) {
-    const steprt::TransferOwner own = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
-    steprt::XmlParser refusing;
-    refusing.transfer = own.get();
-    refusing.schema = ProjSchema();
-    Attributes attributes(row.attributes);
-    refusing.StartElement(u"PROJ", attributes);
-    EXPECT_EQ(refusing.StartElement(u"PERSON", attributes), static_cast<int>(0x80004005));
-    EXPECT_EQ(refusing.depth, 1);
-    EXPECT_EQ(own->errors, 0);
-    EXPECT_STREQ(own->where, "PERSON");
-    EXPECT_EQ(steprt::FindEntry(own.get(), 1) != nullptr, row.isRegistered);
-    EXPECT_EQ(TakeReports("doc"), Texts{"Missing entity 'Rid'"});
-  }
-}
-
-TEST_F(HandlerStates, ARefusalWithoutAnErrorProcedureIsSilent) {
-  const steprt::TransferOwner own = steprt::NewTransfer("doc", nullptr, ProjSchema(), true);
-  parser.transfer = own.get();
-  Start(u"PROJ");
-  EXPECT_EQ(Start(u"PERSON"), kSaxFailure);
-  parser.transfer = transfer.get();
-  EXPECT_EQ(TakeReports("doc"), Texts{});
-}
-
-TEST_F(HandlerStates, OfTwoNumbersTheLastIsTheEntitys) {
-  Start(u"PROJ");
-  EXPECT_EQ(Start(u"PERSON", {{u"rid", u"#1"}, {u"RID", u"#2"}}), kSaxOk);
-  End();
+TEST_F(HandlerStates, AnInstanceTakesItsNumberAndOfTwoTheLast) {
+  Feed("<PROJ>");
+  EXPECT_EQ(Start(u"person", {{u"rid", u"#1"}, {u"RID", u"#2"}}), kSaxOk);
+  Feed("</>");
   EXPECT_EQ(model.Inst()->number, 2);
+  EXPECT_EQ(steprt::FindEntry(transfer.get(), 2)->object, model.Inst());
   EXPECT_EQ(steprt::FindEntry(transfer.get(), 1)->object, nullptr);
 }
 
+TEST_F(HandlerStates, AnEntityWithAnotherAttributeThanItsNumberIsRefused) {
+  const std::pair<Pairs, bool> rows[] = {// and whether the number 1 is registered
+                                         {{}, false},
+                                         {{{u"id", u"#1"}}, false},
+                                         {{{u"x", u""}, {u"rid", u"#1"}}, false},
+                                         {{{u"rid", u"#1"}, {u"x", u""}}, true},
+                                         {{{u"ri", u"#1"}}, false},
+                                         {{{u"rids", u"#1"}}, false}};
+  for (const auto& [attributes, isRegistered] : rows) {
+    for (const STEPerrorProc procedure : {static_cast<STEPerrorProc>(nullptr), &CollectReport}) {
+      const steprt::TransferOwner own = steprt::NewTransfer("doc", procedure, ProjSchema(), true);
+      steprt::XmlParser refusing;
+      refusing.transfer = own.get();
+      refusing.schema = ProjSchema();
+      Attributes all(attributes);
+      refusing.StartElement(u"PROJ", all);
+      EXPECT_EQ(refusing.StartElement(u"PERSON", all), static_cast<int>(0x80004005));
+      EXPECT_EQ(refusing.depth, 1);
+      EXPECT_EQ(own->errors, 0);
+      EXPECT_STREQ(own->where, "PERSON");
+      EXPECT_EQ(steprt::FindEntry(own.get(), 1) != nullptr, isRegistered);
+      EXPECT_EQ(TakeReports("doc"), Texts(procedure ? 1 : 0, "Missing entity 'Rid'"));
+    }
+  }
+}
+
 TEST_F(HandlerStates, TextIsKeptInsideAChildOnly) {
-  Text(u"1");
-  Start(u"PROJ");
-  Text(u"2");
-  StartEntity(u"PROBE", u"#1");
-  Text(u"3");
-  Start(u"a");
-  Text(u"4");
-  Start(u"b");
-  Text(u"5");
-  Start(u"c");
-  Text(u"6");
-  End();
-  End();
-  Text(u"7");
-  End();
-  Text(u"8");
-  Start(u"empty");
-  End();
-  Start(u"nothing");
-  Text(u"");
-  End();
+  Feed("1<PROJ>2<PROBE #1>3<a>4<b>5<c>6</></>7</>8<empty></><nothing>");
+  EXPECT_EQ(parser.Characters(u""), kSaxOk);
+  Feed("</>");
   EXPECT_EQ(Elements(), (Texts{"a=4567", "empty", "nothing="}));
 }
 
 TEST_F(HandlerStates, ElementsStayUntilTheNextEntityBegins) {
-  Start(u"PROJ");
-  StartEntity(u"PERSON", u"#1");
-  Start(u"Age");
-  Text(u"41");
-  End(2);
+  Feed("<PROJ><PERSON #1><Age>41</></>");
   EXPECT_EQ(Elements(), Texts{"Age=41"});
-  StartEntity(u"PERSON", u"#2");
+  Feed("<PERSON #2>");
   EXPECT_EQ(Elements(), Texts{});
   EXPECT_EQ(transfer->elementsTail, &transfer->elements);
   EXPECT_EQ(parser.element, nullptr);
-  Start(u"Age");
+  Feed("<Age>");
   EXPECT_EQ(Elements(), Texts{"Age"}) << "nothing is left of the text that an element had before";
-  End(2);
+  Feed("</></>");
   EXPECT_EQ(Population(model), (Texts{"PERSON(41)", "PERSON(0)"}));
 }
 
 TEST_F(HandlerStates, AUnitIsItsLowByteAndOneOfZeroEndsTheTextUntilTheNextCall) {
-  struct Row {
-    std::vector<std::u16string_view> calls;
-    const char* text;
-  };
-  const Row rows[] = {{{u"\u0141\u00e9\u20ac"}, "A\xe9\xac"}, {{u"ab\u2000cd"}, "ab"},
-                      {{u"ab\u2000cd", u"ef"}, "abef"},       {{u"\u0100", u"\u0200x", u"yz"}, "yz"},
-                      {{u"a", u"", u"b", u"c"}, "abc"},       {{u"\xd83d\xde00"}, "=\0"}};
-  for (const Row& row : rows) {
+  const std::pair<std::vector<std::u16string_view>, const char*> rows[] = {
+      {{u"\u0141\u00e9\u20ac"}, "A\xe9\xac"}, {{u"ab\u2000cd"}, "ab"},          {{u"ab\u2000cd", u"ef"}, "abef"},
+      {{u"\u0100", u"\u0200x", u"yz"}, "yz"}, {{u"a", u"", u"b", u"c"}, "abc"}, {{u"\xd83d\xde00"}, "=\0"}};
+  for (const auto& [calls, text] : rows) {
     parser.StartDocument();
-    Start(u"PROJ");
-    StartEntity(u"PROBE", u"#1");
-    Start(u"a");
-    for (const std::u16string_view call : row.calls) Text(call);
-    EXPECT_STREQ(transfer->elements->value, row.text);
+    Feed("<PROJ><PROBE #1><a>");
+    for (const std::u16string_view call : calls) EXPECT_EQ(parser.Characters(call), kSaxOk);
+    EXPECT_STREQ(transfer->elements->value, text);
   }
 }
 
 TEST_F(HandlerStates, LongNamesAreCut) {
-  const std::u16string name(300, u'n');
-  Start(u"PROJ");
-  StartEntity(name, u"#1");
+  const std::string name(300, 'n');
+  Feed("<PROJ><" + name + " #1>");
   EXPECT_EQ(transfer->where, std::string(63, 'n'));
-  Start(name);
+  Feed("<" + name + ">");
   EXPECT_EQ(parser.text, std::string(260, 'n'));
   EXPECT_EQ(transfer->elements->name, std::string(63, 'n'));
-  End(2);
-  EXPECT_EQ(Start(u"PERSON", {{name, u"#2"}}), kSaxFailure);
+  Feed("</></>");
+  EXPECT_EQ(Start(u"PERSON", {{std::u16string(300, u'n'), u"#2"}}), kSaxFailure);
   EXPECT_EQ(parser.text, std::string(260, 'n'));
 }
 
 TEST_F(HandlerStates, AnEntityThatCannotBeReadKeepsItsNumber) {
-  Start(u"PROJ");
-  for (const auto& [name, rid] : {std::pair(u"NOBODY", u"#1"), {u"PRODUCT", u"#2"}}) {
-    StartEntity(name, rid);
-    Start(u"a");
-    Text(u"1");
-    End(2);
-  }
+  Feed("<PROJ><NOBODY #1><a>1</></><PRODUCT #2><a>1</></>");
   for (const int number : {1, 2}) {
     const STEPentry* entry = steprt::FindEntry(transfer.get(), number);
     ASSERT_NE(entry, nullptr);
@@ -292,27 +219,14 @@ TEST_F(HandlerStates, AnEntityThatCannotBeReadKeepsItsNumber) {
 }
 
 TEST_F(HandlerStates, ADoubledNumberIsReportedAndTheLaterInstanceWinsTheTable) {
-  Start(u"PROJ");
-  for (const char16_t* age : {u"1", u"2"}) {
-    StartEntity(u"PERSON", u"#5");
-    Start(u"Age");
-    Text(age);
-    End(2);
-  }
+  Feed("<PROJ><Person #5><Age>1</></><PERSON #5><Age>2</></></>");
   EXPECT_EQ(Population(model), (Texts{"PERSON(1)", "PERSON(2)"}));
   EXPECT_EQ(steprt::FindEntry(transfer.get(), 5)->object, model.Inst()->next);
   EXPECT_EQ(TakeReports("doc"), Texts{"(1) [PERSON]Entity #5 already used"});
+  EXPECT_STREQ(transfer->where, "PERSON") << "the name of the last entity stays";
 }
 
-TEST_F(HandlerStates, WhereKeepsTheNameOfTheLastEntity) {
-  Start(u"PROJ");
-  StartEntity(u"Person", u"#1");
-  Start(u"Age");
-  End(3);
-  EXPECT_STREQ(transfer->where, "Person");
-}
-
-TEST_F(HandlerStates, TheReadFunctionSeesTheModelAndMayGiveNothing) {
+TEST_F(HandlerStates, TheReadFunctionSeesTheTransferAndMayGiveNothing) {
   int calls = 0;
   SetProbe({"", -1, [&](STEPtransfer* t) -> STEPheader* {
               ++calls;
@@ -322,14 +236,7 @@ TEST_F(HandlerStates, TheReadFunctionSeesTheModelAndMayGiveNothing) {
               EXPECT_STREQ(rSTEPtext(t, "a"), "1");
               return nullptr;
             }});
-  Start(u"PROJ");
-  StartEntity(u"PROBE", u"#9");
-  Start(u"a");
-  Text(u"1");
-  End();
-  Start(u"b");
-  Text(u"2");
-  End(2);
+  Feed("<PROJ><PROBE #9><a>1</><b>2</></>");
   EXPECT_EQ(calls, 1);
   EXPECT_EQ(steprt::FindEntry(transfer.get(), 9)->object, nullptr);
 }

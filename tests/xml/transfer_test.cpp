@@ -14,10 +14,15 @@ using namespace steprt_test;
 class XmlTransfer : public testing::Test {
  protected:
   ~XmlTransfer() override {
-    SetProbe({});
+    *ProjSchema() = before_;
     TakeReports("");
   }
+
+ private:
+  const APPobject0 before_ = *ProjSchema();
 };
+
+const char kPersonDocument[] = "<PROJ><PERSON rid='#1'/></PROJ>";
 
 TEST_F(XmlTransfer, ADocumentInMemoryIsNamedInReportsAndNoFileIsTouched) {
   ProjModel model;
@@ -42,83 +47,47 @@ TEST_F(XmlTransfer, TheFileOfTheModelsNameIsReadWithItsEndingAdded) {
 }
 
 TEST_F(XmlTransfer, AFileThatCannotBeOpenedIsNamed) {
-  ProjModel model;
-  const std::string missing = TempPath("missing.xml");
-  model.Name(missing.c_str());
-  EXPECT_EQ(model.ReadXml(nullptr), -1);
-  EXPECT_EQ(TakeReports(missing), Texts{"Can't open file " + missing});
-  const std::string folder = TempPath(".");
-  model.Name(folder.c_str());
-  EXPECT_EQ(model.ReadXml(nullptr), -1);
-  EXPECT_EQ(TakeReports(folder), Texts{"Can't open file " + folder});
-  const std::string longName = "/" + std::string(250, 'n') + ".x";
-  model.Name(longName.c_str());
-  EXPECT_EQ(model.ReadXml(nullptr), -1);
-  EXPECT_EQ(TakeReports(longName), Texts{("Can't open file " + longName).substr(0, 127)});
+  for (const std::string& name : {TempPath("missing.xml"), TempPath("."), "/" + std::string(250, 'n') + ".x"}) {
+    ProjModel model;
+    model.Name(name.c_str());
+    EXPECT_EQ(model.ReadXml(nullptr), -1);
+    EXPECT_EQ(TakeReports(name), Texts{("Can't open file " + name).substr(0, 127)});
+  }
 }
 
 // ---- the fall-back of Read -----------------------------------------------------------------------------------------
 
-struct FallBackRow {
-  std::string bytes;
-  int result;
-  Texts reports;
-  Texts population;
-};
-
 TEST_F(XmlTransfer, ReadTurnsToXmlWhenTheModelStaysEmpty) {
-  const std::string head = "ISO-10303-21;HEADER;FILE_SCHEMA(('PROJ'));ENDSEC;DATA;";
-  const FallBackRow rows[] = {
-      {"<PROJ><PERSON rid='#1'/></PROJ>", 0, {"(1) [Read]Not a STEP file"}, {"PERSON(0)"}},
+  const std::pair<std::string, Outcome> rows[] = {
+      {kPersonDocument, {0, {"(1) [Read]Not a STEP file"}, {"PERSON(0)"}}},
       {"<PROJ><DOOR rid='#1'><Host>#2</Host></DOOR></PROJ>",
-       1,
-       {"(1) [Read]Not a STEP file", "(1) [DOOR]Unknown reference #2"},
-       {"DOOR(null)"}},
+       {1, {"(1) [Read]Not a STEP file", "(1) [DOOR]Unknown reference #2"}, {"DOOR(null)"}}},
       {"<PROJ><PERSON rid='#1'/>",
-       -1,
-       {"(1) [Read]Not a STEP file", "no element found (line 1, column 25)"},
-       {"PERSON(0)"}},
-      {"", -1, {"(1) [Read]Not a STEP file", "no element found (line 1, column 1)"}, {}},
-      {head + "ENDSEC;END-ISO-10303-21;", -1, {"not well-formed (invalid token) (line 1, column 13)"}, {}},
-      {head + "#1=NOBODY();ENDSEC;END-ISO-10303-21;",
-       -1,
-       {"(1) [NOBODY]Unknown entity NOBODY", "not well-formed (invalid token) (line 1, column 13)"},
-       {}},
-      {head + "#1=PERSON($);ENDSEC;END-ISO-10303-21;",
-       2,
-       {"(1) [PERSON]Missing integer", "(1) [PERSON]Syntax"},
-       {"PERSON(0)"}},
-  };
-  for (const FallBackRow& row : rows) {
+       {-1, {"(1) [Read]Not a STEP file", "no element found (line 1, column 25)"}, {"PERSON(0)"}}},
+      {"", {-1, {"(1) [Read]Not a STEP file", "no element found (line 1, column 1)"}, {}}},
+      {InFrame(""), {-1, {"not well-formed (invalid token) (line 1, column 13)"}, {}}},
+      {InFrame("#1=NOBODY();"),
+       {-1, {"(1) [NOBODY]Unknown entity NOBODY", "not well-formed (invalid token) (line 1, column 13)"}, {}}},
+      {InFrame("#1=PERSON($);"), {2, {"(1) [PERSON]Missing integer", "(1) [PERSON]Syntax"}, {"PERSON(0)"}}}};
+  for (const auto& [bytes, wanted] : rows) {
     ProjModel model;
-    std::string path = MakeFile("fall_back.stp", row.bytes);
-    EXPECT_EQ(model.Read(false, path.data()), row.result) << row.bytes;
-    EXPECT_EQ(TakeReports(path), row.reports) << row.bytes;
-    EXPECT_EQ(Population(model), row.population) << row.bytes;
+    std::string path = MakeFile("fall_back.stp", bytes);
+    const int result = model.Read(false, path.data());
+    EXPECT_EQ((Outcome{result, TakeReports(path), Population(model)}), wanted) << bytes;
   }
 }
 
-TEST_F(XmlTransfer, TheCheckOfTheSchemaHasNoPartInTheXmlPass) {
+TEST_F(XmlTransfer, NothingIsCheckedInTheXmlPassAndAModelThatHoldsInstancesNeverFallsBack) {
   ProjModel model;
-  std::string path = MakeFile("check.xml", "<PROJ><PERSON rid='#1'/></PROJ>");
+  std::string path = MakeFile("check.xml", kPersonDocument);
   EXPECT_EQ(model.Read(true, path.data()), 0);
-  EXPECT_EQ(Population(model), Texts{"PERSON(0)"});
-}
-
-TEST_F(XmlTransfer, AModelThatHoldsInstancesNeverFallsBack) {
-  ProjModel model;
-  new Entity(kPerson, &model);
-  std::string path = MakeFile("held.xml", "<PROJ><PERSON rid='#1'/></PROJ>");
+  EXPECT_EQ(TakeReports(path), Texts{"(1) [Read]Not a STEP file"});
   EXPECT_EQ(model.Read(false, path.data()), 1);
   EXPECT_EQ(TakeReports(path), Texts{"(1) [Read]Not a STEP file"});
   EXPECT_EQ(Population(model), Texts{"PERSON(0)"});
-}
-
-TEST_F(XmlTransfer, AMissingFileIsReportedByBothPasses) {
-  ProjModel model;
-  std::string path = TempPath("missing.stp");
-  EXPECT_EQ(model.Read(false, path.data()), -1);
-  EXPECT_EQ(TakeReports(path), (Texts{"(1) [Read]File not found", "Can't open file " + path}));
+  std::string missing = TempPath("missing.stp");
+  EXPECT_EQ(ProjModel().Read(false, missing.data()), -1);
+  EXPECT_EQ(TakeReports(missing), (Texts{"(1) [Read]File not found", "Can't open file " + missing}));
 }
 
 TEST_F(XmlTransfer, WithoutASchemaNothingIsReadAndNothingWritten) {
@@ -131,23 +100,14 @@ TEST_F(XmlTransfer, WithoutASchemaNothingIsReadAndNothingWritten) {
 }
 
 TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
-  APPobject0* schema = ProjSchema();
-  struct Restore {
-    APPobject0* schema;
-    const char* before = schema->name;
-    ~Restore() { schema->name = before; }
-  } const restore{schema};
-  schema->name = nullptr;
+  ProjSchema()->name = nullptr;
   ProjModel model;
   new Entity(kPerson, &model);
   EXPECT_EQ(WrittenDocument(model),
             "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n"
             "<!-- FILE_DESCRIPTION((' model', 'TOVARIN version 7, 7, 10, 29','QVN','')); -->\n"
-            "<!-- FILE_NAME('PATH','DATE'); -->\n"
-            "<>\n"
-            "\t<PERSON rid=\"#1\"><Age>0</Age></PERSON>\n"
-            "</>\n");
-  EXPECT_EQ(model.ReadXml("<PROJ><PERSON rid='#1'/></PROJ>"), 0);
+            "<!-- FILE_NAME('PATH','DATE'); -->\n<>\n\t<PERSON rid=\"#1\"><Age>0</Age></PERSON>\n</>\n");
+  EXPECT_EQ(model.ReadXml(kPersonDocument), 0);
   EXPECT_EQ(Population(model), Texts{"PERSON(0)"}) << "no root bears that name";
   std::string path = MakeFile("nameless.stp", "");
   EXPECT_EQ(model.Write(path.data(), nullptr), 1);
@@ -155,61 +115,43 @@ TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
   ProjModel again;
   EXPECT_EQ(again.Read(true, path.data()), 0);
   EXPECT_EQ(Population(again), Texts{"PERSON(0)"});
-  char name[] = "PROJ";
-  char empty[] = "";
-  EXPECT_FALSE(model.IsSchema(name));
-  EXPECT_TRUE(model.IsSchema(empty));
+  EXPECT_FALSE(model.IsSchema(std::string("PROJ").data()));
+  EXPECT_TRUE(model.IsSchema(std::string().data()));
 }
 
 // ---- flags, the current model, the budget --------------------------------------------------------------------------
 
-TEST_F(XmlTransfer, DuringAReadTheModelIsLockedAndCurrent) {
-  ProjModel model;
+TEST_F(XmlTransfer, DuringItTheModelIsLockedAndForAReadCurrentAndTheBudgetIsFilledByEach) {
+  ProjModel model(3);
   ProjModel other;
-  bool isSeen = false;
-  SetProbe({"", -1, [&](STEPtransfer*) {
-              isSeen = model.Locked() && CurrentModel() == &model && model.ErrShow() == 1;
-              auto* entity = new Entity(kPerson);
-              entity->Changed();
-              return entity;
-            }});
+  bool isRead = false;
+  bool isWritten = false;
+  SetProbe({"", -1,
+            [&](STEPtransfer*) {
+              isRead = model.Locked() && CurrentModel() == &model && model.ErrShow() == 1;
+              auto* entity = new Entity(kProbe);
+              return entity->Changed(), entity;
+            },
+            [&](STEPtransfer*) { isWritten = model.Locked() && CurrentModel() == &other; }});
+  const auto expectOver = [&](int budget) {
+    EXPECT_EQ(CurrentModel(), &other);
+    EXPECT_FALSE(model.Locked());
+    EXPECT_FALSE(model.Changed());
+    while (model.ErrShow()) --budget;
+    EXPECT_EQ(budget, 0);
+  };
   model.SetLocked(true);
   EXPECT_EQ(model.ReadXml("<PROJ><PROBE rid='#1'/></PROJ>"), 0);
-  EXPECT_TRUE(isSeen);
-  EXPECT_EQ(CurrentModel(), &other);
-  EXPECT_FALSE(model.Locked());
-  EXPECT_FALSE(model.Changed());
-  EXPECT_EQ(Population(model), Texts{"PERSON(0)"});
+  EXPECT_TRUE(isRead);
+  expectOver(2);
+  EXPECT_EQ(Population(model), Texts{"PROBE()"});
   EXPECT_TRUE(other.IsEmpty());
-}
-
-TEST_F(XmlTransfer, DuringAWriteTheModelIsLockedAndNotCurrent) {
-  ProjModel model;
-  new Entity(kProbe, &model);
-  ProjModel other;
-  bool isSeen = false;
-  SetProbe({"", -1, {}, [&](STEPtransfer*) { isSeen = model.Locked() && CurrentModel() == &other; }});
   model.SetChanged(true);
   std::string path = TempPath("flags.xml");
   EXPECT_EQ(model.WriteXml(path.data(), nullptr), 1);
-  EXPECT_TRUE(isSeen);
-  EXPECT_FALSE(model.Locked());
-  EXPECT_FALSE(model.Changed());
+  EXPECT_TRUE(isWritten);
+  expectOver(3);
   EXPECT_STREQ(model.Name(), "");
-}
-
-TEST_F(XmlTransfer, TheBudgetIsFilledByEach) {
-  ProjModel model(3);
-  const auto budget = [&] {
-    int count = 0;
-    while (model.ErrShow()) ++count;
-    return count;
-  };
-  model.ReadXml("<PROJ/>");
-  EXPECT_EQ(budget(), 3);
-  std::string path = TempPath("budget.xml");
-  model.WriteXml(path.data(), nullptr);
-  EXPECT_EQ(budget(), 3);
 }
 
 TEST_F(XmlTransfer, AReadInsideAReadKeepsThemApart) {
@@ -228,56 +170,31 @@ TEST_F(XmlTransfer, AReadInsideAReadKeepsThemApart) {
 
 // ---- exceptions of the client --------------------------------------------------------------------------------------
 
-TEST_F(XmlTransfer, WhatAReadFunctionThrowsComesOutAndLeavesTheModelSound) {
+TEST_F(XmlTransfer, WhatTheClientsFunctionsThrowComesOutAndLeavesTheModelSound) {
   ProjModel model;
   ProjModel other;
   int calls = 0;
-  SetProbe({"", -1, [&](STEPtransfer*) -> STEPheader* {
-              ++calls;
-              throw std::runtime_error("from the client");
-            }});
+  const auto fail = [&](STEPtransfer*) -> STEPheader* { throw std::out_of_range(std::to_string(++calls)); };
+  SetProbe({"", -1, fail, fail});
   const std::string document = "<PROJ><PERSON rid='#1'/><PROBE rid='#2'><A>1</A></PROBE><PROBE rid='#3'/></PROJ>";
-  const std::string path = MakeFile("throwing.xml", document);
-  model.Name(path.c_str());
-  for (const char* text : {document.c_str(), static_cast<const char*>(nullptr)}) {
-    try {
-      model.ReadXml(text);
-      ADD_FAILURE() << "nothing came out";
-    } catch (const std::runtime_error& error) {
-      EXPECT_STREQ(error.what(), "from the client");
-    }
-    EXPECT_FALSE(model.Locked());
-    EXPECT_EQ(CurrentModel(), &other);
-  }
+  model.Name(MakeFile("throwing.xml", document).c_str());
+  EXPECT_THROW(model.ReadXml(document.c_str()), std::out_of_range);
+  EXPECT_FALSE(model.Locked());
+  EXPECT_EQ(CurrentModel(), &other);
+  EXPECT_THROW(model.ReadXml(nullptr), std::out_of_range);
+  EXPECT_FALSE(model.Locked());
+  EXPECT_EQ(CurrentModel(), &other);
   EXPECT_EQ(calls, 2) << "one for each read";
   EXPECT_EQ(Population(model), (Texts{"PERSON(0)", "PERSON(0)"}));
-}
-
-void ThrowReport(const char* text) { throw std::runtime_error(text); }
-
-TEST_F(XmlTransfer, WhatAnErrorProcedureThrowsComesOutToo) {
-  APPobject0* schema = ProjSchema();
-  struct Restore {
-    APPobject0* schema;
-    STEPerrorProc before = schema->errorProc;
-    ~Restore() { schema->errorProc = before; }
-  } const restore{schema};
-  schema->errorProc = ThrowReport;
-  ProjModel model;
-  for (const char* document : {"<PROJ><PERSON/></PROJ>", "<PROJ", "<PROJ><DOOR rid='#1'><Host>#2</Host></DOOR></PROJ>",
-                               "<PROJ><DOOR rid='#1'/><DOOR rid='#1'/></PROJ>"}) {
-    EXPECT_THROW(model.ReadXml(document), std::runtime_error) << document;
+  new Entity(kProbe, &model);
+  EXPECT_THROW(model.WriteXml(nullptr, nullptr), std::out_of_range);
+  EXPECT_FALSE(model.Locked());
+  ProjSchema()->errorProc = [](const char* text) { throw std::range_error(text); };
+  for (const char* each : {"<PROJ><PERSON/></PROJ>", "<PROJ", "<PROJ><DOOR rid='#1'><Host>#2</Host></DOOR></PROJ>",
+                           "<PROJ><DOOR rid='#1'/><DOOR rid='#1'/></PROJ>"}) {
+    EXPECT_THROW(model.ReadXml(each), std::range_error) << each;
     EXPECT_FALSE(model.Locked());
   }
-}
-
-TEST_F(XmlTransfer, WhatAWriteFunctionThrowsComesOut) {
-  ProjModel model;
-  new Entity(kProbe, &model);
-  SetProbe({"", -1, {}, [](STEPtransfer*) { throw std::runtime_error("from the client"); }});
-  std::string path = TempPath("throwing_write.xml");
-  EXPECT_THROW(model.WriteXml(path.data(), nullptr), std::runtime_error);
-  EXPECT_FALSE(model.Locked());
 }
 
 }  // namespace
