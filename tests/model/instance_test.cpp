@@ -9,27 +9,25 @@ namespace {
 
 using namespace steprt_test;
 
-TEST(Instance, WithoutAModelItJoinsTheCurrentOneAndIsNew) {
-  ProjModel model;
-  auto* object = new STEPheader;
-  EXPECT_EQ(model.Inst(), object);
-  EXPECT_EQ(object->Model(), &model);
-  EXPECT_EQ(object->NextHead(), nullptr);
-  EXPECT_EQ(object->Type(), -1);
-  EXPECT_EQ(object->number, 0);
-  EXPECT_STREQ(object->Id(), "");
-  EXPECT_FALSE(model.Changed());
-}
-
-TEST(Instance, AnArgumentNamesTheModelWhateverIsCurrent) {
+TEST(Instance, IsNewInTheModelThatItsArgumentNamesOrElseInTheCurrentOne) {
   ProjModel model;
   ProjModel current;
   auto* first = new STEPheader(&model);
   auto* second = new STEPheader(&model);
+  auto* object = new STEPheader;
   EXPECT_EQ(model.Inst(), first);
   EXPECT_EQ(first->NextHead(), second);
   EXPECT_EQ(*first->pNextHead(), second);
-  EXPECT_TRUE(current.IsEmpty());
+  EXPECT_EQ(current.Inst(), object);
+  EXPECT_EQ(object->Model(), &current);
+  EXPECT_EQ(object->NextHead(), nullptr);
+  EXPECT_EQ(object->Type(), -1);
+  EXPECT_EQ(object->number, 0);
+  EXPECT_STREQ(object->Id(), "");
+  EXPECT_FALSE(current.Changed());
+  current.SetLocked(true);
+  object->Changed();
+  EXPECT_TRUE(current.Changed()) << "whether it is locked or not";
 }
 
 TEST(Instance, WithoutAnyModelItStandsAloneUntilOneTakesIt) {
@@ -59,14 +57,6 @@ TEST(Instance, AnIdIsCutAtSixtyThreeCharacters) {
   EXPECT_STREQ(object->Id(), "short");
 }
 
-TEST(Instance, ChangedMarksTheModelWhetherItIsLockedOrNot) {
-  ProjModel model;
-  auto* object = new STEPheader;
-  model.SetLocked(true);
-  object->Changed();
-  EXPECT_TRUE(model.Changed());
-}
-
 TEST(Instance, KindsFollowTheSupertypesAcrossTheChain) {
   const struct {
     int type;
@@ -83,21 +73,6 @@ TEST(Instance, KindsFollowTheSupertypesAcrossTheChain) {
       object->Type(row.type);
       EXPECT_EQ(object->IsKindOf(row.ancestor), row.isKind) << row.type << " " << row.ancestor << " " << indexed;
     }
-  }
-}
-
-TEST(Instance, ItsEntityNameIsEmptyWhereTheModelSaysUnknown) {
-  ProjModel model;
-  auto* object = new STEPheader;
-  const struct {
-    int type;
-    const char* own;
-    const char* byModel;
-  } rows[] = {{kDoor, "DOOR", "DOOR"}, {kPerson, "PERSON", "PERSON"}, {999, "", "Unknown"}, {-1, "", "Unknown"}};
-  for (const auto& row : rows) {
-    object->Type(row.type);
-    EXPECT_STREQ(object->EntityName(), row.own);
-    EXPECT_STREQ(model.EntityName(row.type), row.byModel);
   }
 }
 

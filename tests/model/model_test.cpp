@@ -29,36 +29,18 @@ TEST(Model, AListKeepsTheOrderOfAppendingWhateverIsTakenOut) {
   STEPheader* b = new STEPheader;
   STEPheader* c = new STEPheader;
   EXPECT_EQ(ListOf(model), (Objects{a, b, c}));
-  model.RmInst(c);
-  EXPECT_EQ(ListOf(model), (Objects{a, b}));
+  for (STEPheader* each : {c, c, static_cast<STEPheader*>(nullptr)}) {
+    model.RmInst(each);
+    EXPECT_EQ(ListOf(model), (Objects{a, b}));
+  }
   EXPECT_EQ(c->Model(), &model) << "what was taken out keeps its model";
-  model.RmInst(c);
-  model.RmInst(nullptr);
-  EXPECT_EQ(ListOf(model), (Objects{a, b}));
-  model.Insert(c);
-  model.Insert(a);
+  for (STEPheader* each : {c, static_cast<STEPheader*>(nullptr), a}) model.Insert(each);
   EXPECT_EQ(ListOf(model), (Objects{b, c, a}));
-  delete c;
-  EXPECT_EQ(ListOf(model), (Objects{b, a}));
-  delete b;
-  delete a;
+  for (STEPheader* each : {c, b, a}) delete each;
   EXPECT_EQ(ListOf(model), Objects{});
   model.RmInst(a);
   STEPheader* d = new STEPheader;
   EXPECT_EQ(ListOf(model), Objects{d});
-}
-
-TEST(Model, InsertMovesAnInstanceFromOneModelToTheOther) {
-  ProjModel from;
-  STEPheader* a = new STEPheader;
-  STEPheader* b = new STEPheader;
-  ProjModel to;
-  STEPheader* c = new STEPheader;
-  to.Insert(b);
-  to.Insert(nullptr);
-  EXPECT_EQ(ListOf(from), Objects{a});
-  EXPECT_EQ(ListOf(to), (Objects{c, b}));
-  EXPECT_EQ(b->Model(), &to);
 }
 
 // Against a plain list, over many random steps.
@@ -86,9 +68,20 @@ TEST(Model, RandomEditsKeepTwoModelsInOrder) {
 }
 
 TEST(Model, DeleteDestroysTheInstancesAndStartsTheIdsAnew) {
+  CurrentModel(nullptr);
+  auto* lonely = new Entity(kWall);
   ProjModel model;
+  model.AddInst(lonely);
+  EXPECT_EQ(lonely->Model(), nullptr);
+  EXPECT_EQ(ListOf(model), Objects{lonely});
+  model.Delete();
   const long before = LiveBlocks();
+  STEPheader* door = new Entity(kDoor);
+  STEPheader* wall = new Entity(kWall);
   for (int i = 0; i < 100; ++i) new Entity(kSample);
+  EXPECT_EQ(model.FindFirst(kWall), wall);
+  EXPECT_EQ(model.FindFirst(kDoor), door);
+  EXPECT_EQ(model.FindFirst(kProduct), nullptr) << "the exact type alone";
   model.Name("name");
   model.SetChanged(true);
   model.GetEntId();
@@ -100,27 +93,6 @@ TEST(Model, DeleteDestroysTheInstancesAndStartsTheIdsAnew) {
     EXPECT_TRUE(model.Changed());
     EXPECT_EQ(model.GetEntId(), 1);
   }
-}
-
-TEST(Model, DeleteDestroysWhatWasAppendedWithoutAModelToo) {
-  CurrentModel(nullptr);
-  auto* object = new Entity(kWall);
-  ProjModel model;
-  model.AddInst(object);
-  EXPECT_EQ(object->Model(), nullptr);
-  EXPECT_EQ(ListOf(model), Objects{object});
-  model.Delete();
-  EXPECT_EQ(ListOf(model), Objects{});
-}
-
-TEST(Model, FindFirstTakesTheExactTypeAlone) {
-  ProjModel model;
-  STEPheader* door = new Entity(kDoor);
-  STEPheader* wall = new Entity(kWall);
-  new Entity(kWall);
-  EXPECT_EQ(model.FindFirst(kWall), wall);
-  EXPECT_EQ(model.FindFirst(kDoor), door);
-  EXPECT_EQ(model.FindFirst(kProduct), nullptr);
 }
 
 TEST(Model, IdsRunToTheirEndAndWrapToNought) {
@@ -196,13 +168,6 @@ TEST(Model, ACopyIsASnapshotWhoseEndLeavesTheSourceAlone) {
     }
   }
   EXPECT_EQ(ListOf(model), Objects{object});
-}
-
-TEST(Model, IsSchemaLooksAtTheFirstDescriptorAloneInAnyCase) {
-  ProjModel model;
-  for (const auto& [name, isSchema] : {std::pair{"PROJ", true}, {"proj", true}, {"BASE", false}, {"PRO", false}}) {
-    EXPECT_EQ(model.IsSchema(const_cast<char*>(name)), isSchema) << name;
-  }
 }
 
 TEST(Model, WithoutASchemaNothingIsFoundAndNothingHappens) {

@@ -13,8 +13,7 @@
 
 namespace {
 
-using steprt_test::IsLoaded;
-using steprt_test::ModuleFiles;
+using namespace steprt_test;
 
 int Untouched() { return -1; }
 
@@ -35,7 +34,7 @@ class Libraries : public testing::Test {
 
 // ---- which module it is --------------------------------------------------------------------------------------------
 
-TEST_F(Libraries, AModuleThatIsNotInTheChainIsLoadedAndReleased) {
+TEST_F(Libraries, AModuleThatIsNotInTheChainIsLoadedAndReleasedAndAHandleIsOnlyWrapped) {
   const std::string path = files.Copy("holed", "plain.so");
   {
     const Lib lib(path);
@@ -45,21 +44,6 @@ TEST_F(Libraries, AModuleThatIsNotInTheChainIsLoadedAndReleased) {
     EXPECT_TRUE(IsLoaded(path));
   }
   EXPECT_FALSE(IsLoaded(path));
-}
-
-TEST_F(Libraries, AModuleThatCannotBeLoadedLeavesAClosedObject) {
-  for (const char* path : {"no/such/module.so", "trailing\\", ""}) {
-    Lib lib{std::string(path)};
-    EXPECT_FALSE(lib.LibOpen()) << path;
-    EXPECT_TRUE(lib.owned) << path;
-    EXPECT_EQ(lib.handle, nullptr) << path;
-  }
-  STEPlib none(static_cast<char*>(nullptr));
-  EXPECT_FALSE(none.LibOpen());
-}
-
-TEST_F(Libraries, AHandleIsWrappedAndNotReleased) {
-  const std::string path = files.Copy("holed", "plain.so");
   HINSTANCE module = files.Load(path);
   {
     Lib lib(module);
@@ -68,6 +52,20 @@ TEST_F(Libraries, AHandleIsWrappedAndNotReleased) {
     EXPECT_FALSE(lib.owned);
   }
   EXPECT_TRUE(IsLoaded(path));
+}
+
+TEST_F(Libraries, AModuleThatCannotBeLoadedLeavesAClosedObjectThatFetchesNothing) {
+  for (const char* path : {"no/such/module.so", "trailing\\", ""}) {
+    Lib lib{std::string(path)};
+    EXPECT_FALSE(lib.LibOpen()) << path;
+    EXPECT_TRUE(lib.owned) << path;
+    EXPECT_EQ(lib.handle, nullptr) << path;
+    STEPlib::Entry table[] = {Untouched};
+    EXPECT_EQ(lib.LoadFunct(table, 1), 0);
+    EXPECT_EQ(lib.LoadFunct(table, 0), 0);
+    EXPECT_EQ(table[0], &Untouched);
+  }
+  EXPECT_FALSE(STEPlib(static_cast<char*>(nullptr)).LibOpen());
 }
 
 TEST_F(Libraries, ANullHandleCountsAsOpenAndHasNoEntries) {
@@ -83,30 +81,20 @@ TEST_F(Libraries, ANullHandleCountsAsOpenAndHasNoEntries) {
 TEST_F(Libraries, TheKeyIsSoughtInTheUpperCasedPathsOfTheChain) {
   const std::string path = files.Copy("chained", "Deep/PlanB.so");
   HINSTANCE module = files.Load(path);
-  struct {
-    const char* what;
-    const char* path;
-    bool found;
-  } const cases[] = {
-      {"the file's name", "PlanB.so", true},
-      {"in another case", "PLANb.SO", true},
-      {"behind a backslash", "c:\\elsewhere\\planb.so", true},
-      {"behind the last backslash", "x\\nowhere\\PLANB.so", true},
-      {"part of it", "lanb", true},
-      {"a folder's name", "deep/", true},
-      {"a slash does not separate", "elsewhere/planb.so", false},
-      {"but is part of the key", "Deep/PlanB.so", true},
-      {"another name", "planc.so", false},
-      {"an empty key", "trailing\\", true},
-      {"an empty path", "", true},
-      {"the 19 last characters of a longer key count", "not/this/one/atalldeep/planb.so", false},
-      {"as here", "not/this/but/another/deep/planb.so", false},
-  };
-  for (const auto& each : cases) {
-    Lib lib{std::string(each.path)};
-    EXPECT_EQ(lib.LibOpen(), each.found) << each.what;
-    EXPECT_EQ(lib.handle, each.found ? module : nullptr) << each.what;
-    EXPECT_EQ(lib.owned, !each.found) << each.what;
+  // A slash does not separate, and of a longer key the 19 last characters count.
+  const std::pair<bool, std::vector<std::string>> rows[] = {
+      {true,
+       {"PlanB.so", "PLANb.SO", "c:\\elsewhere\\planb.so", "x\\nowhere\\PLANB.so", "lanb", "deep/", "Deep/PlanB.so",
+        "trailing\\", ""}},
+      {false,
+       {"planc.so", "not/this/one/atalldeep/planb.so", "elsewhere/planb.so", "not/this/but/another/deep/planb.so"}}};
+  for (const auto& [found, names] : rows) {
+    for (const std::string& name : names) {
+      Lib lib(name);
+      EXPECT_EQ(lib.LibOpen(), found) << name;
+      EXPECT_EQ(lib.handle, found ? module : nullptr) << name;
+      EXPECT_EQ(lib.owned, !found) << name;
+    }
   }
   EXPECT_TRUE(IsLoaded(path));
   files.Release(module);
@@ -187,20 +175,16 @@ const Fetch kFetches[] = {
     {"a module without a table", "attached", 2, 0, {0, -1, -1, -1}, false},
 };
 
-void ExpectFetched(const Fetch& each, Lib& lib) {
-  STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
-  EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] ? table[i]() : 0, each.calls[i]) << each.what << ", place " << i;
-  EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
-}
-
 TEST_F(Libraries, EntriesAreFetchedFromNumber2UntilOneIsMissing) {
   for (const Fetch& each : kFetches) {
     const std::string path = files.Copy(each.module, "fetched.so");
     {
       HINSTANCE module = files.Load(path);
       Lib lib(module);
-      ExpectFetched(each, lib);
+      STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
+      EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
+      for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] ? table[i]() : 0, each.calls[i]) << each.what << ", place " << i;
+      EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
       EXPECT_EQ(lib.handle, module) << each.what;
       files.Release(module);
     }
@@ -228,73 +212,47 @@ TEST_F(Libraries, EntriesAreFetchedFromAModuleThatAnotherOneBrought) {
 TEST_F(Libraries, AMissingEntryReleasesAnOwnedModuleOnce) {
   for (const Fetch& each : kFetches) {
     const std::string path = files.Copy(each.module, "fetched.so");
-    {
-      Lib lib(path);
-      STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
-      EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
-      for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] == nullptr, each.calls[i] == 0) << each.what << ", place " << i;
-      EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
-      EXPECT_TRUE(lib.owned) << each.what;
-      EXPECT_NE(lib.handle, nullptr) << each.what;
-      EXPECT_EQ(IsLoaded(path), each.open) << each.what;
+    for (const bool isHeld : {false, true}) {
+      HINSTANCE held = isHeld ? files.Load(path) : nullptr;
+      {
+        Lib lib(path);
+        STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
+        if (lib.owned) {
+          EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
+          for (int i = 0; i < 4; ++i) EXPECT_EQ(!table[i], each.calls[i] == 0) << each.what << ", place " << i;
+          EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
+          EXPECT_NE(lib.handle, nullptr) << each.what;
+          EXPECT_EQ(IsLoaded(path), each.open || isHeld) << each.what;
+        }
+      }
+      if (isHeld) files.Release(held);
+      EXPECT_FALSE(IsLoaded(path)) << each.what;
     }
-    EXPECT_FALSE(IsLoaded(path)) << each.what;
   }
-}
-
-TEST_F(Libraries, AMissingEntryReleasesOneReferenceOfSeveral) {
-  const std::string path = files.Copy("holed", "fetched.so");
-  HINSTANCE module = files.Load(path);
-  {
-    Lib lib(path);
-    STEPlib::Entry table[4];
-    EXPECT_EQ(lib.LoadFunct(table, 4), 0);
-    EXPECT_TRUE(IsLoaded(path));
-  }
-  EXPECT_TRUE(IsLoaded(path));
-  files.Release(module);
-  EXPECT_FALSE(IsLoaded(path));
-}
-
-TEST_F(Libraries, AClosedObjectFetchesNothing) {
-  Lib lib(std::string("no/such/module.so"));
-  STEPlib::Entry table[] = {Untouched};
-  EXPECT_EQ(lib.LoadFunct(table, 1), 0);
-  EXPECT_EQ(lib.LoadFunct(table, 0), 0);
-  EXPECT_EQ(table[0], &Untouched);
 }
 
 // ---- release -------------------------------------------------------------------------------------------------------
 
 TEST_F(Libraries, UnloadReleasesAsOftenAsToldAndOnceMoreWhenItOwnsTheModule) {
-  struct {
-    const char* what;
+  const struct {
     bool owned;
     int references;  // beside the object's own
     int count;
     bool loaded;
-  } const cases[] = {
-      {"owned, 0", true, 0, 0, false},
-      {"owned, below 0", true, 0, -1, false},
-      {"owned, one held", true, 1, 0, true},
-      {"owned, one held and given up", true, 1, 1, false},
-      {"owned, more than there are", true, 0, 3, false},
-      {"owned, so often that it would not end", true, 0, INT_MAX, false},
-      {"wrapped, 0", false, 1, 0, true},
-      {"wrapped, 1 of 1", false, 1, 1, false},
-      {"wrapped, 1 of 2", false, 2, 1, true},
-      {"wrapped, 2 of 3", false, 3, 2, true},
-      {"wrapped, 3 of 3", false, 3, 3, false},
-  };
+  } cases[] = {{true, 0, 0, false},  // owned
+               {true, 0, -1, false},      {true, 1, 0, true},  {true, 1, 1, false}, {true, 0, 3, false},
+               {true, 0, INT_MAX, false},  // so often that it would not end
+               {false, 1, 0, true},        // wrapped
+               {false, 1, 1, false},      {false, 2, 1, true}, {false, 3, 2, true}, {false, 3, 3, false}};
   for (const auto& each : cases) {
     const std::string path = files.Copy("holed", "unloaded.so");
     HINSTANCE module = nullptr;
     for (int i = 0; i < each.references; ++i) module = dlopen(path.c_str(), RTLD_NOW);
-    const long blocks = steprt_test::LiveBlocks();
+    const long blocks = LiveBlocks();
     Lib* lib = each.owned ? new Lib(path) : new Lib(module);
     lib->UnloadDLL(each.count);
-    EXPECT_EQ(steprt_test::LiveBlocks(), blocks) << each.what;
-    EXPECT_EQ(IsLoaded(path), each.loaded) << each.what;
+    EXPECT_EQ(LiveBlocks(), blocks) << each.owned << each.references << each.count;
+    EXPECT_EQ(IsLoaded(path), each.loaded) << each.owned << each.references << each.count;
     while (IsLoaded(path)) dlclose(module);
   }
 }
@@ -324,11 +282,6 @@ TEST_F(Libraries, AssignmentCopiesTheFieldsAndReleasesNothing) {
 // A function of the C library, which the module depends on. It would agree: no model lies at 0.
 const char kElsewhere[] = "ffsl";
 
-TEST_F(Libraries, WhatTheModuleDependsOnIsWithinReachOfTheLoader) {
-  HINSTANCE module = files.Load(files.Copy("attached", "attached.so"));
-  EXPECT_NE(dlsym(module, kElsewhere), nullptr);
-}
-
 TEST_F(Libraries, AnAttachedModuleStaysOnlyIfItsEntryAgrees) {
   struct {
     const char* what;
@@ -345,6 +298,9 @@ TEST_F(Libraries, AnAttachedModuleStaysOnlyIfItsEntryAgrees) {
   };
   for (const auto& each : cases) {
     const std::string path = files.Copy("attached", "attached.so");
+    HINSTANCE loaded = files.Load(path);
+    EXPECT_NE(dlsym(loaded, kElsewhere), nullptr) << "within reach of the loader";
+    files.Release(loaded);
     STEPmodel model;
     model.Name("before");
     HINSTANCE module = model.AttachDll(path.c_str(), each.entry);

@@ -82,17 +82,6 @@ TEST(FileName, TheEndingIsAddedWhenTheLastComponentHasNoDot) {
   EXPECT_EQ(steprt::DefaultFileName(room, longName.c_str()), longName + ".stp");
 }
 
-TEST(FileName, ApostrophesAreDoubledInTheQuotedForm) {
-  const struct {
-    const char* name;
-    const char* quoted;
-  } rows[] = {{"c:\\w\\it's.stp", "c:\\w\\it''s.stp"}, {"''", "''''"}, {"", ""}, {"plain", "plain"}};
-  for (const auto& row : rows) {
-    TextBuffer room;
-    EXPECT_STREQ(steprt::QuoteFileName(room, row.name), row.quoted);
-  }
-}
-
 TEST(FileName, AQuotedFormThatDoesNotFitIsEmpty) {
   for (const std::size_t dots : {0u, 1u}) {  // so that the room ends between two apostrophes, and behind them
     const std::string name = std::string(dots, '.') + std::string(300, '\'');
@@ -102,14 +91,23 @@ TEST(FileName, AQuotedFormThatDoesNotFitIsEmpty) {
   }
 }
 
-TEST(FileName, TwoDashesDoNotStandTogetherInTheFormForComments) {
+TEST(FileName, ApostrophesAreDoubledInTheQuotedFormAndDashesPartedInTheOneForComments) {
   const struct {
     const char* name;
-    const char* form;
-  } rows[] = {{"a--b", "a_-b"}, {"----", "___-"}, {"-", "-"}, {"a-b-", "a-b-"}};
+    const char* quoted;
+    const char* comment;
+  } rows[] = {{"c:\\w\\it's.stp", "c:\\w\\it''s.stp", "c:\\w\\it's.stp"},
+              {"''", "''''", "''"},
+              {"", "", ""},
+              {"a--b", "a--b", "a_-b"},
+              {"----", "----", "___-"},
+              {"-", "-", "-"},
+              {"a-b-", "a-b-", "a-b-"}};
   for (const auto& row : rows) {
-    TextBuffer room;
-    EXPECT_STREQ(steprt::CommentFileName(room, row.name), row.form);
+    TextBuffer quoted;
+    TextBuffer comment;
+    EXPECT_STREQ(steprt::QuoteFileName(quoted, row.name), row.quoted);
+    EXPECT_STREQ(steprt::CommentFileName(comment, row.name), row.comment);
   }
 }
 
