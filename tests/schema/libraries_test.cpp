@@ -114,6 +114,7 @@ TEST_F(Libraries, OfALongKeyTheLast19CharactersCount) {
   EXPECT_NE(other.handle, module);
   const Lib folder("elsewhere/but/of/them/first_module.so");
   EXPECT_EQ(folder.handle, module);
+  EXPECT_FALSE(Lib(std::string("elsewhere/xem/first_module.so")).LibOpen()) << "the 19th counts";
 }
 
 TEST_F(Libraries, TheNewestModuleOfTheChainThatMatchesWins) {
