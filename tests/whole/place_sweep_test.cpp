@@ -22,7 +22,7 @@ using namespace steprt_test;
 using Undo = std::function<void()>;
 
 // What becomes of a transfer there.
-enum Fate { kNotTried, kNotOpened, kEmpty, kNotWritten, kDone };
+enum Fate { kNotTried, kNotOpened, kEmpty, kNotRead, kNotWritten, kDone };
 
 struct Place {
   const char* name;
@@ -133,7 +133,7 @@ const Place kPlaces[] = {
     {"a forbidden folder", "closed/a.stp", kNotOpened, kNotOpened, ForbidFolder},
     {"no handle left", "handle.stp", kNotOpened, kNotOpened, LimitHandles},
     {"nothing", "null.stp", kEmpty, kDone, Link<kNull>},
-    {"a file that fails", "failing.stp", kEmpty, kNotTried, Link<kUnreadable>},
+    {"a file that fails", "failing.stp", kNotRead, kNotTried, Link<kUnreadable>},
     {"a full device", "full.stp", kNotTried, kNotWritten, Link<kFull>},
     {"a limit of size", "limit.stp", kNotTried, kNotWritten, LimitSize},
     {"a pipe that nobody reads", "pipe.stp", kNotTried, kNotOpened, MakePipe},
@@ -180,15 +180,20 @@ TEST(PlaceSweep, WhatCannotBeReadIsTold) {
   const std::string notStep = "(1) [Read]Not a STEP file";
   const std::string cannotOpen = "Can't open file <path>";
   const std::string noElement = "no element found (line 1, column 1)";
+  const std::string cannotRead = "the file can't be read on (line 1, column 1)";
   const auto readClearText = [](STEPmodel&, char* path) { return STEPread(path, ProjSchema(), false); };
   ExpectEach(&Place::read, "clear text", readClearText,
-             {{kNotOpened, {1, {notFound}, {}}}, {kEmpty, {1, {notStep}, {}}}});
+             {{kNotOpened, {1, {notFound}, {}}}, {kEmpty, {1, {notStep}, {}}}, {kNotRead, {1, {notStep}, {}}}});
   if (!steprt::saxService) return;
   const auto readXml = [](STEPmodel& model, char*) { return model.ReadXml(nullptr); };
-  ExpectEach(&Place::read, "XML", readXml, {{kNotOpened, {-1, {cannotOpen}, {}}}, {kEmpty, {-1, {noElement}, {}}}});
+  ExpectEach(
+      &Place::read, "XML", readXml,
+      {{kNotOpened, {-1, {cannotOpen}, {}}}, {kEmpty, {-1, {noElement}, {}}}, {kNotRead, {-1, {cannotRead}, {}}}});
   const auto readEither = [](STEPmodel& model, char* path) { return model.Read(false, path); };
   ExpectEach(&Place::read, "either", readEither,
-             {{kNotOpened, {-1, {notFound, cannotOpen}, {}}}, {kEmpty, {-1, {notStep, noElement}, {}}}});
+             {{kNotOpened, {-1, {notFound, cannotOpen}, {}}},
+              {kEmpty, {-1, {notStep, noElement}, {}}},
+              {kNotRead, {-1, {notStep, cannotRead}, {}}}});
 }
 
 TEST(PlaceSweep, WhatCannotBeWrittenIsTold) {
