@@ -56,7 +56,7 @@ std::uint64_t ElementIndex::Hash(std::string_view name) const {
     word = word << 8 | static_cast<unsigned char>(ToLower(c));
     if (word >> 56 != 0) sum = Mix(sum, std::exchange(word, 0));
   }
-  return Mix(sum, word);
+  return Mix(Mix(sum, word), 0);  // twice, so that every character counts in the lowest bits
 }
 
 // The slot that holds the name, or the free one where it belongs.

@@ -29,7 +29,7 @@ std::uint32_t HashFolded(const char* name) {
     name += count;
     length -= count;
   }
-  return static_cast<std::uint32_t>(sum);
+  return static_cast<std::uint32_t>(sum * kMixer >> 32);  // in which every character counts
 }
 
 std::uint32_t HashType(int type) { return static_cast<std::uint32_t>(static_cast<std::uint32_t>(type) * kMixer >> 32); }
