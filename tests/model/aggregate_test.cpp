@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/failing_new.h"
 #include "support/proj_schema.h"
 
 namespace {
@@ -105,6 +106,11 @@ TEST_F(Aggregate, PrependsAndAppendsInstancesAndReals) {
   reals.Prepend(2.5);
   reals.Append(1e300);
   reals.Prepend(-0.5);
+  {
+    const FailingNew noMemory(1, FailingNew::kAndAllBehind);
+    reals.Append(1.0);
+    reals.Prepend(1.0);
+  }
   std::vector<double> values;
   for (const STEPlist* node = reals.head; node; node = node->next) values.push_back(node->value.real);
   EXPECT_EQ(values, (std::vector<double>{-0.5, 2.5, 1e300}));

@@ -60,6 +60,8 @@ TEST(Lists, WithoutAPlaceForTheListItIsReadAndReportedAllTheSame) {
     PNXi | #1=PROBE((1,$),(.RED.,.PINK.),('a'),7); | PROBE(none,none,none,7) | Unknown enumeration '.PINK.'
     PNXi | #1=PROBE($,(1),('a',2),7); | PROBE(none,none,none,7) | Missing primitive in list & Missing primitive in list & Missing text in list
   )");
+  const auto read = [](STEPtransfer* t) { return xrSTEPaggr(t, "A", nullptr, -1, true), nullptr; };
+  EXPECT_EQ(ReadWith(read, "#1=PROBE(($,#1,5));"), (Outcome{1, {"(1) [PROBE]Missing reference"}, {}}));
 }
 
 TEST(Lists, TheFirstItemTakesThePlaceOfNodesThatWereThere) {

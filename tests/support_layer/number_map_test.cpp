@@ -1,15 +1,25 @@
-// The pool of records.
-#include "support/pool.h"
+// The map from numbers to places, beyond what the index of rows tries of it, and the pool of records.
+#include "support/number_map.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include "support/failing_new.h"
+#include "support/pool.h"
 
 namespace {
 
 using steprt_test::FailingNew;
+
+TEST(NumberMap, ANumberThatIsThereKeepsItsPlace) {
+  steprt::NumberMap map;
+  for (std::uint32_t i = 0; i < 1000; ++i) {
+    *map.FindOrAdd(i * 256) = i + 1;
+    ASSERT_EQ(*map.FindOrAdd(i * 256), i + 1);
+    ASSERT_EQ(map.Find(i * 128), i % 2 ? 0 : i / 2 + 1);
+  }
+}
 
 TEST(Pool, RecordsStayWhereTheyAreAndStartZeroed) {
   const long before = steprt_test::LiveBlocks();
