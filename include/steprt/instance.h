@@ -37,8 +37,7 @@ class STEPRT_API STEPheader {
   void Id(char* text);
   void Id(const char* text);
 
-  // The type number of the entity's row; -1 until the derived class sets it. A read tests references against the type
-  // that the instance has when its read function returns it.
+  // The type number of the entity's row; -1 until the derived class sets it.
   int Type();
   void Type(int value);
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "steprt/fwd.h"
+#include "steprt/instance.h"
 #include "support/number_map.h"
 #include "support/pool.h"
 
@@ -15,11 +15,16 @@
 struct STEPentry {
   STEPentry* next;     // next in bucket
   int number;          // the instance number written in the file
-  int type;            // of the object, in the gap in front of it: a reference need not look at the object
+  int type;            // of the object when it was last looked at
   STEPheader* object;  // null until the record's read function has returned, and for ever if it made none
 };
 
 namespace steprt {
+
+// Asks memory for what a reference to the object is tested against.
+inline void PrefetchType(const STEPheader* object) {
+  if (object) __builtin_prefetch(&object->type);
+}
 
 class EntryIndex {
  public:
@@ -35,11 +40,12 @@ class EntryIndex {
     return scattered_.Count() == 0 ? nullptr : FindScattered(number);
   }
 
-  // Asks memory for the number's row, or for its place in a map.
-  void Prefetch(int number) const {
+  // Asks memory for the number's row, which is given, or for its place in a map: null.
+  const STEPentry* Prefetch(int number) const {
     const auto bits = static_cast<std::uint32_t>(number);
     const STEPentry* row = RowInPage(bits);
     row ? __builtin_prefetch(row, 1) : maps_[MapOf(number)].Prefetch(bits);
+    return row;
   }
 
   // A row for a number that has none, in no bucket yet and without an object. Null when memory is exhausted.

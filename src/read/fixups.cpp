@@ -7,27 +7,35 @@
 namespace steprt {
 namespace {
 
+struct Pending {
+  const STEPfixup* fixup;
+  STEPentry* entry;
+};
+
 // The slot of an unknown number is not touched; that of a wrong type keeps the instance.
-void ResolveFixup(STEPtransfer* t, const STEPfixup& fixup) {
-  const STEPentry* entry = FindEntry(t, fixup.number);
+void Settle(STEPtransfer* t, const STEPfixup& fixup, STEPentry* entry) {
   if (!entry) return ReportError(t, kUnknownReference, fixup.number);
   *fixup.slot = entry->object;
   if (!entry->object) return ReportNoObject(t, fixup.number);
-  if (!t->lookups.IsSubtype(fixup.expected, entry->type)) ReportWrongType(t, entry->object);
+  if (!t->lookups.IsSubtype(fixup.expected, TypeOf(entry))) ReportWrongType(t, entry->object);
 }
 
-// Settles up to kBatch references and gives the first one behind them. Rows and slots lie scattered over memory, so
-// each is asked for some steps before it is looked at.
-const STEPfixup* ResolveBatch(STEPtransfer* t, const STEPfixup* fixups) {
+// Settles up to kBatch references and gives the first one behind them. Rows, objects and slots lie scattered over
+// memory, so each is asked for some steps before it is looked at.
+const STEPfixup* SettleBatch(STEPtransfer* t, const STEPfixup* fixups) {
   constexpr int kBatch = 32;
-  const STEPfixup* batch[kBatch];
+  Pending batch[kBatch];
   int count = 0;
   for (; fixups && count < kBatch; fixups = fixups->next) {
-    batch[count++] = fixups;
+    batch[count++].fixup = fixups;
     t->entries.Prefetch(fixups->number);
     __builtin_prefetch(fixups->slot, 1);
   }
-  for (int i = 0; i < count; ++i) ResolveFixup(t, *batch[i]);
+  for (int i = 0; i < count; ++i) {
+    batch[i].entry = FindEntry(t, batch[i].fixup->number);
+    if (batch[i].entry) PrefetchType(batch[i].entry->object);
+  }
+  for (int i = 0; i < count; ++i) Settle(t, *batch[i].fixup, batch[i].entry);
   return fixups;
 }
 
@@ -41,7 +49,7 @@ STEPfixup* AddFixup(STEPtransfer* t, int number) {
 }
 
 void ResolveFixups(STEPtransfer* t) {
-  for (const STEPfixup* fixups = t->fixups; fixups;) fixups = ResolveBatch(t, fixups);
+  for (const STEPfixup* fixups = t->fixups; fixups;) fixups = SettleBatch(t, fixups);
 }
 
 void ReportNoObject(STEPtransfer* t, int number) { ReportError(t, kReferenceToNothing, number); }

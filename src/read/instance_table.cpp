@@ -5,6 +5,8 @@
 namespace steprt {
 
 // A doubled number keeps its row, so that the later record wins the table; the earlier instance stays in the model.
+void NoteType(STEPentry* entry) { entry->type = entry->object->type; }
+
 STEPentry* RegisterEntry(STEPtransfer* t, int number) {
   if (STEPentry* entry = t->entries.Find(number)) {
     ReportError(t, kNumberUsed, number);

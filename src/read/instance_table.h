@@ -16,6 +16,16 @@ inline void SetObject(STEPentry* entry, STEPheader* object) {
   if (object) entry->type = object->type;
 }
 
+// Takes over the type that the client has given the entry's object since.
+[[gnu::noinline, gnu::cold]] void NoteType(STEPentry* entry);
+
+// The type of the entry's object, which must be there. The object may be far away in memory, and the answer would wait
+// for it: with the entry's own copy, which is all but always right, the processor goes on.
+inline int TypeOf(STEPentry* entry) {
+  if (entry->object->type != entry->type) NoteType(entry);
+  return entry->type;
+}
+
 // The number's entry, new or old; an old one is reported. Null when memory is exhausted.
 STEPentry* RegisterEntry(STEPtransfer* t, int number);
 

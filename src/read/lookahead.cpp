@@ -6,11 +6,6 @@
 #include "support/number.h"
 
 namespace steprt {
-namespace {
-
-constexpr int kBatch = 8;  // numbers that are asked for together
-
-}  // namespace
 
 // A small table lies in the cache anyway.
 void Lookahead::SeeRecord(int number) {
@@ -25,20 +20,23 @@ void Lookahead::SeeRecord(int number) {
   farRecords_ = 0;
 }
 
-// Whatever begins behind the cursor is begun anew: another block, or a part that was passed over. From there on there
-// is always a batch between what is asked for and what is read.
+// Whatever begins behind the cursor is begun anew: another block, or a part that was passed over. From there on the
+// rows are asked for two batches ahead of what is read, and the objects one.
 void Lookahead::Ask(const InputFile& in, const EntryIndex& entries) {
   if (block_ != in.Blocks() || scanned_ < in.Cursor()) {
     block_ = in.Blocks();
     scanned_ = in.Cursor();
-    AskForBatch(in.Limit(), entries);
+    AskForRows(in.Limit(), entries);
+    AskForObjects();
+    AskForRows(in.Limit(), entries);
   }
-  AskForBatch(in.Limit(), entries);
+  AskForObjects();
+  AskForRows(in.Limit(), entries);
   left_ = kBatch;
 }
 
-void Lookahead::AskForBatch(const char* limit, const EntryIndex& entries) {
-  for (int i = 0; i < kBatch; ++i) {
+void Lookahead::AskForRows(const char* limit, const EntryIndex& entries) {
+  for (count_ = 0; count_ < kBatch; ++count_) {
     const auto length = static_cast<std::size_t>(limit - scanned_);
     const auto* mark = static_cast<const char*>(std::memchr(scanned_, '#', length));
     if (!mark) {
@@ -47,7 +45,13 @@ void Lookahead::AskForBatch(const char* limit, const EntryIndex& entries) {
     }
     Digits digits = {0, 0};
     scanned_ = ScanDigitsFast(mark + 1, &digits);
-    entries.Prefetch(static_cast<int>(digits.value));
+    rows_[count_] = entries.Prefetch(static_cast<int>(digits.value));
+  }
+}
+
+void Lookahead::AskForObjects() {
+  for (int i = 0; i < count_; ++i) {
+    if (rows_[i]) PrefetchType(rows_[i]->object);
   }
 }
 

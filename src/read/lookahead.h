@@ -1,5 +1,6 @@
-// Asks memory early for the rows of the instance table that the references further on in the block will need. Where
-// numbers come far from in order, each of them is a wait; asked for some numbers ahead, the rows are there in time.
+// Asks memory early for the rows of the instance table that the references further on in the block will need, and for
+// the objects behind them. Where numbers come far from in order, each is a wait; asked for some numbers ahead, they are
+// there in time.
 // Only time depends on it: a number taken for one by mistake, such as one inside a text, does no harm.
 #ifndef STEPRT_READ_LOOKAHEAD_H
 #define STEPRT_READ_LOOKAHEAD_H
@@ -21,7 +22,8 @@ class Lookahead {
   void Ask(const InputFile& in, const EntryIndex& entries);
 
  private:
-  void AskForBatch(const char* limit, const EntryIndex& entries);
+  void AskForRows(const char* limit, const EntryIndex& entries);
+  void AskForObjects();
 
   bool isOn_ = false;
   std::uint32_t records_ = 0;
@@ -31,6 +33,10 @@ class Lookahead {
   int left_ = 0;                   // numbers to be read until more are asked for
   std::uint32_t block_ = 0;        // of the file, that has been begun
   const char* scanned_ = nullptr;  // its part whose numbers have been asked for
+
+  static constexpr int kBatch = 8;  // numbers that are asked for together
+  const STEPentry* rows_[kBatch];   // that were asked for last, and will have come; null for one in a map
+  int count_ = 0;
 };
 
 }  // namespace steprt

@@ -19,11 +19,11 @@ Settled SettleLater(STEPtransfer* t, int number, int expected, STEPheader** slot
 }  // namespace
 
 Settled SettleReference(STEPtransfer* t, int number, int expected, STEPheader** slot) {
-  const STEPentry* entry = FindEntry(t, number);
+  STEPentry* entry = FindEntry(t, number);
   if (!entry) return SettleLater(t, number, expected, slot);
   *slot = entry->object;
   if (!entry->object) return ReportNoObject(t, number), Settled::kFailed;
-  if (!t->lookups.IsSubtype(expected, entry->type)) ReportWrongType(t, entry->object);
+  if (!t->lookups.IsSubtype(expected, TypeOf(entry))) ReportWrongType(t, entry->object);
   return Settled::kKnown;
 }
 

@@ -28,7 +28,7 @@ class Pool {
   }
 
   // The records in the order of their making.
-  T& At(std::uint32_t i) { return directory_[i / kChunk][i % kChunk]; }
+  T& At(std::uint32_t i) const { return directory_[i / kChunk][i % kChunk]; }
   std::uint32_t Count() const { return count_; }
 
  private:

@@ -61,6 +61,19 @@ TEST(References, TheIdOfAnInstanceShowsInTheReport) {
             Texts{"(1) [DOOR]Reference to wrong object type 'the id'"});
 }
 
+TEST(References, ATypeIsTheInstancesAtTheTimeOfTheTest) {
+  const auto changeEarlier = [](STEPtransfer*) -> STEPheader* {
+    for (STEPheader* i = CurrentModel()->Inst(); i; i = i->NextHead()) i->Type(kPerson);
+    return new Entity(kProbe);
+  };
+  const std::string wall = "WALL('',0.,$,$,(),.F.);";
+  EXPECT_EQ(
+      ReadWith(changeEarlier, "#1=" + wall + "#2=DOOR(#1);#3=PROBE();\n#4=DOOR(#1);#5=DOOR(#6);#6=" + wall).reports,
+      Texts{"(2) [DOOR]Reference to wrong object type ''"});
+  EXPECT_EQ(ReadWith(changeEarlier, "#1=DOOR(#2);#2=" + wall + "#3=PROBE();\n#4=NOTE('');").reports,
+            Texts{"(2) [NOTE]Reference to wrong object type ''"});
+}
+
 TEST(Selects, TakeEveryKindOfValue) {
   ExpectRows(R"(
     sssss | #1=PROBE(-5,2.5,'it''s',$,*);  | PROBE(int -5,real 2.5,text 'it's',object null,object null)
