@@ -1,12 +1,15 @@
-// What a file of twice the items costs, for each shape, from one size to three doublings of it.
+// What a file of twice the items costs, for each shape, from one size to three doublings of it; and what it costs Expat
+// alone where the file is a document.
 #include <array>
 #include <cstdio>
+#include <filesystem>
 
 #include "pairs.h"
 #include "population.h"
 #include "shape_client.h"
 #include "shapes.h"
 #include "tasks.h"
+#include "xml_floor.h"
 
 namespace bench {
 namespace {
@@ -36,6 +39,11 @@ class ShapeFiles {
     isSound_ = isSound_ && model.IsAsExpected(shape_, Items(doublings));
     return seconds;
   }
+  double TimeFloor(int doublings) {
+    BeginTurn();
+    const auto size = static_cast<int>(std::filesystem::file_size(Path(doublings)));
+    return TimeOf([&] { isSound_ = ParseXmlFloor(Path(doublings), size) > 0 && isSound_; });
+  }
   bool IsSound() const { return areWritten_ && isSound_; }
 
  private:
@@ -48,13 +56,15 @@ class ShapeFiles {
   bool isSound_ = true;
 };
 
-void Doubling(benchmark::State& state, const Shape& shape) {
+using Timer = double (ShapeFiles::*)(int doublings);
+
+void Doubling(benchmark::State& state, const Shape& shape, Timer timer) {
   ShapeFiles files(shape);
   std::array<Pairs, kDoublings> doublings;
   for (auto _ : state) {
     for (int i = 0; i < kDoublings; ++i) {
-      doublings[static_cast<std::size_t>(i)].Measure([&] { return files.TimeRead(i + 1); },
-                                                     [&] { return files.TimeRead(i); });
+      doublings[static_cast<std::size_t>(i)].Measure([&] { return (files.*timer)(i + 1); },
+                                                     [&] { return (files.*timer)(i); });
     }
     state.SetIterationTime(doublings.back().LastSubject());
   }
@@ -71,7 +81,10 @@ void Doubling(benchmark::State& state, const Shape& shape) {
 void RegisterDoublings(std::span<const Shape> shapes) {
   for (const Shape& shape : shapes) {
     Register(std::string("doubling/") + shape.name, kTurns,
-             [&shape](benchmark::State& state) { Doubling(state, shape); });
+             [&shape](benchmark::State& state) { Doubling(state, shape, &ShapeFiles::TimeRead); });
+    if (shape.form != Form::kXml) continue;
+    Register(std::string("doubling_floor/") + shape.name, kTurns,
+             [&shape](benchmark::State& state) { Doubling(state, shape, &ShapeFiles::TimeFloor); });
   }
 }
 

@@ -17,12 +17,10 @@ void XMLCALL OnStart(void* count, const XML_Char*, const XML_Char**) { ++*static
 void XMLCALL OnEnd(void*, const XML_Char*) {}
 void XMLCALL OnText(void*, const XML_Char*, int) {}
 
-constexpr int kBlock = 1 << 16;
-
-bool ParseBlocks(XML_Parser parser, int handle) {
+bool ParseBlocks(XML_Parser parser, int handle, int blockSize) {
   for (;;) {
-    void* block = XML_GetBuffer(parser, kBlock);
-    const ssize_t count = ::read(handle, block, kBlock);
+    void* block = XML_GetBuffer(parser, blockSize);
+    const ssize_t count = block ? ::read(handle, block, static_cast<std::size_t>(blockSize)) : -1;
     if (count < 0 || XML_ParseBuffer(parser, static_cast<int>(count), count == 0) != XML_STATUS_OK) return false;
     if (count == 0) return true;
   }
@@ -134,14 +132,14 @@ constexpr std::size_t kFrameRoom = 4096;
 
 }  // namespace
 
-long ParseXmlFloor(const std::string& path) {
+long ParseXmlFloor(const std::string& path, int blockSize) {
   const int handle = ::open(path.c_str(), O_RDONLY);
   const XML_Parser parser = XML_ParserCreate(nullptr);
   long count = 0;
   XML_SetUserData(parser, &count);
   XML_SetElementHandler(parser, OnStart, OnEnd);
   XML_SetCharacterDataHandler(parser, OnText);
-  const bool isSound = ParseBlocks(parser, handle);
+  const bool isSound = ParseBlocks(parser, handle, blockSize);
   XML_ParserFree(parser);
   ::close(handle);
   return isSound ? count : 0;
