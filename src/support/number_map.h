@@ -28,9 +28,6 @@ class NumberMap {
   // memory is exhausted. The address is good until the next call.
   [[nodiscard]] std::uint32_t* FindOrAdd(std::uint32_t number);
 
-  bool IsEmpty() const { return count_ == 0; }
-  std::size_t Bytes() const { return std::size_t{capacity_} * sizeof(Slot); }
-
  private:
   struct Slot {
     std::uint32_t number;
