@@ -57,25 +57,6 @@ TEST(Instance, AnIdIsCutAtSixtyThreeCharacters) {
   EXPECT_STREQ(object->Id(), "short");
 }
 
-TEST(Instance, KindsFollowTheSupertypesAcrossTheChain) {
-  const struct {
-    int type;
-    int ancestor;
-    bool isKind;
-  } rows[] = {{kDoor, kDoor, true},     {kDoor, kWall, true},   {kDoor, kProduct, true}, {kWall, kDoor, false},
-              {kProduct, kWall, false}, {kDoor, kPoint, false}, {kWall, -1, true},       {999, -7, true},
-              {999, 999, true},         {999, kWall, false},    {kWall, 999, false}};
-  ProjModel model;
-  auto* object = new STEPheader;
-  for (const bool indexed : {false, true}) {
-    if (indexed) model.PrepareHash();
-    for (const auto& row : rows) {
-      object->Type(row.type);
-      EXPECT_EQ(object->IsKindOf(row.ancestor), row.isKind) << row.type << " " << row.ancestor << " " << indexed;
-    }
-  }
-}
-
 TEST(Instance, ACopyIsOnNoListAndLeavesTheSourcesListAlone) {
   ProjModel model;
   auto* first = new STEPheader;

@@ -7,6 +7,7 @@
 
 #include "support/failing_new.h"
 #include "support/proj_schema.h"
+#include "support/temp_files.h"
 
 namespace {
 
@@ -23,27 +24,7 @@ Objects ListOf(STEPmodel& model) {
   return list;
 }
 
-TEST(Model, AListKeepsTheOrderOfAppendingWhateverIsTakenOut) {
-  ProjModel model;
-  STEPheader* a = new STEPheader;
-  STEPheader* b = new STEPheader;
-  STEPheader* c = new STEPheader;
-  EXPECT_EQ(ListOf(model), (Objects{a, b, c}));
-  for (STEPheader* each : {c, c, static_cast<STEPheader*>(nullptr)}) {
-    model.RmInst(each);
-    EXPECT_EQ(ListOf(model), (Objects{a, b}));
-  }
-  EXPECT_EQ(c->Model(), &model) << "what was taken out keeps its model";
-  for (STEPheader* each : {c, static_cast<STEPheader*>(nullptr), a}) model.Insert(each);
-  EXPECT_EQ(ListOf(model), (Objects{b, c, a}));
-  for (STEPheader* each : {c, b, a}) delete each;
-  EXPECT_EQ(ListOf(model), Objects{});
-  model.RmInst(a);
-  STEPheader* d = new STEPheader;
-  EXPECT_EQ(ListOf(model), Objects{d});
-}
-
-// Against a plain list, over many random steps.
+// Against a plain list, over many random steps. What is on no list, and null, is taken off without harm.
 TEST(Model, RandomEditsKeepTwoModelsInOrder) {
   ProjModel models[2];
   Objects expected[2];
@@ -56,12 +37,18 @@ TEST(Model, RandomEditsKeepTwoModelsInOrder) {
     STEPheader* object = action == 0 ? new STEPheader(&models[which]) : list[place];
     if (action > 0) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
     if (action == 1) {
+      models[1 - which].RmInst(object);
+      models[which].RmInst(object);
+      EXPECT_EQ(object->Model(), &models[which]) << "what was taken out keeps its model";
+      models[which].RmInst(object);
       delete object;
     } else if (action > 1) {
       models[action == 2 ? which : 1 - which].Insert(object);
     }
     if (action != 1) expected[action == 3 ? 1 - which : which].push_back(object);
     if (step % 100 != 0) continue;
+    models[which].RmInst(nullptr);
+    models[which].Insert(nullptr);
     ASSERT_EQ(ListOf(models[0]), expected[0]) << step;
     ASSERT_EQ(ListOf(models[1]), expected[1]) << step;
   }
@@ -171,19 +158,26 @@ TEST(Model, ACopyIsASnapshotWhoseEndLeavesTheSourceAlone) {
 }
 
 TEST(Model, WithoutASchemaNothingIsFoundAndNothingHappens) {
-  char name[] = "none";
   STEPmodel model(static_cast<STEPmodel*>(nullptr));
   auto* object = new Entity(kWall, &model);
   EXPECT_STREQ(object->EntityName(), "");
   EXPECT_FALSE(object->IsKindOf(kProduct));
   EXPECT_STREQ(model.EntityName(kWall), "Unknown");
-  EXPECT_FALSE(model.IsSchema(name));
-  EXPECT_FALSE(model.IsSchema(nullptr));
+  STEPlib lib(static_cast<HINSTANCE>(nullptr));
+  model.SetLib(&lib);
+  EXPECT_EQ(model.GetLib("PROJ"), nullptr);
   model.PrepareHash();
-  EXPECT_EQ(model.Read(true, name), 1);
-  EXPECT_EQ(model.Write(name, nullptr), -1);
+  std::string path = MakeFile("bare.xml", "<PROJ/>");
+  for (const char* schema : {path.c_str(), "", static_cast<const char*>(nullptr)}) {
+    EXPECT_FALSE(model.IsSchema(const_cast<char*>(schema)));
+  }
+  EXPECT_EQ(model.Read(true, path.data()), 1);
+  EXPECT_EQ(model.ReadXml("<PROJ/>"), 1);
+  EXPECT_EQ(model.Write(path.data(), nullptr), -1);
+  EXPECT_EQ(model.WriteXml(path.data(), nullptr), -1);
   EXPECT_EQ(STEPread(nullptr, ProjSchema(), false), 1);
   EXPECT_EQ(STEPwrite(nullptr, "", nullptr, ProjSchema()), -1);
+  EXPECT_EQ(BytesOf(path), "<PROJ/>");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <climits>
 
+#include "platform/sax.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 
@@ -36,64 +37,81 @@ TEST(TransferFlags, WriteLeavesTheNameAlone) {
   EXPECT_NE(BytesOf(own).find("'QVN',''));\n"), std::string::npos) << "a null remark is an empty one";
 }
 
-TEST(TransferFlags, DuringATransferTheModelIsLockedAndForAReadCurrent) {
-  ProjModel model;
-  ProjModel current;
-  bool isWritten = false;
-  SetProbe({"", -1,
-            [&](STEPtransfer*) {
-              EXPECT_TRUE(model.Locked());
-              EXPECT_EQ(CurrentModel(), &model);
-              auto* object = new Entity(kProbe);
-              return object->Changed(), object;
-            },
-            [&](STEPtransfer*) { isWritten = model.Locked() && CurrentModel() == &current; }});
-  model.SetLocked(true);
-  std::string path = MakeFile("flags.stp", InFrame("#1=PROBE();"));
-  EXPECT_EQ(model.Read(true, path.data()), 0);
-  EXPECT_FALSE(model.IsEmpty());
-  EXPECT_FALSE(model.Locked());
-  EXPECT_FALSE(model.Changed());
-  EXPECT_EQ(CurrentModel(), &current);
-  model.SetChanged(true);
-  EXPECT_EQ(model.Write(path.data(), ""), 1);
-  EXPECT_TRUE(isWritten);
-  EXPECT_FALSE(model.Locked());
-  EXPECT_FALSE(model.Changed());
-  model.SetChanged(true);
-  std::string folder = TempPath(".");
-  EXPECT_EQ(model.Write(folder.data(), ""), -1);
-  EXPECT_EQ(TakeReports(folder), Texts{"(1) [Write]Can't create file"});
-  EXPECT_FALSE(model.Changed()) << "after a failed write as well";
+int CountShown(STEPmodel& model) {
+  int shown = 0;
+  for (int i = 0; i < 20; ++i) shown += model.ErrShow();
+  return shown;
 }
 
-TEST(TransferFlags, TheErrorBudgetIsFilledByEachTransfer) {
+const struct Form {
+  const char* probe;
+  int (*read)(STEPmodel& model);
+  int (STEPmodel::*write)(char* name, const char* remark);
+} kForms[] = {
+    {"STEP;DATA;#1=PROBE();ENDSEC;ENDSTEP;", [](STEPmodel& model) { return model.Read(false, nullptr); },
+     &STEPmodel::Write},
+    {"<PROJ><PROBE rid='#1'/></PROJ>", [](STEPmodel& model) { return model.ReadXml(nullptr); }, &STEPmodel::WriteXml}};
+
+TEST(TransferFlags, DuringATransferTheModelIsLockedAndForAReadCurrentAndTheBudgetIsFilledByEach) {
+  for (const Form& form : kForms) {
+    if (*form.probe == '<' && !steprt::saxService) continue;
+    ProjModel model(3);
+    ProjModel current;
+    bool isRead = false;
+    bool isWritten = false;
+    SetProbe({"", -1,
+              [&](STEPtransfer*) {
+                isRead = model.Locked() && CurrentModel() == &model && model.ErrShow() == 1;
+                auto* object = new Entity(kProbe);
+                return object->Changed(), object;
+              },
+              [&](STEPtransfer*) { isWritten = model.Locked() && CurrentModel() == &current; }});
+    const auto expectOver = [&](int budget) {
+      EXPECT_EQ(CurrentModel(), &current) << form.probe;
+      EXPECT_FALSE(model.Locked()) << form.probe;
+      EXPECT_FALSE(model.Changed()) << form.probe;
+      EXPECT_EQ(CountShown(model), budget) << form.probe;
+    };
+    std::string path = MakeFile("flags.stp", form.probe);
+    model.Name(path.c_str());
+    model.SetLocked(true);
+    EXPECT_EQ(form.read(model), 0);
+    EXPECT_TRUE(isRead);
+    expectOver(2);
+    EXPECT_EQ(Population(model), Texts{"PROBE()"});
+    EXPECT_TRUE(current.IsEmpty());
+    model.SetChanged(true);
+    EXPECT_EQ((model.*form.write)(path.data(), nullptr), 1);
+    EXPECT_TRUE(isWritten);
+    expectOver(3);
+    model.SetChanged(true);
+    std::string folder = TempPath(".");
+    EXPECT_EQ((model.*form.write)(folder.data(), ""), -1);
+    EXPECT_EQ(TakeReports(folder), Texts{"(1) [Write]Can't create file"});
+    expectOver(3);
+  }
+}
+
+TEST(TransferFlags, ANewLimitCountsFromTheNextTransferOn) {
   ProjModel model;
-  const auto budget = [&] {
-    int shown = 0;
-    for (int i = 0; i < 20; ++i) shown += model.ErrShow();
-    return shown;
-  };
-  std::string path = MakeFile("budget.stp", InFrame("#1=PERSON(1);"));
   int during = -1;
   SetProbe({"", -1, [&](STEPtransfer*) {
               model.ErrShow(7);
-              return during = budget(), new Entity(kPerson);
+              return during = CountShown(model), new Entity(kPerson);
             }});
   model.ErrShow(3);
-  std::string probe = MakeFile("probe.stp", InFrame("#1=PROBE();"));
-  model.Read(false, probe.data());
-  EXPECT_EQ(during, 3) << "a new limit does not reach the transfer that runs";
-  EXPECT_EQ(budget(), 0);
+  std::string path = MakeFile("probe.stp", InFrame("#1=PROBE();"));
   model.Read(false, path.data());
-  EXPECT_EQ(budget(), 7);
+  EXPECT_EQ(during, 3) << "not for the one that runs";
+  EXPECT_EQ(CountShown(model), 0);
+  path = MakeFile("budget.stp", InFrame("#1=PERSON(1);"));
+  model.Read(false, path.data());
+  EXPECT_EQ(CountShown(model), 7);
   EXPECT_EQ(model.errorsLeft, -13) << "every call takes one";
-  model.Write(path.data(), nullptr);
-  EXPECT_EQ(budget(), 7);
   for (const int limit : {-1, INT_MIN + 5, INT_MIN}) {
     model.ErrShow(limit);
     model.Read(false, path.data());
-    EXPECT_EQ(budget(), 0) << limit;
+    EXPECT_EQ(CountShown(model), 0) << limit;
   }
 }
 
