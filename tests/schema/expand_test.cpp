@@ -26,54 +26,40 @@ Types Extract(APPobject0* schema, int type, int capacity, int depth) {
   return out;
 }
 
-struct Case {
-  const char* what;
-  int type;
-  int capacity;
-  int depth;
-  Types linear;
-  Types indexed;
-};
-
-void ExpectTypes(const Chain& chain, const std::vector<Case>& cases) {
+// Of rows of one type the linear path takes the first and the indexed the last. A supertype in another case links on
+// the linear path and where it hashes alike: letters whose weight is 4 or more keep their bucket in either case.
+TEST(ExtractTypes, GivesATypeAndItsSubtypesInRowOrderOrItsReverse) {
+  const Chain chain(
+      {{"FIRST", {{"T", 10}, {"A", 11, "T"}, {"LONE", 15, "NOWHERE"}}},
+       {"SECOND", {{"B", 12, "T"}, {"D", 13, "A"}, {"E", 14, "D"}}},
+       {"CASES", {{"WALL", 1}, {"CURTAIN", 2, "Wall"}, {"PARTY", 3, "WALL"}, {"12W", 4}, {"U", 5, "12w"}}},
+       {"TWINS", {{"X", 6}, {"Y", 6}, {"UNDERX", 7, "X"}, {"UNDERY", 8, "Y"}}}});
+  const struct {
+    int type;
+    int capacity;
+    int depth;
+    Types linear;
+    Types indexed;
+  } rows[] = {{10, 9, INT_MAX, {10, 11, 13, 14, 12}, {10, 12, 11, 13, 14}},
+              {10, 9, INT_MIN, {10}, {10}},
+              {10, -5, 3, {}, {}},
+              {15, 9, 3, {15}, {15}},
+              {99, 9, 3, {}, {}},
+              {-1, 9, 3, {}, {}},
+              {1, 9, 1, {1, 2, 3}, {1, 3}},
+              {4, 9, 1, {4, 5}, {4, 5}},
+              {6, 9, 9, {6, 7}, {6, 8}}};
   Model model(chain.Head());
-  for (const Case& each : cases) {
-    model.RemoveHash();
-    EXPECT_EQ(Extract(chain.Head(), each.type, each.capacity, each.depth), each.linear) << each.what << ", linear";
-    model.PrepareHash();
-    EXPECT_EQ(Extract(chain.Head(), each.type, each.capacity, each.depth), each.indexed) << each.what << ", indexed";
+  for (const bool indexed : {false, true}) {
+    if (indexed) model.PrepareHash();
+    for (const auto& row : rows) {
+      const Types& expected = indexed ? row.indexed : row.linear;
+      EXPECT_EQ(Extract(chain.Head(), row.type, row.capacity, row.depth), expected) << row.type << indexed;
+    }
   }
-}
-
-TEST(ExtractTypes, SubtypesComeDepthFirstInRowOrderOrItsReverse) {
-  const Chain chain({{"FIRST", {{"T", 10}, {"A", 11, "T"}, {"LONE", 15, "NOWHERE"}}},
-                     {"SECOND", {{"B", 12, "T"}, {"D", 13, "A"}, {"E", 14, "D"}}}});
-  const Types linear = {10, 11, 13, 14, 12};
-  const Types indexed = {10, 12, 11, 13, 14};
-  ExpectTypes(chain, {{"depth 0: the type alone", 10, 9, 0, {10}, {10}},
-                      {"below 0 too", 10, 9, INT_MIN, {10}, {10}},
-                      {"more depth than levels", 10, 9, INT_MAX, linear, indexed},
-                      {"capacity 0", 10, 0, 3, {}, {}},
-                      {"capacity below 0", 10, -5, 3, {}, {}},
-                      {"a supertype without a row", 15, 9, 3, {15}, {15}},
-                      {"a type without a row", 99, 9, 3, {}, {}},
-                      {"the type of no instance yet", -1, 9, 3, {}, {}}});
-  Model model(chain.Head());
-  model.PrepareHash();
   EXPECT_EQ(Extract(chain.At(1), 13, 9, 9), (Types{13, 14})) << "from a later descriptor what is behind it counts";
   EXPECT_EQ(Extract(chain.At(1), 10, 9, 9), Types{});
   EXPECT_EQ(Extract(nullptr, 1, 5, 5), Types{});
-}
-
-// Letters whose weight is 4 or more keep their bucket in either case, and there the comparison folds.
-TEST(ExtractTypes, ASupertypeInAnotherCaseLinksOnTheLinearPathAndWhereItHashesAlike) {
-  const Chain chain({{"S", {{"WALL", 1}, {"CURTAIN", 2, "Wall"}, {"PARTY", 3, "WALL"}, {"12W", 4}, {"E", 5, "12w"}}}});
-  ExpectTypes(chain, {{"wall", 1, 9, 1, {1, 2, 3}, {1, 3}}, {"12W", 4, 9, 1, {4, 5}, {4, 5}}});
-}
-
-TEST(ExtractTypes, OfRowsOfOneTypeTheLinearPathTakesTheFirstAndTheIndexedTheLast) {
-  const Chain chain({{"S", {{"A", 1}, {"B", 1}, {"UNDERA", 2, "A"}, {"UNDERB", 3, "B"}}}});
-  ExpectTypes(chain, {{"type 1", 1, 9, 9, {1, 2}, {1, 3}}});
 }
 
 TEST(ExtractTypes, ARingAsDeepAsALargeCapacityEnds) {
@@ -122,22 +108,6 @@ TEST(ExtractTypes, BothPathsGiveTheSameTreeOnGeneratedChains) {
             << (indexed ? ", indexed" : ", linear");
       }
     }
-  }
-}
-
-TEST(ExpandSubtypes, GivesTheCapacityThatIsLeft) {
-  const Chain chain({{"S", {{"T", 1}, {"A", 2, "T"}, {"B", 3, "T"}, {"C", 4, "A"}}}});
-  Model model(chain.Head());
-  for (const char* path : {"linear", "indexed"}) {
-    const auto left = [&](const char* name, int capacity, int depth) {
-      int out[5];
-      return steprt::ExpandSubtypes(chain.Head(), name, out, capacity, depth);
-    };
-    EXPECT_EQ((Types{left("T", 5, 1), left("T", 5, 2), left("T", 2, 2), left("T", 0, 2), left("T", 5, 0),
-                     left("C", 5, 2), left("NONE", 5, 2)}),
-              (Types{3, 2, 0, 0, 3, 5, 5}))
-        << path;
-    model.PrepareHash();
   }
 }
 

@@ -38,18 +38,20 @@ TEST_F(Libraries, AModuleThatIsNotInTheChainIsLoadedAndReleasedAndAHandleIsOnlyW
   const std::string path = files.Copy("holed", "plain.so");
   {
     const Lib lib(path);
-    EXPECT_TRUE(lib.open);
-    EXPECT_TRUE(lib.owned);
-    EXPECT_NE(lib.handle, nullptr);
+    EXPECT_TRUE(lib.open && lib.owned && lib.handle);
     EXPECT_TRUE(IsLoaded(path));
   }
   EXPECT_FALSE(IsLoaded(path));
   HINSTANCE module = files.Load(path);
-  {
-    Lib lib(module);
-    EXPECT_EQ(lib.handle, module);
+  for (HINSTANCE wrapped : {module, static_cast<HINSTANCE>(nullptr)}) {
+    Lib lib(wrapped);
+    EXPECT_EQ(lib.handle, wrapped);
     EXPECT_TRUE(lib.LibOpen());
     EXPECT_FALSE(lib.owned);
+    STEPlib::Entry table[] = {Untouched};
+    EXPECT_EQ(lib.LoadFunct(table, 1), wrapped ? 1 : 0);
+    EXPECT_NE(table[0], &Untouched);
+    EXPECT_EQ(lib.LibOpen(), wrapped != nullptr);
   }
   EXPECT_TRUE(IsLoaded(path));
 }
@@ -68,53 +70,31 @@ TEST_F(Libraries, AModuleThatCannotBeLoadedLeavesAClosedObjectThatFetchesNothing
   EXPECT_FALSE(STEPlib(static_cast<char*>(nullptr)).LibOpen());
 }
 
-TEST_F(Libraries, ANullHandleCountsAsOpenAndHasNoEntries) {
-  Lib lib(nullptr);
-  EXPECT_TRUE(lib.LibOpen());
-  STEPlib::Entry table[] = {Untouched};
-  EXPECT_EQ(lib.LoadFunct(table, 1), 0);
-  EXPECT_EQ(table[0], nullptr);
-  EXPECT_FALSE(lib.LibOpen());
-}
-
-// Only a match in the chain opens the object here: none of these paths is one of a file.
+// Only a match in the chain opens the object here: none of these paths is one of a file. A slash does not separate, and
+// of a longer key the 19 last characters count.
 TEST_F(Libraries, TheKeyIsSoughtInTheUpperCasedPathsOfTheChain) {
+  HINSTANCE older = files.Load(files.Copy("chained", "a/folder/for/all/of/them/first_module.so"));
   const std::string path = files.Copy("chained", "Deep/PlanB.so");
   HINSTANCE module = files.Load(path);
-  // A slash does not separate, and of a longer key the 19 last characters count.
-  const std::pair<bool, std::vector<std::string>> rows[] = {
-      {true,
+  const std::pair<HINSTANCE, std::vector<std::string>> rows[] = {
+      {module,
        {"PlanB.so", "PLANb.SO", "c:\\elsewhere\\planb.so", "x\\nowhere\\PLANB.so", "lanb", "deep/", "Deep/PlanB.so",
         "trailing\\", ""}},
-      {false,
-       {"planc.so", "not/this/one/atalldeep/planb.so", "elsewhere/planb.so", "not/this/but/another/deep/planb.so"}}};
+      {older, {"elsewhere/but/of/them/first_module.so"}},
+      {nullptr,
+       {"planc.so", "not/this/one/atalldeep/planb.so", "elsewhere/planb.so", "not/this/but/another/deep/planb.so",
+        "elsewhere/xem/first_module.so", "a/folder/for/all/of/them/second_module.so"}}};
   for (const auto& [found, names] : rows) {
     for (const std::string& name : names) {
       Lib lib(name);
-      EXPECT_EQ(lib.LibOpen(), found) << name;
-      EXPECT_EQ(lib.handle, found ? module : nullptr) << name;
+      EXPECT_EQ(lib.LibOpen(), found != nullptr) << name;
+      EXPECT_EQ(lib.handle, found) << name;
       EXPECT_EQ(lib.owned, !found) << name;
     }
   }
   EXPECT_TRUE(IsLoaded(path));
   files.Release(module);
   EXPECT_FALSE(IsLoaded(path));
-}
-
-// Of a key that does not fit, its end is sought: modules of one long folder are told apart.
-TEST_F(Libraries, OfALongKeyTheLast19CharactersCount) {
-  const std::string first = files.Copy("chained", "a/folder/for/all/of/them/first_module.so");
-  const std::string second = files.Copy("chained", "a/folder/for/all/of/them/second_module.so");
-  HINSTANCE module = files.Load(first);
-  const Lib same(first);
-  EXPECT_EQ(same.handle, module);
-  EXPECT_FALSE(same.owned);
-  const Lib other(second);
-  EXPECT_TRUE(other.owned);
-  EXPECT_NE(other.handle, module);
-  const Lib folder("elsewhere/but/of/them/first_module.so");
-  EXPECT_EQ(folder.handle, module);
-  EXPECT_FALSE(Lib(std::string("elsewhere/xem/first_module.so")).LibOpen()) << "the 19th counts";
 }
 
 TEST_F(Libraries, TheNewestModuleOfTheChainThatMatchesWins) {
@@ -176,20 +156,30 @@ const Fetch kFetches[] = {
     {"a module without a table", "attached", 2, 0, {0, -1, -1, -1}, false},
 };
 
+// A missing one releases an owned module, once. The entries of a module that has gone must not be called.
 TEST_F(Libraries, EntriesAreFetchedFromNumber2UntilOneIsMissing) {
   for (const Fetch& each : kFetches) {
     const std::string path = files.Copy(each.module, "fetched.so");
-    {
-      HINSTANCE module = files.Load(path);
-      Lib lib(module);
-      STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
-      EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
-      for (int i = 0; i < 4; ++i) EXPECT_EQ(table[i] ? table[i]() : 0, each.calls[i]) << each.what << ", place " << i;
-      EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
-      EXPECT_EQ(lib.handle, module) << each.what;
-      files.Release(module);
+    for (const bool isHeld : {true, false}) {
+      SCOPED_TRACE(std::string(each.what) + (isHeld ? ", held" : ", owned"));
+      HINSTANCE held = isHeld ? files.Load(path) : nullptr;
+      for (const bool isOwned : {true, false}) {
+        if (!isOwned && !isHeld) continue;
+        Lib lib = isOwned ? Lib(path) : Lib(held);
+        STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
+        EXPECT_EQ(lib.LoadFunct(table, each.count), each.result);
+        EXPECT_EQ(IsLoaded(path), each.open || isHeld);
+        for (int i = 0; i < 4; ++i) {
+          EXPECT_EQ(table[i] == nullptr, each.calls[i] == 0) << i;
+          const bool isThere = table[i] && isHeld;
+          EXPECT_EQ(isThere ? table[i]() : 0, isHeld ? each.calls[i] : 0) << i;
+        }
+        EXPECT_EQ(lib.LibOpen(), each.open);
+        EXPECT_NE(lib.handle, nullptr);
+      }
+      if (isHeld) files.Release(held);
+      EXPECT_FALSE(IsLoaded(path));
     }
-    EXPECT_FALSE(IsLoaded(path)) << each.what;
   }
 }
 
@@ -207,29 +197,6 @@ TEST_F(Libraries, EntriesAreFetchedFromAModuleThatAnotherOneBrought) {
   EXPECT_TRUE(IsLoaded(path));
   files.Release(carrier);
   EXPECT_FALSE(IsLoaded(path));
-}
-
-// The entries of a module that has gone must not be called, so only their number is looked at.
-TEST_F(Libraries, AMissingEntryReleasesAnOwnedModuleOnce) {
-  for (const Fetch& each : kFetches) {
-    const std::string path = files.Copy(each.module, "fetched.so");
-    for (const bool isHeld : {false, true}) {
-      HINSTANCE held = isHeld ? files.Load(path) : nullptr;
-      {
-        Lib lib(path);
-        STEPlib::Entry table[] = {Untouched, Untouched, Untouched, Untouched};
-        if (lib.owned) {
-          EXPECT_EQ(lib.LoadFunct(table, each.count), each.result) << each.what;
-          for (int i = 0; i < 4; ++i) EXPECT_EQ(!table[i], each.calls[i] == 0) << each.what << ", place " << i;
-          EXPECT_EQ(lib.LibOpen(), each.open) << each.what;
-          EXPECT_NE(lib.handle, nullptr) << each.what;
-          EXPECT_EQ(IsLoaded(path), each.open || isHeld) << each.what;
-        }
-      }
-      if (isHeld) files.Release(held);
-      EXPECT_FALSE(IsLoaded(path)) << each.what;
-    }
-  }
 }
 
 // ---- release -------------------------------------------------------------------------------------------------------
@@ -260,22 +227,18 @@ TEST_F(Libraries, UnloadReleasesAsOftenAsToldAndOnceMoreWhenItOwnsTheModule) {
 
 TEST_F(Libraries, AssignmentCopiesTheFieldsAndReleasesNothing) {
   const std::string first = files.Copy("holed", "first.so");
-  const std::string second = files.Copy("holed", "second.so");
   {
-    const Lib source(second);
+    const Lib source(files.Copy("holed", "second.so"));
     Lib target(first);
     HINSTANCE held = target.handle;
-    STEPlib& result = static_cast<STEPlib&>(target) = source;
-    EXPECT_EQ(&result, &target);
+    EXPECT_EQ(&(static_cast<STEPlib&>(target) = source), &target);
     EXPECT_EQ(target.handle, source.handle);
-    EXPECT_TRUE(target.open);
-    EXPECT_TRUE(target.owned);
+    EXPECT_TRUE(target.open && target.owned);
     EXPECT_TRUE(IsLoaded(first));
     target.owned = false;  // one of the two lets go
     dlclose(held);
   }
   EXPECT_FALSE(IsLoaded(first));
-  EXPECT_FALSE(IsLoaded(second));
 }
 
 // ---- attached modules ----------------------------------------------------------------------------------------------
