@@ -60,37 +60,13 @@ TEST(NumberToText, IntegersPrintAsPercentD) {
 }
 
 TEST(NumberToText, RealsHaveSixDigitsAndNoMore) {
-  const struct {
-    double value;
-    const char* text;
-  } rows[] = {{0.0, "0"},
-              {-0.0, "-0"},
-              {1.0, "1"},
-              {-2.5, "-2.5"},
-              {100000.0, "100000"},
-              {999999.0, "999999"},
-              {1e6, "1e+06"},
-              {1234567.0, "1.23457e+06"},
-              {0.0001, "0.0001"},
-              {0.00001, "1e-05"},
-              {1.0 / 3, "0.333333"},
-              {2.0 / 3, "0.666667"},
-              {999999.5, "1e+06"},
-              {99999.96, "100000"},
-              {123456.5, "123456"},
-              {123457.5, "123458"},
-              {0.5, "0.5"},
-              {1e300, "1e+300"},
-              {4.9e-324, "4.94066e-324"},
-              {-1e-100, "-1e-100"},
-              {HUGE_VAL, "inf"},
-              {-HUGE_VAL, "-inf"}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(RealText(row.value), row.text);
-    ExpectAsC(row.value);
+  for (const double value : {0.0,     1.0,       2.5,      100000.0, 999999.0,
+                             1e6,     1234567.0, 0.0001,   0.00001,  1.0 / 3,
+                             2.0 / 3, 999999.5,  99999.96, 123456.5, 123457.5,
+                             1e300,   4.9e-324,  1e-100,   HUGE_VAL, std::numeric_limits<double>::quiet_NaN()}) {
+    ExpectAsC(value);
+    ExpectAsC(-value);
   }
-  ExpectAsC(std::numeric_limits<double>::quiet_NaN());
-  ExpectAsC(-std::numeric_limits<double>::quiet_NaN());
 }
 
 TEST(NumberToText, PowersOfTenAndTheirNeighboursPrintAsInC) {

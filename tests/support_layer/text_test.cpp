@@ -1,11 +1,10 @@
-// Texts: the bounded copy, comparison without case, the buffer that grows, file names.
+// Texts: the bounded copy, the buffer that grows, file names.
 #include "steprt/text.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 
-#include "support/ascii.h"
 #include "support/failing_new.h"
 #include "support/file_name.h"
 #include "support/text_buffer.h"
@@ -28,21 +27,6 @@ TEST(Copy, StopsAtTheTerminatorOrTheLimitAndTerminates) {
     EXPECT_EQ(Copy(room, row.source, row.limit), room);
     EXPECT_STREQ(room, row.copied);
     EXPECT_EQ(room[std::strlen(row.copied) + 1], '?') << "nothing is written behind the terminator";
-  }
-}
-
-TEST(CompareNoCase, FoldsAsciiLettersAndNothingElse) {
-  const struct {
-    const char* a;
-    const char* b;
-    int sign;
-  } rows[] = {{"WALL", "wall", 0},  {"a", "B", -1},   {"B", "a", 1},     {"wal", "wall", -1},
-              {"wall", "wal", 1},   {"", "", 0},      {"[", "{", -1},    {"@", "`", -1},
-              {"\xc4", "\xe4", -1}, {"\xc4", "z", 1}, {"a_b", "A_B", 0}, {"aB1", "Ab2", -1}};
-  for (const auto& row : rows) {
-    const int order = steprt::CompareNoCase(row.a, row.b);
-    EXPECT_EQ((order > 0) - (order < 0), row.sign) << row.a << " " << row.b;
-    EXPECT_EQ(steprt::EqualNoCase(row.a, row.b), row.sign == 0) << row.a << " " << row.b;
   }
 }
 

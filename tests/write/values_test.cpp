@@ -45,10 +45,6 @@ Writer Text(const std::string& text) {
   return [=](STEPtransfer* t) { wSTEPtext(t, "a", text.c_str()); };
 }
 
-Writer Real(double value) {
-  return [=](STEPtransfer* t) { wSTEPreal(t, "a", value); };
-}
-
 Writer Select(void (*set)(STEPselect&)) {
   return [=](STEPtransfer* t) {
     STEPselect select;
@@ -62,13 +58,8 @@ TEST(WrittenValues, NumbersAndKeywords) {
   ExpectRows(
       {{[](STEPtransfer* t) { wSTEPint(t, "a", INT_MIN), wSTEPint(t, "b", 0), wSTEPint(t, "c", INT_MAX); },
         "-2147483648,0,2147483647", "<a>-2147483648</a><b>0</b><c>2147483647</c>"},
-       {Real(1.0), "1", "<a>1</a>"},
-       {Real(-0.5), "-0.5", "<a>-0.5</a>"},
-       {Real(1000000.0), "1e+06", "<a>1e+06</a>"},
-       {Real(1234567.0), "1.23457e+06", "<a>1.23457e+06</a>"},
-       {Real(-0.000012345678), "-1.23457e-05", "<a>-1.23457e-05</a>"},
-       {Real(0.0001), "0.0001", "<a>0.0001</a>"},
-       {Real(-HUGE_VAL), "-inf", "<a>-inf</a>"},
+       {[](STEPtransfer* t) { wSTEPreal(t, "a", -0.5), wSTEPreal(t, "b", 1234567.0), wSTEPreal(t, "c", -HUGE_VAL); },
+        "-0.5,1.23457e+06,-inf", "<a>-0.5</a><b>1.23457e+06</b><c>-inf</c>"},
        {[](STEPtransfer* t) { wSTEPbool(t, "a", true), wSTEPbool(t, "b", false); }, ".T.,.F.", "<a>.T.</a><b>.F.</b>"},
        {[](STEPtransfer* t) {
           for (const int value : {-1, 0, 1, 2, -2, INT_MIN}) wSTEPlog(t, "a", value);
@@ -88,7 +79,6 @@ std::string Repeated(const std::string& piece, std::size_t times) {
 TEST(WrittenValues, Texts) {
   ExpectRows({{[](STEPtransfer* t) { wSTEPtext(t, "a", nullptr); }, "$", "<a>$</a>"},
               {Text(""), "''", "<a></a>"},
-              {Text("it's"), "'it''s'", "<a>it's</a>"},
               {Text("'"), "''''", "<a>'</a>"},
               {Text("''a"), "'''''a'", "<a>''a</a>"},
               {Text("a\\b\nc\xff\""), "'a\\b\nc\xff\"'", "<a>a\\b\nc\xff\"</a>"},
@@ -181,20 +171,6 @@ TEST(WrittenValues, ListsBeginWithoutACommaAndHaveSeparatorsBetweenTheirItemsAlo
   ExpectRows({{reals, "(1,2.5,-1e+10),3,(),(),(),(),(),(),()",
                "<a>1;2.5;-1e+10</a><b>3</b><c></c><d></d><f></f><g></g><h></h><i></i>"},
               {texts, "('a''',$,''),(.BLUE.,.GREEN.,.RED.)", "<a>'a'';$;''</a>"}});
-}
-
-// What each reader makes of what its writer wrote.
-TEST(WrittenValues, EveryKindReadsBack) {
-  const std::string record =
-      "SAMPLE('it''s',-7,0.25,.T.,.U.,.BLUE.,2.5,#2,(#2,#2),(1,-2.5),(.GREEN.,.RED.),('a','','it''s'));\n";
-  ProjModel model;
-  ReadBytes(model, InFrame("#1=" + record + "#2=WALL('',1e-7,$,(),(),.F.);"));
-  EXPECT_EQ(Population(model),
-            (Texts{"SAMPLE('it's',-7,0.25,T,-1,2,real 2.5,@2,[@2,@2],[1,-2.5],[1,0],['a','','it's'])",
-                   "WALL('',1e-07,null,[],[],F)"}));
-  std::string path = TempPath("kinds.stp");
-  EXPECT_EQ(model.Write(path.data(), ""), 2);
-  EXPECT_EQ(Between(path, "DATA;\n#1 = ", "ENDSEC;"), record + "#2 = WALL('',1e-07,$,(),(),.F.);\n");
 }
 
 }  // namespace
