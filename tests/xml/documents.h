@@ -33,16 +33,11 @@ inline std::string ProbeDocument(const std::string& children) {
   return InRoot("<PROBE rid=\"#1\">" + children + "</PROBE>");
 }
 
-// The model as a document, with its file's name and the date masked.
+// The model as a document, with its path and the date masked.
 inline std::string WrittenDocument(STEPmodel& model, const char* remark = nullptr) {
   std::string path = TempPath("written.xml");
   model.WriteXml(path.data(), remark);
-  std::string document = BytesOf(path);
-  const std::string head = "<!-- FILE_NAME('" + path + "','";
-  const std::size_t start = document.find(head);
-  if (start == std::string::npos) return document;
-  const std::size_t end = document.find("'", start + head.size());
-  return document.replace(start, end - start, "<!-- FILE_NAME('PATH','DATE");
+  return MaskedBytesOf(path);
 }
 
 // The line of the first entity of such a document, without its tab.

@@ -1,59 +1,31 @@
 // How child elements are found, however many there are.
 #include <gtest/gtest.h>
 
-#include "read/transfer.h"
 #include "support/failing_new.h"
 #include "xml/documents.h"
-#include "xml/parser.h"
+#include "xml/events.h"
 #include "xml/value_element.h"
 
 namespace {
 
 using namespace steprt_test;
 
-class NoAttributes final : public steprt::SaxAttributes {
- public:
-  int Length() override { return 1; }
-  std::u16string_view LocalName(int, std::size_t) override { return u"rid"; }
-  std::u16string_view Value(int, std::size_t) override { return u"#1"; }
-};
-
-std::u16string Wide(const std::string& text) { return {text.begin(), text.end()}; }
-
 std::string NameOf(int i) { return "attribute" + std::to_string(i) + "ofMany"; }
 
 // An entity with child elements of these names, whose values are their places.
-struct Elements {
-  Elements() {
-    parser.transfer = transfer.get();
-    parser.schema = ProjSchema();
-    Start("PROJ");
-    Start("NOBODY");
-  }
-  void Start(const std::string& name) {
-    NoAttributes attributes;
-    parser.StartElement(Wide(name), attributes);
-  }
-  void Text(const std::string& text) { parser.Characters(Wide(text)); }
-  void Add(const std::string& name) {
-    Start(name);
-    Text(std::to_string(count++));
-    parser.EndElement();
-  }
+struct Elements : XmlEvents {
+  Elements() { Feed("<PROJ><NOBODY #1>"); }
+  void Add(const std::string& name) { Feed("<" + name + ">" + std::to_string(count++) + "</>"); }
   void AddMany(int many) {
     for (int i = 0; i < many; ++i) Add(NameOf(i));
   }
   void NextEntity() {
-    parser.EndElement();
-    Start("NOBODY");
+    Feed("</><NOBODY #1>");
     count = 0;
     TakeReports("doc");
   }
   std::string Find(const std::string& name) { return steprt::ElementValue(transfer.get(), name.c_str()); }
 
-  ProjModel model;
-  const steprt::TransferOwner transfer = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
-  steprt::XmlParser parser;
   int count = 0;
 };
 
@@ -119,20 +91,6 @@ TEST(XmlElements, AreFoundWithoutMemoryForAnIndex) {
   for (int i = 0; i < 500; ++i) EXPECT_EQ(entity.Find(NameOf(i)), std::to_string(i));
   EXPECT_TRUE(failing.HasFailed());
   EXPECT_EQ(entity.Find(NameOf(500)), "");
-}
-
-// Half a minute and more when each search walks the list, or each piece of a text the text.
-TEST(XmlElements, ManyElementsSearchesAndPiecesCostLittleEach) {
-  constexpr int kMany = 100'000;
-  Elements entity;
-  entity.AddMany(kMany);
-  for (int i = 0; i < kMany; ++i) ASSERT_EQ(entity.Find(NameOf(i)), std::to_string(i));
-  entity.NextEntity();
-  entity.Start("a");
-  for (int i = 0; i < 10 * kMany; ++i) entity.Text(i % 2 ? "b" : "a");
-  const std::string text = entity.Find("a");
-  ASSERT_EQ(text.size(), 10u * kMany);
-  for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(text[i], i % 2 ? 'b' : 'a') << i;
 }
 
 TEST(XmlElements, TheirRoomsAreUsedAgainByTheNextEntities) {

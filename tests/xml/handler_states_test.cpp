@@ -1,14 +1,8 @@
-// The content handler, driven by events made by hand.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <utility>
-
+// The content handler and the error handler, driven by events made by hand.
 #include "read/fixups.h"
 #include "read/instance_table.h"
-#include "read/transfer.h"
-#include "support/proj_schema.h"
-#include "xml/parser.h"
+#include "xml/error_handler.h"
+#include "xml/events.h"
 
 namespace {
 
@@ -16,69 +10,7 @@ using namespace steprt_test;
 using steprt::kSaxFailure;
 using steprt::kSaxOk;
 
-using Pairs = std::vector<std::pair<std::u16string, std::u16string>>;
-
-class Attributes final : public steprt::SaxAttributes {
- public:
-  explicit Attributes(Pairs pairs) : pairs_(std::move(pairs)) {}
-  int Length() override { return static_cast<int>(pairs_.size()); }
-  std::u16string_view LocalName(int index, std::size_t limit) override { return Start(At(index).first, limit); }
-  std::u16string_view Value(int index, std::size_t limit) override { return Start(At(index).second, limit); }
-
- private:
-  static std::u16string_view Start(std::u16string_view text, std::size_t limit) { return text.substr(0, limit); }
-  const Pairs::value_type& At(int index) const { return pairs_[static_cast<std::size_t>(index)]; }
-
-  const Pairs pairs_;
-};
-
-class HandlerStates : public testing::Test {
- protected:
-  HandlerStates() {
-    parser.transfer = transfer.get();
-    parser.schema = ProjSchema();
-    parser.StartDocument();
-  }
-  ~HandlerStates() override { TakeReports("doc"); }
-
-  int Start(std::u16string_view name, Pairs attributes = {}) {
-    Attributes all(std::move(attributes));
-    return parser.StartElement(name, all);
-  }
-
-  // "<PERSON #1>" starts an element with that number, "<Age>" one without attributes, "</>" ends one, and what stands
-  // between them is text. None of them is refused.
-  void Feed(const std::string& events) {
-    for (std::size_t i = 0, end; i < events.size(); i = end) {
-      if (events[i] != '<') {
-        end = std::min(events.find('<', i), events.size());
-        EXPECT_EQ(parser.Characters(std::u16string(&events[i], &events[end])), kSaxOk);
-        continue;
-      }
-      end = events.find('>', i) + 1;
-      const std::string tag = events.substr(i + 1, end - i - 2);
-      const std::size_t blank = std::min(tag.find(' '), tag.size());
-      const std::u16string wide(tag.begin(), tag.end());
-      const Pairs number = {{u"rid", wide.substr(std::min(blank + 1, tag.size()))}};
-      EXPECT_EQ(tag == "/" ? parser.EndElement() : Start(wide.substr(0, blank), blank < tag.size() ? number : Pairs()),
-                kSaxOk)
-          << events;
-    }
-  }
-
-  // name=value of each element, "name" alone for one without character data.
-  Texts Elements() const {
-    Texts texts;
-    for (const STEPelement* each = transfer->elements; each; each = each->next) {
-      texts.push_back(each->value ? each->name + std::string("=") + each->value : each->name);
-    }
-    return texts;
-  }
-
-  ProjModel model;
-  const steprt::TransferOwner transfer = steprt::NewTransfer("doc", CollectReport, ProjSchema(), true);
-  steprt::XmlParser parser;
-};
+class HandlerStates : public testing::Test, public XmlEvents {};
 
 TEST_F(HandlerStates, DepthSaysWhereTheNextTagStands) {
   const std::pair<const char*, int> steps[] = {
@@ -128,59 +60,37 @@ TEST_F(HandlerStates, TheFirstCharacterOfANumberIsPassedOverWhateverTheCaseOfIts
   }
 }
 
-TEST_F(HandlerStates, AnInstanceTakesItsNumberAndOfTwoTheLast) {
-  Feed("<PROJ>");
-  EXPECT_EQ(Start(u"person", {{u"rid", u"#1"}, {u"RID", u"#2"}}), kSaxOk);
-  Feed("</>");
-  EXPECT_EQ(model.Inst()->number, 2);
-  EXPECT_EQ(steprt::FindEntry(transfer.get(), 2)->object, model.Inst());
-  EXPECT_EQ(steprt::FindEntry(transfer.get(), 1)->object, nullptr);
-}
-
+// A row says whether the number 1 is registered all the same.
 TEST_F(HandlerStates, AnEntityWithAnotherAttributeThanItsNumberIsRefused) {
-  const std::pair<Pairs, bool> rows[] = {// and whether the number 1 is registered
-                                         {{}, false},
-                                         {{{u"id", u"#1"}}, false},
-                                         {{{u"x", u""}, {u"rid", u"#1"}}, false},
-                                         {{{u"rid", u"#1"}, {u"x", u""}}, true},
-                                         {{{u"ri", u"#1"}}, false},
-                                         {{{u"rids", u"#1"}}, false}};
+  const std::pair<AttributePairs, bool> rows[] = {{{}, false},
+                                                  {{{u"x", u""}, {u"rid", u"#1"}}, false},
+                                                  {{{u"rid", u"#1"}, {u"x", u""}}, true},
+                                                  {{{u"ri", u"#1"}}, false},
+                                                  {{{u"rids", u"#1"}}, false}};
   for (const auto& [attributes, isRegistered] : rows) {
     for (const STEPerrorProc procedure : {static_cast<STEPerrorProc>(nullptr), &CollectReport}) {
-      const steprt::TransferOwner own = steprt::NewTransfer("doc", procedure, ProjSchema(), true);
-      steprt::XmlParser refusing;
-      refusing.transfer = own.get();
-      refusing.schema = ProjSchema();
-      Attributes all(attributes);
-      refusing.StartElement(u"PROJ", all);
-      EXPECT_EQ(refusing.StartElement(u"PERSON", all), static_cast<int>(0x80004005));
-      EXPECT_EQ(refusing.depth, 1);
-      EXPECT_EQ(own->errors, 0);
-      EXPECT_STREQ(own->where, "PERSON");
-      EXPECT_EQ(steprt::FindEntry(own.get(), 1) != nullptr, isRegistered);
+      XmlEvents own(procedure);
+      own.Feed("<PROJ>");
+      EXPECT_EQ(own.Start(u"PERSON", attributes), static_cast<int>(0x80004005));
+      EXPECT_EQ(own.parser.depth, 1);
+      EXPECT_EQ(own.transfer->errors, 0);
+      EXPECT_STREQ(own.transfer->where, "PERSON");
+      EXPECT_EQ(steprt::FindEntry(own.transfer.get(), 1) != nullptr, isRegistered);
       EXPECT_EQ(TakeReports("doc"), Texts(procedure ? 1 : 0, "Missing entity 'Rid'"));
     }
   }
 }
 
-TEST_F(HandlerStates, TextIsKeptInsideAChildOnly) {
+TEST_F(HandlerStates, TextIsKeptInsideAChildOnlyAndUntilTheNextEntityBegins) {
   Feed("1<PROJ>2<PROBE #1>3<a>4<b>5<c>6</></>7</>8<empty></><nothing>");
   EXPECT_EQ(parser.Characters(u""), kSaxOk);
   Feed("</>");
   EXPECT_EQ(Elements(), (Texts{"a=4567", "empty", "nothing="}));
-}
-
-TEST_F(HandlerStates, ElementsStayUntilTheNextEntityBegins) {
-  Feed("<PROJ><PERSON #1><Age>41</></>");
-  EXPECT_EQ(Elements(), Texts{"Age=41"});
-  Feed("<PERSON #2>");
+  Feed("</><PERSON #2>");
   EXPECT_EQ(Elements(), Texts{});
-  EXPECT_EQ(transfer->elementsTail, &transfer->elements);
   EXPECT_EQ(parser.element, nullptr);
   Feed("<Age>");
   EXPECT_EQ(Elements(), Texts{"Age"}) << "nothing is left of the text that an element had before";
-  Feed("</></>");
-  EXPECT_EQ(Population(model), (Texts{"PERSON(41)", "PERSON(0)"}));
 }
 
 TEST_F(HandlerStates, AUnitIsItsLowByteAndOneOfZeroEndsTheTextUntilTheNextCall) {
@@ -204,41 +114,25 @@ TEST_F(HandlerStates, LongNamesAreCut) {
   EXPECT_EQ(transfer->elements->name, std::string(63, 'n'));
   Feed("</></>");
   EXPECT_EQ(Start(u"PERSON", {{std::u16string(300, u'n'), u"#2"}}), kSaxFailure);
-  EXPECT_EQ(parser.text, std::string(260, 'n'));
 }
 
-TEST_F(HandlerStates, AnEntityThatCannotBeReadKeepsItsNumber) {
-  Feed("<PROJ><NOBODY #1><a>1</></><PRODUCT #2><a>1</></>");
-  for (const int number : {1, 2}) {
-    const STEPentry* entry = steprt::FindEntry(transfer.get(), number);
-    ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(entry->object, nullptr);
+TEST_F(HandlerStates, TheServicesWordsGoOutBareAndCutAndTheCountBecomesMinusOne) {
+  const std::pair<std::u16string, std::string> rows[] = {{u"", ""},
+                                                         {u"\u0141\u00e9", "A\xe9"},
+                                                         {u"ab\u0100cd", "ab"},
+                                                         {std::u16string(127, u'x'), std::string(127, 'x')},
+                                                         {std::u16string(5000, u'x'), std::string(127, 'x')}};
+  steprt::XmlErrorHandler handler;
+  handler.transfer = transfer.get();
+  for (const auto& [message, delivered] : rows) {
+    transfer->errors = 7;
+    EXPECT_EQ(handler.IgnorableWarning(message.c_str()), 0);
+    EXPECT_EQ(transfer->errors, 7) << "a warning is ignored";
+    EXPECT_EQ(handler.Error(message.c_str()), 0);
+    EXPECT_EQ(transfer->errors, -1);
+    EXPECT_EQ(handler.FatalError(message.c_str()), 0);
+    EXPECT_EQ(TakeReports("doc"), Texts(2, delivered));
   }
-  EXPECT_TRUE(model.IsEmpty());
-  EXPECT_EQ(transfer->errors, 0);
-}
-
-TEST_F(HandlerStates, ADoubledNumberIsReportedAndTheLaterInstanceWinsTheTable) {
-  Feed("<PROJ><Person #5><Age>1</></><PERSON #5><Age>2</></></>");
-  EXPECT_EQ(Population(model), (Texts{"PERSON(1)", "PERSON(2)"}));
-  EXPECT_EQ(steprt::FindEntry(transfer.get(), 5)->object, model.Inst()->next);
-  EXPECT_EQ(TakeReports("doc"), Texts{"(1) [PERSON]Entity #5 already used"});
-  EXPECT_STREQ(transfer->where, "PERSON") << "the name of the last entity stays";
-}
-
-TEST_F(HandlerStates, TheReadFunctionSeesTheTransferAndMayGiveNothing) {
-  int calls = 0;
-  SetProbe({"", -1, [&](STEPtransfer* t) -> STEPheader* {
-              ++calls;
-              EXPECT_EQ(t, transfer.get());
-              EXPECT_EQ(parser.depth, 2);
-              EXPECT_STREQ(rSTEPtext(t, "b"), "2");
-              EXPECT_STREQ(rSTEPtext(t, "a"), "1");
-              return nullptr;
-            }});
-  Feed("<PROJ><PROBE #9><a>1</><b>2</></>");
-  EXPECT_EQ(calls, 1);
-  EXPECT_EQ(steprt::FindEntry(transfer.get(), 9)->object, nullptr);
 }
 
 }  // namespace

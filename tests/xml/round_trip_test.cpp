@@ -35,30 +35,6 @@ TEST(XmlRoundTrip, TextsOfEveryByteThatXmlAllows) {
   }
 }
 
-TEST(XmlRoundTrip, ListsOfTextsGoOutOfStepAtAnApostrophe) {
-  const std::pair<const char*, const char*> rows[] = {{"('a','b c','')", "['a','b c','']"},
-                                                      {"('<&>','\xe9')", "['<&>','\xe9']"},
-                                                      {"('it''s','b')", "['it',';','']"},
-                                                      {"()", "[]"}};
-  for (const auto& [list, read] : rows) {
-    SetProbe({"T"});
-    ProjModel model;
-    ReadBytes(model, InFrame(std::string("#1=PROBE(") + list + ");"));
-    EXPECT_EQ(ReadDocument(WrittenDocument(model)), Read(read)) << list;
-  }
-}
-
-TEST(XmlRoundTrip, ANullItemNeedsAReaderThatAllowsIt) {
-  ProjModel model;
-  SetProbe({"A"});
-  ReadBytes(model, InFrame("#1=PROBE(($,#1,$));"));
-  const std::string document = WrittenDocument(model);
-  SetProbe({"a"});
-  EXPECT_EQ(ReadDocument(document).reports, Texts(2, "(1) [PROBE]Missing reference"));
-  SetProbe({"A"});
-  EXPECT_EQ(ReadDocument(document).population, Texts{"PROBE([null,null])"});
-}
-
 // The documents of the golden cases, written from what their in.stp gives. Each from_xml.txt differs from its
 // population.txt in what a document does not hold: digits of reals, texts of selects that look like names, lists of
 // enumerators, apostrophes in lists of texts, absent lists and selects, and instances without a write function.

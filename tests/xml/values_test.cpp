@@ -24,46 +24,28 @@ TEST(XmlValues, BothFormsReadAlike) {
   const char* const rows = R"(
     t | 'abc'        | abc           | 'abc'
     t | ''           |               | ''
-    t | ' a b '      | \x20a b\x20   | ' a b '
     t | 'it''s'      | it's          | 'it's'
     t | '<&>'        | &lt;&amp;&gt; | '<&>'
-    t | '\xe9'       | &#233;        | '\xe9'
     t | '#7'         | #7            | '#7'
     i | 0            | 0             | 0
-    i | -12          | -12           | -12
-    i | +12          | +12           | 12
     i | 2147483647   | 2147483647    | 2147483647
-    i | -2147483648  | -2147483648   | -2147483648
     i | 99999999999  | 99999999999   | 2147483647
-    r | 2.5          | 2.5           | 2.5
     r | -.5          | -.5           | -0.5
     r | 1.E3         | 1.E3          | 1000
-    r | 7            | 7             | 7
-    r | 1e-05        | 1e-05         | 1e-05
-    r | 123456789012345678901234567890. | 123456789012345678901234567890. | 1.2345678901234568e+29
     r | 1.E999       | 1.E999        | inf
-    b | .T.          | .T.           | T
     b | .f.          | .f.           | F
     l | .T.          | .T.           | 1
-    l | .F.          | .F.           | 0
     l | .u.          | .u.           | -1
-    e | .RED.        | .RED.         | 0
     e | .Blue.       | .Blue.        | 2
-    s | 5            | 5             | int 5
     s | -5           | -5            | int -5
-    s | 2.5          | 2.5           | real 2.5
-    s | 1.E3         | 1.E3          | real 1000
     s | '_x'         | _x            | text '_x'
-    s | '1.5x'       | 1.5x          | text '1.5x'
     s | $            | $             | object null
     s | #2           | #2            | object @2
     s | #1           | #1            | object null
     f | #2           | #2            | @2
-    f | $            | $             | null
     a | (#2,#3)      | #2 #3         | [@2,@3]
     a | ()           |               | []
     A | (#2,$,#3)    | #2 $ #3       | [@2,null,@3]
-    p | (1,2.5)      | 1;2.5         | [1,2.5]
     p | (1,$)        | 1;$           | [1,0]
     p | ()           |               | []
     P | (1)          | 1             | none
@@ -87,14 +69,11 @@ TEST(XmlValues, NumbersAreWhateverCanBeSeenInThemAndKeywordsAreComparedWhole) {
   ExpectRows((R"(
     iiii | <A>12abc</A><B>$</B><C>2.9</C><D> \n12 </D>    | PROBE(12,0,2,12)
     rrrr | <A>2.5abc</A><B>$</B><C>1,5</C><D>\x09-1e2 </D> | PROBE(2.5,0,1,-100)
-    t    | <A>$</A>         | PROBE('$')
     b    | <A>$</A>         | PROBE(F)   | Unknown bool '$'
     l    | <A>$</A>         | PROBE(-1)  | Unknown logical '$'
     e    | <A>$</A>         | PROBE(0)   | Unknown enumeration '$'
-    b    | <A>.U.</A>       | PROBE(F)   | Unknown bool '.U.'
     b    | <A> .T.</A>      | PROBE(F)   | Unknown bool ' .T.'
     l    | <A>.T</A>        | PROBE(-1)  | Unknown logical '.T'
-    e    | <A>RED</A>       | PROBE(0)   | Unknown enumeration 'RED'
     e    | <A>.green. </A>  | PROBE(0)   | Unknown enumeration '.green. '
     e    | <A>)" +
               longName + "</A> | PROBE(0) | Unknown enumeration '" + longName + "'\n" + R"(
@@ -116,7 +95,6 @@ TEST(XmlValues, SelectsGoByTheShapeOfTheText) {
     ssss | <A>abc</A><B>.abc</B><C>-</C><D>   </D>  | PROBE(none,none,none,none)
     ss   | <A>1e5 x</A><B>.</B>                     | PROBE(real 1e+05,real 0)
     ss   | <A> $x</A><B>-#0</B>   | PROBE(object null,object null) | (1) [PERSON]Unknown reference #0
-    s    | <A>#1</A>              | PROBE(object null)
     s    | <A> #3</A>             | PROBE(object @3)
     s    | <A>+#3x</A>            | PROBE(object @3)
   )",
@@ -153,24 +131,13 @@ TEST(XmlValues, ReferencesForwardAndBackAreSettledAndWhatIsNoneIsANullOne) {
 TEST(XmlValues, AttributesAreFoundByNameInAnyOrder) {
   ExpectRows(R"(
     ti  | <b>2</b><other>x</other><a>1</a> | PROBE('1',2)
-    t   | <A>first</A><a>second</a>        | PROBE('first')
     t   | <A/><A>second</A>                | PROBE('')
-    t   | <A>1<b>2</b>3</A>                | PROBE('123')
-    t   | <A>1<!-- x -->2<?x y?>3<![CDATA[<4>]]></A> | PROBE('123<4>')
     // A list of enumerators has no name: it is empty, and the attributes behind it are read.
     iEi | <A>1</A><B>.RED.</B><C>3</C>     | PROBE(1,[],3)
     Ni  | <B>3</B>                         | PROBE(none,3)
     X   | <A>'a';'b'</A>                   | PROBE(none)
   )",
              ReadChildren);
-}
-
-TEST(XmlValues, AnEnumerationWithoutNamesMatchesNothing) {
-  const auto read = [](STEPtransfer* t) {
-    for (const int count : {0, -1}) EXPECT_EQ(rSTEPenum(t, "A", kColours, count), 0);
-    return nullptr;
-  };
-  EXPECT_EQ(ReadDocumentWith(read, "<A>.RED.</A>").reports, Texts(2, "(1) [PROBE]Unknown enumeration '.RED.'"));
 }
 
 TEST(XmlValues, ATextIsTheElementsOwnAndTheEmptyOneTheLibrarys) {
