@@ -102,35 +102,30 @@ void CheckFilled(Plant& model) {
   delete products;
 }
 
-void GoThroughClearText(char* file) {
+void GoThrough(const char* what, int (STEPmodel::*write)(char*, const char*), int (*read)(Plant&), std::string file,
+               bool canRead) {
   Plant written;
   Fill();
-  Check(written.Write(file, "written by a client") == 3, "three records are written");
+  Check((written.*write)(&file[0], "written by a client") == 3, what);
 
-  Plant read;
-  Check(read.Read(true, file) == 0, "a clean read");
-  CheckFilled(read);
-}
-
-void GoThroughXml(char* file, bool canRead) {
-  Plant written;
-  Fill();
-  Check(written.WriteXml(file, "written by a client") == 3, "three XML records are written");
-
-  Plant read;
-  read.Name(file);
-  Check(read.ReadXml(nullptr) == 0, "no report from reading XML");
-  Check(canRead || read.IsEmpty(), "nothing comes from a library that cannot read XML");
-  if (canRead) CheckFilled(read);
+  Plant back;
+  back.Name(&file[0]);
+  Check(read(back) == 0, what);
+  Check(canRead || back.IsEmpty(), "nothing comes from a library that cannot read XML");
+  if (canRead) CheckFilled(back);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc < 2) return 2;
-  std::string clearText = std::string(argv[1]) + "/plant.stp";
-  std::string xml = std::string(argv[1]) + "/plant.xml";
-  GoThroughClearText(&clearText[0]);
-  GoThroughXml(&xml[0], argc > 2 && std::strcmp(argv[2], "xml") == 0);
+  const std::string folder = argv[1];
+  const bool canReadXml = argc > 2 && std::strcmp(argv[2], "xml") == 0;
+  GoThrough(
+      "clear text is written and read", &STEPmodel::Write, [](Plant& plant) { return plant.Read(true, nullptr); },
+      folder + "/plant.stp", true);
+  GoThrough(
+      "XML is written and read", &STEPmodel::WriteXml, [](Plant& plant) { return plant.ReadXml(nullptr); },
+      folder + "/plant.xml", canReadXml);
   return failures ? 1 : 0;
 }

@@ -116,23 +116,13 @@ TEST_F(Libraries, TheNewestModuleOfTheChainThatMatchesWins) {
 
 // Of a path, 127 characters are looked at.
 TEST_F(Libraries, AKeyBehindTheCutOfALongPathIsNotFound) {
-  const std::string folder = files.Folder() + "/";
-  const std::size_t fill = 127 - folder.size();
+  const std::size_t fill = 127 - files.Folder().size() - 1;
   const std::string inside = std::string(fill - 4, 'f') + "/abc";   // "abc" are the last three that count
   const std::string outside = std::string(fill - 3, 'g') + "/abd";  // "abd" is cut by one
   HINSTANCE first = files.Load(files.Copy("chained", inside));
-  const std::string path = files.Copy("chained", outside);
-  HINSTANCE second = files.Load(path);
+  files.Load(files.Copy("chained", outside));
   EXPECT_EQ(Lib(std::string("abc")).handle, first);
   EXPECT_FALSE(Lib(std::string("abd")).LibOpen());
-  {
-    const Lib again(path);
-    EXPECT_EQ(again.handle, second);
-    EXPECT_TRUE(again.owned);
-    files.Release(second);
-    EXPECT_TRUE(IsLoaded(path));
-  }
-  EXPECT_FALSE(IsLoaded(path));
 }
 
 // ---- entries by number ---------------------------------------------------------------------------------------------

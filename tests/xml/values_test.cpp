@@ -65,8 +65,7 @@ TEST(XmlValues, BothFormsReadAlike) {
 // ---- XML alone -----------------------------------------------------------------------------------------------------
 
 TEST(XmlValues, NumbersAreWhateverCanBeSeenInThemAndKeywordsAreComparedWhole) {
-  const std::string longName(100'000, 'x');
-  ExpectRows((R"(
+  ExpectRows(R"(
     iiii | <A>12abc</A><B>$</B><C>2.9</C><D> \n12 </D>    | PROBE(12,0,2,12)
     rrrr | <A>2.5abc</A><B>$</B><C>1,5</C><D>\x09-1e2 </D> | PROBE(2.5,0,1,-100)
     b    | <A>$</A>         | PROBE(F)   | Unknown bool '$'
@@ -75,8 +74,6 @@ TEST(XmlValues, NumbersAreWhateverCanBeSeenInThemAndKeywordsAreComparedWhole) {
     b    | <A> .T.</A>      | PROBE(F)   | Unknown bool ' .T.'
     l    | <A>.T</A>        | PROBE(-1)  | Unknown logical '.T'
     e    | <A>.green. </A>  | PROBE(0)   | Unknown enumeration '.green. '
-    e    | <A>)" +
-              longName + "</A> | PROBE(0) | Unknown enumeration '" + longName + "'\n" + R"(
     // Missing elements give neutral values.
     tirf  |                          | PROBE('',0,0,null)
     tirf  | <A/><B></B><C></C><D/>   | PROBE('',0,0,null)
@@ -84,8 +81,7 @@ TEST(XmlValues, NumbersAreWhateverCanBeSeenInThemAndKeywordsAreComparedWhole) {
     ble   | <A/><B/><C/>             | PROBE(F,-1,0) | Unknown bool '' & Unknown logical '' & Unknown enumeration ''
     saApT |                          | PROBE(none,[],[],[],[])
     saApT | <A/><B/><C/><D/><E/>     | PROBE(none,[],[],[],[])
-  )")
-                 .c_str(),
+  )",
              ReadChildren);
 }
 
