@@ -9,82 +9,40 @@ namespace {
 
 using Tokens = std::vector<std::string>;
 
-// What no reader likes to meet; of both forms, since a form's marks are odd words in the other.
-const Tokens kHostile = {"2147483648",
-                         "-99999999999999999999",
-                         "1e999",
-                         "0x1p-1075",
-                         ".",
-                         "-",
-                         "#",
-                         "#0",
-                         "#-1",
-                         "#1",
-                         "#999999999999",
-                         std::string(60, '('),
-                         std::string(60, ')'),
-                         "(",
-                         ")",
-                         "=",
-                         ",",
-                         ";",
-                         "$",
-                         "*",
-                         "!",
-                         "!WALL",
-                         "'",
-                         "''",
-                         "'''",
-                         "\"",
-                         "\"0F",
-                         "'open\n",
-                         "\r",
-                         "/*",
-                         "*/",
-                         ".T.",
-                         ".NONE.",
-                         "ENDSEC",
-                         "DATA",
-                         "HEADER",
-                         "END-ISO-10303-21",
-                         "WALL",
-                         std::string(255, 'W'),
-                         std::string(300, '1'),
-                         "#" + std::string(300, '0') + "1",
-                         "'" + std::string(256, 't') + "'",
-                         "'" + std::string(5000, 't'),
-                         std::string(5000, 'W'),
-                         "<",
-                         ">",
-                         "</",
-                         "/>",
-                         "<x>",
-                         "<PROJ>",
-                         "</PROJ>",
-                         "<Age>",
-                         "<!--",
-                         "-->",
-                         "<![CDATA[",
-                         "]]>",
-                         "<?x",
-                         "?>",
-                         "<!DOCTYPE a [<!ENTITY b '&c;'><!ENTITY c '&b;'>]>",
-                         "&",
-                         "&b;",
-                         "&amp;",
-                         "&#0;",
-                         "&#13;",
-                         "&#65;",
-                         "&#x141;",
-                         "&#x10000;",
-                         "rid",
-                         "rid='#1'",
-                         "xmlns:x='y'",
-                         "x:",
-                         "UTF-16",
-                         "\xef\xbb\xbf",
-                         "\xc3\xa9",
-                         std::string(1, '\0')};
+// Of both forms, since a form's marks are odd words in the other. Blanks part them, and ~ stands for one.
+constexpr char kWords[] =
+    // numbers
+    "1 -12 +7 2.5 1.E3 .5 1e5 1e 1e+ 1.5.2 --5 +-5 . -. -.5e1 - + 1-2 0x1F 0x1p-1075 +inf -nan 1e400 1e999 -1e-400 "
+    "2147483648 -2147483649 99999999999999999999 -99999999999999999999 123456789012345678901234567890.5 0.3 1e22 1e23 "
+    "0.1e0000000000005 1.7976931348623159e308 4.9e-324 2.4e-324 9007199254740993. 8.5e-22 \v5 \f "
+    // references, texts, enumerators and marks
+    "# #0 #1 #2 #3 #7 #4097 #-1 #+3 #12X #9999999999 'a' 'it''s' '' ' ''' 'open\n 'x\r\ny' .T. .F. .U. .t. .T .RED. "
+    ".blue. .NONE. $ * = ( ) , ,, ; ! !X !WALL /* */ \" \"0F \"x~y\" \r \x80 _A "
+    // names
+    "WALL door PRODUCT OTHER A.B-C A*B DATA ENDSEC HEADER STEP ENDSTEP ISO-10303-21 END-ISO-10303-21 FILE_NAME "
+    "FILE_SCHEMA file_description "
+    // marks and names of documents
+    "< > </ /> <x> <PROJ> </PROJ> <Age> <!-- --> <![CDATA[ ]]> <?x ?> "
+    "<!DOCTYPE~a~[<!ENTITY~b~'&c;'><!ENTITY~c~'&b;'>]> & &b; &amp; &#0; &#13; &#65; &#x141; &#x10000; rid rid='#1' "
+    "xmlns:x='y' x: UTF-16 \xef\xbb\xbf \xc3\xa9";
+
+Tokens MakeHostileWords() {
+  Tokens words = {std::string(1, '\0'),
+                  std::string(60, '('),
+                  std::string(60, ')'),
+                  std::string(255, 'W'),
+                  std::string(5000, 'W'),
+                  std::string(300, '1'),
+                  "#" + std::string(300, '0') + "1",
+                  "'" + std::string(256, 't') + "'",
+                  "'" + std::string(5000, 't')};
+  std::string word;
+  for (const char* c = kWords; *c; ++c) {
+    if (*c != ' ') word += *c == '~' ? ' ' : *c;
+    if (*c == ' ' || !c[1]) words.push_back(std::exchange(word, ""));
+  }
+  return words;
+}
 
 bool IsWordByte(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == '.' ||
@@ -131,58 +89,29 @@ class Mutator {
   void DamageBytes(std::string& file, const std::string& other) {
     const std::size_t at = Below(file.size());
     const std::size_t span = std::min(Below(1 + Below(60)), file.size() - at);
-    switch (Below(9)) {
-      case 0:
-        file[at] = static_cast<char>(file[at] ^ 1 << Below(8));
-        break;
-      case 1:
-        file.insert(at, 1, static_cast<char>(Below(256)));
-        break;
-      case 2:
-        file.erase(at, 1 + span);
-        break;
-      case 3:
-        file.insert(at, file.substr(at, span));
-        break;
-      case 4:
-        if (Below(4) == 0) file.resize(at);
-        break;
-      case 5:
-        if (Below(2) == 0) file = file.substr(0, at) + other.substr(Below(other.size() + 1));
-        break;
-      case 6:
-        if (Below(2) == 0) file[at] = '\0';
-        break;
-      case 7:
-        file[at] = static_cast<char>(0x80 + Below(0x80));
-        break;
-      default:
-        file.insert(at, other.substr(Below(other.size() + 1), span));
-    }
+    const std::size_t how = Below(9);
+    if (how == 0) file[at] = static_cast<char>(file[at] ^ 1 << Below(8));
+    if (how == 1) file.insert(at, 1, static_cast<char>(Below(256)));
+    if (how == 2) file.erase(at, 1 + span);
+    if (how == 3) file.insert(at, file.substr(at, span));
+    if (how == 4 && Below(4) == 0) file.resize(at);
+    if (how == 5 && Below(2) == 0) file = file.substr(0, at) + other.substr(Below(other.size() + 1));
+    if (how == 6 && Below(2) == 0) file[at] = '\0';
+    if (how == 7) file[at] = static_cast<char>(0x80 + Below(0x80));
+    if (how == 8) file.insert(at, other.substr(Below(other.size() + 1), span));
   }
 
   void DamageTokens(Tokens& tokens) {
     const std::size_t at = Below(tokens.size());
     const std::size_t other = Below(tokens.size());
-    switch (Below(6)) {
-      case 0:
-        std::swap(tokens[at], tokens[other]);
-        break;
-      case 1:
-        tokens[at].clear();
-        break;
-      case 2:
-        for (std::size_t times = 1 + Below(3); times > 0; --times) tokens[at] += tokens[at];
-        break;
-      case 3:
-        tokens[at] = tokens[other];
-        break;
-      case 4:
-        tokens[at] = kHostile[Below(kHostile.size())];
-        break;
-      default:
-        tokens[at] += kHostile[Below(kHostile.size())];
-    }
+    const std::string& hostile = HostileWords()[Below(HostileWords().size())];
+    const std::size_t how = Below(6);
+    if (how == 0) std::swap(tokens[at], tokens[other]);
+    if (how == 1) tokens[at].clear();
+    for (std::size_t times = how == 2 ? 1 + Below(3) : 0; times > 0; --times) tokens[at] += tokens[at];
+    if (how == 3) tokens[at] = tokens[other];
+    if (how == 4) tokens[at] = hostile;
+    if (how == 5) tokens[at] += hostile;
   }
 
  private:
@@ -190,6 +119,11 @@ class Mutator {
 };
 
 }  // namespace
+
+const Tokens& HostileWords() {
+  static const Tokens words = MakeHostileWords();
+  return words;
+}
 
 std::string Mutated(const std::vector<std::string>& files, unsigned seed) {
   Mutator mutator(seed);

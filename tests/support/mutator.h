@@ -8,6 +8,9 @@
 
 namespace steprt_test {
 
+// What no reader likes to meet.
+const std::vector<std::string>& HostileWords();
+
 // One of the files, damaged in one to four places. Half of the seeds, the odd ones, go by tokens.
 std::string Mutated(const std::vector<std::string>& files, unsigned seed);
 

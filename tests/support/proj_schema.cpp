@@ -37,19 +37,6 @@ struct ProbeReset : testing::EmptyTestEventListener {
 
 STEPheader* const kKept = reinterpret_cast<STEPheader*>(&probe);  // in a PROBE's references at first
 
-Shape ShapeOf(int type) {
-  static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H"};
-  Shape shape;
-  for (const auto& each : kShapes) {
-    for (std::size_t i = 0; each.type == type && i < each.names.size(); ++i) {
-      shape.push_back({each.names[i], each.kinds[i], each.kinds[i] == 'f' ? each.reference : each.list});
-    }
-  }
-  if (type != kProbe) return shape;
-  for (const char kind : probe.kinds) shape.push_back({kNames[shape.size()], kind, probe.expected});
-  return shape;
-}
-
 using T = STEPtransfer*;
 using A = const Attribute&;
 using V = Value&;
@@ -115,13 +102,6 @@ void Write(STEPtransfer* t, STEPheader* object) {
 
 using Places = std::unordered_map<const STEPheader*, std::size_t>;
 
-std::string RealText(double real) {
-  char text[32];
-  return {text, std::to_chars(text, text + sizeof text, real).ptr};
-}
-
-std::string Quoted(const std::string& text) { return "'" + text + "'"; }
-
 std::string ObjectText(const STEPheader* object, const Places& places) {
   if (!object || object == kKept) return object ? "kept" : "null";
   const auto place = places.find(object);
@@ -181,6 +161,19 @@ Entity::~Entity() {
 
 void SetProbe(Probe wanted) { probe = std::move(wanted); }
 
+Shape ShapeOf(int type) {
+  static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H"};
+  Shape shape;
+  for (const auto& each : kShapes) {
+    for (std::size_t i = 0; each.type == type && i < each.names.size(); ++i) {
+      shape.push_back({each.names[i], each.kinds[i], each.kinds[i] == 'f' ? each.reference : each.list});
+    }
+  }
+  if (type != kProbe) return shape;
+  for (const char kind : probe.kinds) shape.push_back({kNames[shape.size()], kind, probe.expected});
+  return shape;
+}
+
 APPobject0* ProjSchema() {
   static const APPentity kBaseRows[] = {{"PRODUCT", nullptr, Write, kProduct, nullptr},
                                         {"POINT", Read<kPoint>, Write, kPoint, nullptr},
@@ -201,6 +194,13 @@ ProjModel::ProjModel(int limit) : STEPmodel(limit) { AppObj(ProjSchema()); }
 ProjModel::~ProjModel() {
   if (CurrentModel() == this) CurrentModel(nullptr);
 }
+
+std::string RealText(double real) {
+  char text[32];
+  return {text, std::to_chars(text, text + sizeof text, real).ptr};
+}
+
+std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 
 Texts Population(STEPmodel& model) {
   Places places;

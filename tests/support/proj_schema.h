@@ -65,6 +65,7 @@ struct Probe {
 void SetProbe(Probe probe);  // until the test ends
 
 APPobject0* ProjSchema();
+Shape ShapeOf(int type);
 
 class ProjModel : public STEPmodel {
  public:
@@ -73,6 +74,10 @@ class ProjModel : public STEPmodel {
   using STEPmodel::AddInst;
   using STEPmodel::RemoveHash;
 };
+
+// Values as they are printed.
+std::string RealText(double real);
+std::string Quoted(const std::string& text);
 
 // Each instance in one line of its own, as "WALL('A',2.5,@2,[@3,null],[1,2.5],T)". A reference is the place of its
 // instance in the model, counted from 1; one that nothing was stored in is "kept", in an entity PROBE. A list that was

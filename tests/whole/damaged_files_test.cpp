@@ -1,8 +1,6 @@
-// Files cut at every byte, devices that fail at every block, reads that come in pieces: each gives what the bytes that
-// arrived give, and the count of errors is that of the reports.
+// Files cut at every byte, and reads that come in pieces: each gives what the bytes that arrived give, and the count of
+// errors is that of the reports.
 #include <gtest/gtest.h>
-
-#include <cerrno>
 
 #include "support/failing_new.h"
 #include "support/faulty_calls.h"
@@ -58,22 +56,6 @@ TEST(DamagedFiles, EveryPrefixOfADocumentIsReadToItsEndAndHoldsNothingAfterwards
     EXPECT_TRUE(!isCut || !reports.empty()) << "a document that ends early is told of";
     ExpectSound(model);
   });
-}
-
-TEST(DamagedFiles, AReadThatFailsEndsTheFileThere) {
-  constexpr int kPiece = 23;
-  for (const GoldenFile& file : GoldenFiles(Form::kClearText)) {
-    bool hasFailed = true;
-    for (long failing = 1; hasFailed; ++failing) {
-      const Outcome expected = ReadBytes(file.bytes.substr(0, static_cast<std::size_t>(failing - 1) * kPiece));
-      const FaultyCalls calls({.failing = failing, .error = EIO, .atMost = [] { return kPiece; }});
-      const Outcome outcome = ReadBytes(file.bytes);
-      hasFailed = calls.HasFailed();
-      if (!hasFailed) break;
-      EXPECT_EQ(outcome.population, expected.population) << file.path << " to block " << failing;
-      EXPECT_EQ(outcome.reports, expected.reports) << file.path << " to block " << failing;
-    }
-  }
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ void ExpectComesBack(ProjModel& model, Form form) {
 
 // The model's read and that of the reference reader agree; where nothing has come of it, what follows is a document's.
 void CheckClearText(const std::string& bytes) {
-  Outcome expected = ReadByReference({.bytes = bytes, .kinds = ""});
+  Outcome expected = ReadByReference({.bytes = bytes});
   EXPECT_EQ(expected.result, ResultOf(expected.reports));
   if (expected.population.empty()) {
     const Outcome document = ReadDocumentFile(bytes);

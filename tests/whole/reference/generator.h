@@ -2,11 +2,11 @@
 #ifndef STEPRT_TESTS_WHOLE_REFERENCE_GENERATOR_H
 #define STEPRT_TESTS_WHOLE_REFERENCE_GENERATOR_H
 
-#include "whole/reference/rows.h"
+#include "whole/reference/reader.h"
 
 namespace steprt_test {
 
-// The same for the same seed.
+// The same for the same seed. Sets PROBE.
 ReadCase MakeReadCase(unsigned seed);
 
 }  // namespace steprt_test

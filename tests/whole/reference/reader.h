@@ -3,10 +3,21 @@
 #ifndef STEPRT_TESTS_WHOLE_REFERENCE_READER_H
 #define STEPRT_TESTS_WHOLE_REFERENCE_READER_H
 
-#include "whole/reference/rows.h"
+#include <string>
+
+#include "support/proj_schema.h"
 
 namespace steprt_test {
 
+// What one read is about.
+struct ReadCase {
+  std::string bytes;
+  bool check = false;
+  bool probeMakesNothing = false;  // its read function takes a text and gives null
+  int atMost = 1 << 20;            // bytes that a call of the system gives
+};
+
+// PROBE has the attributes that SetProbe said last.
 Outcome ReadByReference(const ReadCase& read);
 
 }  // namespace steprt_test

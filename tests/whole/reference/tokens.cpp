@@ -1,8 +1,10 @@
 #include "whole/reference/tokens.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 namespace steprt_test {
 namespace {
@@ -18,48 +20,25 @@ bool IsInteger(const std::string& word) {
 }
 
 int ToInteger(const char* text) {
-  const long long value = std::strtoll(text, nullptr, 10);
-  if (value > INT_MAX) return INT_MAX;
-  return value < INT_MIN ? INT_MIN : static_cast<int>(value);
+  return static_cast<int>(std::clamp<long long>(std::strtoll(text, nullptr, 10), INT_MIN, INT_MAX));
 }
 
 }  // namespace
 
 int ReferenceTokens::Next() {
-  if (pushed_ != kNoToken) {
-    const int kind = pushed_;
-    pushed_ = kNoToken;
-    return kind;
-  }
+  if (pushed_ != kNoToken) return std::exchange(pushed_, kNoToken);
   const int c = SkipBlanks();
-  switch (c) {
-    case kEnd:
-      return TOK_EOF;
-    case '$':
-    case '*':
-      return TOK_NULL;
-    case '=':
-      return TOK_EQUAL;
-    case '(':
-      return TOK_OPEN;
-    case ')':
-      return TOK_CLOSE;
-    case ',':
-      return TOK_COMMA;
-    case ';':
-      return TOK_SEMI;
-    case '\'':
-      return ReadText();
-    default:
-      return ReadWord(static_cast<char>(c));
-  }
+  if (c == kEnd) return TOK_EOF;
+  if (c == '$' || c == '*') return TOK_NULL;
+  if (c == '\'') return ScanText();
+  const std::size_t mark = std::string_view("=(),;").find(static_cast<char>(c));
+  return mark == std::string_view::npos ? ScanWord(static_cast<char>(c)) : TOK_EQUAL + static_cast<int>(mark);
 }
 
-void ReferenceTokens::SkipPastSemicolon() {
-  int token;
-  do {
-    token = Next();
-  } while (token != TOK_SEMI && token != TOK_EOF);
+int ReferenceTokens::SkipPastSemicolon() {
+  int token = Next();
+  while (token != TOK_SEMI && token != TOK_EOF) token = Next();
+  return token;
 }
 
 void ReferenceTokens::Report(const std::string& message) {
@@ -81,7 +60,7 @@ int ReferenceTokens::SkipBlanks() {
 }
 
 // Behind the opening apostrophe.
-int ReferenceTokens::ReadText() {
+int ReferenceTokens::ScanText() {
   std::string kept;
   int count = 0;
   int c;
@@ -104,7 +83,7 @@ int ReferenceTokens::ReadText() {
   return TOK_TEXT;
 }
 
-int ReferenceTokens::ReadWord(char first) {
+int ReferenceTokens::ScanWord(char first) {
   std::string word(1, first);
   int count = 1;
   int c;

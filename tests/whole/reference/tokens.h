@@ -16,7 +16,7 @@ class ReferenceTokens {
 
   int Next();  // a token's kind
   void GiveBack(int kind) { pushed_ = kind; }
-  void SkipPastSemicolon();
+  int SkipPastSemicolon();  // gives it, or TOK_EOF
   void Report(const std::string& message);  // as TakeReports gives it
 
   // Of the last token read.
@@ -32,8 +32,8 @@ class ReferenceTokens {
   int Get();
   void Unget(int c);
   int SkipBlanks();
-  int ReadText();
-  int ReadWord(char first);
+  int ScanText();
+  int ScanWord(char first);
   int Classify(const std::string& word);
 
   const std::string& bytes_;
