@@ -5,7 +5,7 @@ namespace {
 
 using namespace steprt_test;
 
-TEST(Scalars, EveryKindTakesItsOwnForms) {
+TEST(Scalars, EveryKindTakesItsOwnFormsAndReportsOthers) {
   ExpectRows(R"(
     tir  | #1=PROBE('it''s',-5,2.5);             | PROBE('it's',-5,2.5)
     rr   | #1=PROBE(3,1.E3);                     | PROBE(3,1000)
@@ -16,44 +16,25 @@ TEST(Scalars, EveryKindTakesItsOwnForms) {
     ttt  | #1=PROBE('',$,*);                     | PROBE('','','')
     // Commas are optional, and one is taken.
     iti  | #1=PROBE(1 'a' 2);                    | PROBE(1,'a',2)
-    ii   | #1=PROBE(,1,2);                       | PROBE(1,2)
-    ii   | #1=PROBE(1,,2);                       | PROBE(1,0)    | Missing integer & Syntax
-    iii  | #1=PROBE(1,,2);                       | PROBE(1,0,2)  | Missing integer
-    iti  | #1=PROBE(1,,2);                       | PROBE(1,'',2) | Missing text
-  )");
-}
-
-TEST(Scalars, ANumberReaderGivesBackWhatItCannotTake) {
-  ExpectRows(R"(
-    it   | #1=PROBE($);   | PROBE(0,'')       | Missing integer
-    rb   | #1=PROBE(*);   | PROBE(0,F)        | Missing real
-    ir   | #1=PROBE(2.5); | PROBE(0,2.5)      | Missing integer
-    iirt | #1=PROBE('a'); | PROBE(0,0,0,'a')  | Missing integer & Missing integer & Missing real
-    r    | #1=PROBE(.T.); | PROBE(0)          | Missing real & Syntax
-  )");
-}
-
-TEST(Scalars, OtherReadersEatWhatTheyCannotTake) {
-  ExpectRows(R"(
-    ti  | #1=PROBE(1,2);                    | PROBE('',2)   | Missing text
-    bi  | #1=PROBE(1,2);                    | PROBE(F,2)    | Missing bool
-    li  | #1=PROBE('.T.',2);                | PROBE(-1,2)   | Missing logical
-    ei  | #1=PROBE(RED,2);                  | PROBE(0,2)    | Missing enumeration
-    ti  | #1=PROBE((1,'a',$),2);            | PROBE('',2)   | Missing text
-    // Brackets are not counted: the first closing one ends the skip.
-    tii | #1=PROBE((1,(2),3),4);            | PROBE('',3,0) | Missing text & Missing integer
-    ti  | #1=PROBE((1;#2=PROBE('a',2);      | PROBE('',0) & PROBE('a',2) | Missing text
+    iii  | #1=PROBE(1,,2);                       | PROBE(1,0,2)      | Missing integer
+    // A number reader gives back what it cannot take.
+    it   | #1=PROBE($);                          | PROBE(0,'')       | Missing integer
+    ir   | #1=PROBE(2.5);                        | PROBE(0,2.5)      | Missing integer
+    r    | #1=PROBE(.T.);                        | PROBE(0)          | Missing real & Syntax
+    // The others eat it. Brackets are not counted: the first closing one ends the skip.
+    ti   | #1=PROBE(1,2);                        | PROBE('',2)       | Missing text
+    bi   | #1=PROBE(1,2);                        | PROBE(F,2)        | Missing bool
+    li   | #1=PROBE('.T.',2);                    | PROBE(-1,2)       | Missing logical
+    ei   | #1=PROBE(RED,2);                      | PROBE(0,2)        | Missing enumeration
+    tii  | #1=PROBE((1,(2),3),4);                | PROBE('',3,0)     | Missing text & Missing integer
+    ti   | #1=PROBE((1;#2=PROBE('a',2);          | PROBE('',0) & PROBE('a',2) | Missing text
     // The keyword of a typed value is the whole attribute, and its bracket stays for the next reader.
-    tit | #1=PROBE(LABEL('x'),2);           | PROBE('',0,'') | Missing text & Missing integer & Missing text & Syntax
-  )");
-}
-
-TEST(Scalars, AnUnknownKeywordIsNamedInTheReport) {
-  ExpectRows(R"(
-    bi | #1=PROBE(.U.,1);    | PROBE(F,1)  | Unknown bool '.U.'
-    bi | #1=PROBE(.T,1);     | PROBE(F,1)  | Unknown bool '.T'
-    li | #1=PROBE(.x.,1);    | PROBE(-1,1) | Unknown logical '.x.'
-    ei | #1=PROBE(.REDD.,1); | PROBE(0,1)  | Unknown enumeration '.REDD.'
+    tit  | #1=PROBE(LABEL('x'),2);               | PROBE('',0,'')    | Missing text & Missing integer & Missing text & Syntax
+    // An unknown keyword is named in the report.
+    bi   | #1=PROBE(.U.,1);                      | PROBE(F,1)        | Unknown bool '.U.'
+    bi   | #1=PROBE(.T,1);                       | PROBE(F,1)        | Unknown bool '.T'
+    li   | #1=PROBE(.x.,1);                      | PROBE(-1,1)       | Unknown logical '.x.'
+    ei   | #1=PROBE(.REDD.,1);                   | PROBE(0,1)        | Unknown enumeration '.REDD.'
   )");
   const std::string longName = "." + std::string(255, 'x');
   SetProbe({"e"});

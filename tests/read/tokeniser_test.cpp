@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <utility>
 
-#include "read/token_run.h"
+#include "read/transfer.h"
 #include "support/faulty_calls.h"
+#include "support/proj_schema.h"
+#include "support/temp_files.h"
 
 namespace {
 
@@ -84,11 +87,25 @@ const Row kRows[] = {
     {std::string("A\0B 1\0002 '\0a'", 12), "NAME A|INT 1|TEXT "},
 };
 
+// As "REF 1|=|NAME A|(".
+std::string TokenText(int kind, const STEPtransfer& t) {
+  if (kind == TOK_ERROR || kind == TOK_NULL) return kind == TOK_NULL ? "NULL" : "ERROR";
+  if (kind == TOK_REF || kind == TOK_INT) return (kind == TOK_REF ? "REF " : "INT ") + std::to_string(t.value.integer);
+  if (kind == TOK_REAL) return "REAL " + RealText(t.value.real);
+  if (kind >= TOK_EQUAL && kind <= TOK_SEMI) return std::string(1, "=(),;"[kind - TOK_EQUAL]);
+  return (kind == TOK_TEXT ? "TEXT " : kind == TOK_NAME ? "NAME " : "ENUM ") + std::string(t.value.text);
+}
+
 void ExpectTokens(const Row& row, const std::string& path, const std::string& how) {
-  const TokenRun run = RunTokeniser(path);
-  EXPECT_EQ(run.tokens, row.tokens) << testing::PrintToString(row.bytes) << how;
-  EXPECT_EQ(run.reports, row.reports) << testing::PrintToString(row.bytes) << how;
-  EXPECT_EQ(run.line, row.line) << testing::PrintToString(row.bytes) << how;
+  const steprt::TransferOwner t = steprt::NewTransfer(path.c_str(), CollectReport, nullptr, false);
+  const std::unique_ptr<steprt::InputFile> file(steprt::InputFile::OpenOrNull(path.c_str()));
+  t->file.in = file.get();
+  std::string tokens;
+  for (int kind; (kind = steprt::NextToken(t.get())) != TOK_EOF;)
+    tokens += (tokens.empty() ? "" : "|") + TokenText(kind, *t);
+  EXPECT_EQ(tokens, row.tokens) << testing::PrintToString(row.bytes) << how;
+  EXPECT_EQ(TakeReports(path), row.reports) << testing::PrintToString(row.bytes) << how;
+  EXPECT_EQ(t->line, row.line) << testing::PrintToString(row.bytes) << how;
 }
 
 TEST(Tokeniser, KnowsEveryTokenWhereverTheBlockEnds) {
