@@ -15,8 +15,6 @@ namespace {
 
 using namespace steprt_test;
 
-constexpr std::size_t kBlock = 65536;  // of a file that is read
-
 const std::string x254(254, 'x');
 const std::string d255(255, '7');
 
@@ -123,25 +121,6 @@ TEST(Tokeniser, KnowsEveryTokenWhereverTheBlockEnds) {
 TEST(Tokeniser, KnowsEveryTokenByteByByteAndInterrupted) {
   const FaultyCalls calls({.interrupted = true, .atMost = [] { return 1; }});
   for (const Row& row : kRows) ExpectTokens(row, MakeFile("t.stp", row.bytes), "");
-}
-
-TEST(Tokeniser, KnowsARecordAcrossTheBorderOfTwoFullBlocks) {
-  const Row row = {"#12=WALL('it''s',-2.5e1,$) ", "REF 12|=|NAME WALL|(|TEXT it's|,|REAL -25|,|NULL|)"};
-  for (std::size_t split = 0; split <= row.bytes.size(); ++split) {
-    ExpectTokens(row, MakeFile("t.stp", std::string(kBlock - split, ' ') + row.bytes), std::to_string(split));
-  }
-}
-
-TEST(Tokeniser, ATokenGivenBackComesAgainWithItsValue) {
-  const std::string path = MakeFile("t.stp", "'text'#5");
-  const steprt::TransferOwner t = steprt::NewTransfer(path.c_str(), nullptr, nullptr, false);
-  const std::unique_ptr<steprt::InputFile> file(steprt::InputFile::OpenOrNull(path.c_str()));
-  t->file.in = file.get();
-  t->pushedToken = steprt::NextToken(t.get());
-  EXPECT_EQ(steprt::NextToken(t.get()), TOK_TEXT);
-  EXPECT_STREQ(t->value.text, "text");
-  EXPECT_EQ(t->pushedToken, -1);
-  EXPECT_EQ(steprt::NextToken(t.get()), TOK_REF);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ struct GoldenFile {
 };
 
 // What each case reads, in the order of their names; without an XML service no documents.
-const std::vector<GoldenFile>& GoldenInputs();
+std::vector<GoldenFile> GoldenInputs();
 
 // These of one form, with what the cases "sound" and "faulty" write.
 std::vector<GoldenFile> GoldenFiles(Form form);

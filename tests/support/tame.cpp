@@ -32,22 +32,17 @@ STEPheader* TameReference(STEPheader* object) { return object && object->type ==
 // A whole number comes back as an integer. In XML the shape of a bare text may be that of something else; one that
 // begins with an apostrophe is a text.
 void TameSelect(Form form, STEPselect& select) {
-  switch (select.Type()) {
-    case STEPselect::SEL_NONE:
-      return select.SetSTEPobj(nullptr);
-    case STEPselect::SEL_INT:
-      return;
-    case STEPselect::SEL_OBJ:
-      return select.SetSTEPobj(TameReference(select.GetSTEPobj()));
-    case STEPselect::SEL_REAL: {
-      const double real = TameReal(select.GetReal());
-      if (real != std::trunc(real) || std::fabs(real) >= 1e6) return select.SetReal(real);
-      return select.SetInt(static_cast<int>(real));
-    }
-    case STEPselect::SEL_TEXT:
-      TameText(form, select.GetCharPtr());
-      if (form == Form::kXml) select.GetCharPtr()[0] = '\'';
+  const STEPselect::SelType type = select.Type();
+  if (type == STEPselect::SEL_NONE) select.SetSTEPobj(nullptr);
+  if (type == STEPselect::SEL_OBJ) select.SetSTEPobj(TameReference(select.GetSTEPobj()));
+  if (type == STEPselect::SEL_TEXT) {
+    TameText(form, select.GetCharPtr());
+    if (form == Form::kXml) select.GetCharPtr()[0] = '\'';
   }
+  if (type != STEPselect::SEL_REAL) return;
+  const double real = TameReal(select.GetReal());
+  const bool isWhole = real == std::trunc(real) && std::fabs(real) < 1e6;
+  isWhole ? select.SetInt(static_cast<int>(real)) : select.SetReal(real);
 }
 
 void TameNode(Form form, char kind, STEPlist& node) {
@@ -70,20 +65,11 @@ void TameList(Form form, char kind, STEPaggr*& list) {
 }
 
 void TameValue(Form form, char kind, Value& value) {
-  switch (kind) {
-    case 't':
-      return TameText(form, value.text.data());
-    case 'r':
-      value.real = TameReal(value.real);
-      return;
-    case 's':
-      return TameSelect(form, value.select);
-    case 'f':
-      value.object = TameReference(value.object);
-      return;
-    default:
-      if (std::strchr("aApET", kind)) TameList(form, kind, value.list);
-  }
+  if (kind == 't') TameText(form, value.text.data());
+  if (kind == 'r') value.real = TameReal(value.real);
+  if (kind == 's') TameSelect(form, value.select);
+  if (kind == 'f') value.object = TameReference(value.object);
+  if (std::strchr("aApET", kind)) TameList(form, kind, value.list);
 }
 
 }  // namespace

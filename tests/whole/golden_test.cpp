@@ -27,8 +27,9 @@ void ExpectFile(const std::filesystem::path& expected, const std::string& bytes)
 }
 
 TEST(Golden, EveryFolderReadsAndWritesAsItsFilesSay) {
-  EXPECT_GE(GoldenInputs().size(), 9u);
-  for (const GoldenFile& file : GoldenInputs()) {
+  const std::vector<GoldenFile> files = GoldenInputs();
+  EXPECT_GE(files.size(), 9u);
+  for (const GoldenFile& file : files) {
     const std::filesystem::path folder = file.path.parent_path();
     ProjModel model;
     model.Name(file.path.c_str());

@@ -30,32 +30,24 @@ struct Input {
   std::string bytes;
 };
 
-constexpr int kMany = 800;
-const std::string kName(220, 'n');
-
-std::string ManyRecords() {
-  std::string records;
-  for (int i = 1; i <= kMany; ++i) {
-    const std::string number = std::to_string(i);
-    records += "#" + number + "=WALL('" + kName + "'," + number + ".,$,(),(1,2),.T.);\n";
+// Walls of a name that fills blocks: their numbers and names stand for # and @.
+std::string Walls(const std::string& wall) {
+  std::string walls;
+  for (int i = 1; i <= 800; ++i) {
+    walls += wall;
+    walls.replace(walls.rfind('@'), 1, 220, 'n');
+    walls.insert(walls.rfind('#') + 1, std::to_string(i));
   }
-  return InFrame(records);
-}
-
-std::string ManyElements() {
-  std::string entities;
-  for (int i = 1; i <= kMany; ++i) {
-    entities += "<WALL rid='#" + std::to_string(i) + "'><Name>" + kName + "</Name><External>.T.</External></WALL>\n";
-  }
-  return InRoot(entities);
+  return walls;
 }
 
 std::vector<Input> Inputs() {
   const std::string golden = STEPRT_TEST_GOLDEN;
-  std::vector<Input> inputs = {{"records of several blocks", false, ManyRecords()},
+  std::vector<Input> inputs = {{"records of several blocks", false, InFrame(Walls("#=WALL('@',1.,$,(),(1,2),.T.);\n"))},
                                {"a faulty file", false, BytesOf(golden + "/faulty/in.stp")}};
   if (!steprt::saxService) return inputs;
-  inputs.push_back({"a document of several blocks", true, ManyElements()});
+  inputs.push_back({"a document of several blocks", true,
+                    InRoot(Walls("<WALL rid='#'><Name>@</Name><External>.T.</External></WALL>\n"))});
   inputs.push_back({"a document", true, BytesOf(golden + "/sound/out.xml")});
   return inputs;
 }

@@ -146,14 +146,11 @@ bool IsReported(const Outcome& outcome, const Outcome& sound) {
 
 // ---- writes --------------------------------------------------------------------------------------------------------
 
-void FillOverAFile(ProjModel& model) {
+template <bool isOverAFile>
+void FillToWrite(ProjModel& model) {
   ReadBytes(model, InFrame(kRecords));
-  MakeFile("written.stp", "before");
-}
-
-void FillOverNone(ProjModel& model) {
-  ReadBytes(model, InFrame(kRecords));
-  std::filesystem::remove(TempPath("written.stp"));
+  const std::string path = MakeFile("written.stp", "before");
+  if (!isOverAFile) std::filesystem::remove(path);
 }
 
 template <int (STEPmodel::*write)(char*, const char*)>
@@ -163,16 +160,11 @@ Outcome Write(ProjModel& model) {
   return {result, TakeReports(path), {MaskedBytesOf(path)}};
 }
 
-bool IsRefused(const Outcome& outcome) {
-  return outcome.result == -1 && (outcome.reports.empty() || outcome.reports == Texts{"(1) [Write]Can't create file"});
-}
-
-bool LeavesTheFile(const Outcome& outcome, const Outcome&) {
-  return IsRefused(outcome) && outcome.population == Texts{"before"};
-}
-
-bool MakesNone(const Outcome& outcome, const Outcome&) {
-  return IsRefused(outcome) && outcome.population == Texts{"(none)"};
+// And what stands there is as it was.
+template <bool isOverAFile>
+bool IsRefused(const Outcome& outcome, const Outcome&) {
+  const bool isTold = outcome.reports.empty() || outcome.reports == Texts{"(1) [Write]Can't create file"};
+  return outcome.result == -1 && isTold && outcome.population == Texts{isOverAFile ? "before" : "(none)"};
 }
 
 // ---- queries, edits and schemas ------------------------------------------------------------------------------------
@@ -302,10 +294,10 @@ const Scenario kScenarios[] = {
     {"a document read as either form", 60, MakeDocument, ReadEitherForm, IsTold},
     {"a document read from memory", 60, MakeDocument, ReadDocumentInMemory, IsTold},
     {"a document of texts", 20, MakeDocumentOfTexts, ReadDocumentInMemory, LosesTexts},
-    {"a write of clear text", 2, FillOverAFile, Write<&STEPmodel::Write>, LeavesTheFile},
-    {"a write of clear text where no file is", 2, FillOverNone, Write<&STEPmodel::Write>, MakesNone},
-    {"a write of XML", 2, FillOverAFile, Write<&STEPmodel::WriteXml>, LeavesTheFile},
-    {"a write of XML where no file is", 2, FillOverNone, Write<&STEPmodel::WriteXml>, MakesNone},
+    {"a write of clear text", 2, FillToWrite<true>, Write<&STEPmodel::Write>, IsRefused<true>},
+    {"a write of clear text where no file is", 2, FillToWrite<false>, Write<&STEPmodel::Write>, IsRefused<false>},
+    {"a write of XML", 2, FillToWrite<true>, Write<&STEPmodel::WriteXml>, IsRefused<true>},
+    {"a write of XML where no file is", 2, FillToWrite<false>, Write<&STEPmodel::WriteXml>, IsRefused<false>},
     {"GetSTEPlist", 4, Fill, Ask<AskList>, IsNoneOrShorter},
     {"GetSTEPaggr", 5, Fill, Ask<AskModel>, IsNoneOrShorter},
     {"GetSTEPaggrAll", 5, Fill, Ask<AskModelAll>, IsNoneOrShorter},

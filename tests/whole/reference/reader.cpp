@@ -182,32 +182,15 @@ class Reader : ReferenceTokens {
   std::string& Put(const std::string& piece) { return instances_.back().pieces.emplace_back(piece); }
 
   void ReadAttribute(const Attribute& attribute, const char* unset) {
-    switch (attribute.kind) {
-      case 't':
-        Put(ReadText());
-        break;
-      case 'i':
-      case 'r':
-        Put(ReadNumber(attribute.kind == 'r'));
-        break;
-      case 'b':
-        Put(ReadKeyword({".F.", ".T."}, "bool") ? "T" : "F");
-        break;
-      case 'l':
-        Put(std::to_string(ReadKeyword({".U.", ".F.", ".T."}, "logical") - 1));
-        break;
-      case 'e':
-        Put(std::to_string(ReadKeyword(colours_, "enumeration")));
-        break;
-      case 's':
-        ReadSelect();
-        break;
-      case 'f':
-        ReadReference(attribute.expected, Put(unset));
-        break;
-      default:
-        ReadList(attribute);
-    }
+    const char kind = attribute.kind;
+    if (kind == 't') Put(ReadText());
+    if (kind == 'i' || kind == 'r') Put(ReadNumber(kind == 'r'));
+    if (kind == 'b') Put(ReadKeyword({".F.", ".T."}, "bool") ? "T" : "F");
+    if (kind == 'l') Put(std::to_string(ReadKeyword({".U.", ".F.", ".T."}, "logical") - 1));
+    if (kind == 'e') Put(std::to_string(ReadKeyword(colours_, "enumeration")));
+    if (kind == 's') ReadSelect();
+    if (kind == 'f') ReadReference(attribute.expected, Put(unset));
+    if (std::strchr("aApPENTX", kind)) ReadList(attribute);
   }
 
   int NextAttribute() {
