@@ -1,15 +1,13 @@
-// What a file of twice the items costs, for each shape, from one size to three doublings of it; and what it costs Expat
-// alone where the file is a document.
+// What a file of twice the items costs, for each shape, from one size to three doublings of it; and what it costs the
+// floor.
 #include <array>
 #include <cstdio>
-#include <filesystem>
 
 #include "pairs.h"
 #include "population.h"
 #include "shape_client.h"
 #include "shapes.h"
 #include "tasks.h"
-#include "xml_floor.h"
 
 namespace bench {
 namespace {
@@ -21,7 +19,7 @@ constexpr double kWantedDoubling = 2.2;
 // The files of a shape, which go with it.
 class ShapeFiles {
  public:
-  explicit ShapeFiles(const Shape& shape) : shape_(shape) {
+  ShapeFiles(const Shape& shape, ShapeFloor floor) : shape_(shape), floor_(floor) {
     for (int i = 0; i <= kDoublings; ++i) areWritten_ = WriteShape(shape, Items(i), Path(i)) && areWritten_;
   }
   ~ShapeFiles() {
@@ -34,15 +32,11 @@ class ShapeFiles {
 
   double TimeRead(int doublings) {
     BeginTurn();
+    if (floor_) return TimeOf([&] { isSound_ = floor_(Path(doublings)) && isSound_; });
     ShapeModel model;
     const double seconds = TimeOf([&] { model.Read(shape_.form, Path(doublings)); });
     isSound_ = isSound_ && model.IsAsExpected(shape_, Items(doublings));
     return seconds;
-  }
-  double TimeFloor(int doublings) {
-    BeginTurn();
-    const auto size = static_cast<int>(std::filesystem::file_size(Path(doublings)));
-    return TimeOf([&] { isSound_ = ParseXmlFloor(Path(doublings), size) > 0 && isSound_; });
   }
   bool IsSound() const { return areWritten_ && isSound_; }
 
@@ -52,19 +46,18 @@ class ShapeFiles {
   }
 
   const Shape& shape_;
+  const ShapeFloor floor_;  // in place of the library, or null
   bool areWritten_ = true;
   bool isSound_ = true;
 };
 
-using Timer = double (ShapeFiles::*)(int doublings);
-
-void Doubling(benchmark::State& state, const Shape& shape, Timer timer) {
-  ShapeFiles files(shape);
+void Doubling(benchmark::State& state, const Shape& shape, ShapeFloor floor) {
+  ShapeFiles files(shape, floor);
   std::array<Pairs, kDoublings> doublings;
   for (auto _ : state) {
     for (int i = 0; i < kDoublings; ++i) {
-      doublings[static_cast<std::size_t>(i)].Measure([&] { return (files.*timer)(i + 1); },
-                                                     [&] { return (files.*timer)(i); });
+      doublings[static_cast<std::size_t>(i)].Measure([&] { return files.TimeRead(i + 1); },
+                                                     [&] { return files.TimeRead(i); });
     }
     state.SetIterationTime(doublings.back().LastSubject());
   }
@@ -78,13 +71,13 @@ void Doubling(benchmark::State& state, const Shape& shape, Timer timer) {
 
 }  // namespace
 
-void RegisterDoublings(std::span<const Shape> shapes) {
+void RegisterDoublings(std::span<const Shape> shapes, ShapeFloor floor) {
   for (const Shape& shape : shapes) {
     Register(std::string("doubling/") + shape.name, kTurns,
-             [&shape](benchmark::State& state) { Doubling(state, shape, &ShapeFiles::TimeRead); });
-    if (shape.form != Form::kXml) continue;
+             [&shape](benchmark::State& state) { Doubling(state, shape, nullptr); });
+    if (!floor) continue;
     Register(std::string("doubling_floor/") + shape.name, kTurns,
-             [&shape](benchmark::State& state) { Doubling(state, shape, &ShapeFiles::TimeFloor); });
+             [&shape, floor](benchmark::State& state) { Doubling(state, shape, floor); });
   }
 }
 

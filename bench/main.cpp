@@ -15,6 +15,7 @@
 #include "population.h"
 #include "shapes.h"
 #include "tasks.h"
+#include "xml_floor.h"
 
 namespace {
 
@@ -72,9 +73,9 @@ int main(int argc, char** argv) {
   for (const int records : kSizes) RegisterAll(records);
   if (options.isFull) RegisterAll(kFullSize);
   bench::RegisterSchemas();
-  bench::RegisterDoublings(bench::ClearTextShapes());
+  bench::RegisterDoublings(bench::ClearTextShapes(), nullptr);
 #ifdef STEPRT_BENCH_XML
-  bench::RegisterDoublings(bench::XmlShapes());
+  bench::RegisterDoublings(bench::XmlShapes(), bench::ParseAtOnce);
 #endif
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();

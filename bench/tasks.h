@@ -4,6 +4,7 @@
 #define STEPRT_BENCH_TASKS_H
 
 #include <span>
+#include <string>
 
 namespace bench {
 
@@ -21,8 +22,10 @@ void RegisterGrowth(int records);
 // Lookups and queries in schemas of several sizes, the index against the walk.
 void RegisterSchemas();
 
-// How much dearer a file of twice the size is, for each shape.
-void RegisterDoublings(std::span<const Shape> shapes);
+// How much dearer a file of twice the size is, for each shape; and for the floor, if there is one: false for a bad
+// file.
+using ShapeFloor = bool (*)(const std::string& path);
+void RegisterDoublings(std::span<const Shape> shapes, ShapeFloor floor);
 
 }  // namespace bench
 

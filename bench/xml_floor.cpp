@@ -6,6 +6,7 @@
 
 #include <charconv>
 #include <cstring>
+#include <filesystem>
 #include <string_view>
 
 #include "building.h"
@@ -143,6 +144,10 @@ long ParseXmlFloor(const std::string& path, int blockSize) {
   XML_ParserFree(parser);
   ::close(handle);
   return isSound ? count : 0;
+}
+
+bool ParseAtOnce(const std::string& path) {
+  return ParseXmlFloor(path, static_cast<int>(std::filesystem::file_size(path))) > 0;
 }
 
 XmlWriteFloor::XmlWriteFloor(std::size_t bytes) : room_(std::make_unique<char[]>(bytes + kFrameRoom)) {}
