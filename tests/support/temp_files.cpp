@@ -1,6 +1,8 @@
 #include "support/temp_files.h"
 
+#include <fcntl.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -52,6 +54,12 @@ std::string MaskedBytesOf(const std::string& path) {
   const std::size_t start = end == std::string::npos ? end : bytes.rfind('\'', end - 1);
   if (start != std::string::npos) bytes.replace(start + 1, end - start - 1, "<date>");
   return bytes;
+}
+
+int NextHandle() {
+  const int next = open("/dev/null", O_RDONLY);
+  close(next);
+  return next;
 }
 
 }  // namespace steprt_test

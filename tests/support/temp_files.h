@@ -17,6 +17,9 @@ std::string BytesOf(const std::string& path);
 // The bytes of a file that the library wrote, with its path as "<path>" and the date of its head as "<date>".
 std::string MaskedBytesOf(const std::string& path);
 
+// The handle that the next file opened gets: a higher one than before says that a file was left open.
+int NextHandle();
+
 }  // namespace steprt_test
 
 #endif

@@ -335,8 +335,10 @@ void Sweep(const Scenario& each, FailingNew::Extent extent) {
   for (long nth = 1; hasFailed; ++nth) {
     SCOPED_TRACE(each.name + (", allocation " + std::to_string(nth)) + (extent ? " and all behind it" : ""));
     const long blocks = LiveBlocks();
+    const int handle = NextHandle();
     hasFailed = Try(each, nth, extent, sound);
     ASSERT_EQ(LiveBlocks(), blocks);
+    ASSERT_EQ(NextHandle(), handle);
     ASSERT_TRUE(hasFailed || nth > each.least) << "it makes fewer than it is thought to";
   }
 }

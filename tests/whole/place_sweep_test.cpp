@@ -78,11 +78,7 @@ Undo Limit(rlim_t most) {
 
 Undo LimitSize(const std::string&) { return Limit<RLIMIT_FSIZE>(100); }
 
-Undo LimitHandles(const std::string&) {
-  const int next = open(kNull, O_RDONLY);
-  close(next);
-  return Limit<RLIMIT_NOFILE>(static_cast<rlim_t>(next));
-}
+Undo LimitHandles(const std::string&) { return Limit<RLIMIT_NOFILE>(static_cast<rlim_t>(NextHandle())); }
 
 const Place kPlaces[] = {
     {"a folder", "folder.stp", kNotOpened, kNotOpened, MakeFolder},
@@ -168,7 +164,9 @@ TEST(PlaceSweep, WhatCannotBeReadOrWrittenIsTold) {
     if (std::string(transfer.name).find("by XML") != std::string::npos && !steprt::saxService) continue;
     for (const Place& place : kPlaces) {
       if (place.*transfer.fate == kNotTried) continue;
+      const int handle = NextHandle();
       EXPECT_EQ(At(place, transfer), transfer.outcomes.at(place.*transfer.fate)) << place.name << ", " << transfer.name;
+      EXPECT_EQ(NextHandle(), handle) << place.name << ", " << transfer.name;
       sigset_t pending;
       sigpending(&pending);
       EXPECT_FALSE(sigismember(&pending, SIGPIPE) || sigismember(&pending, SIGXFSZ));
