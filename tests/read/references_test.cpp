@@ -21,6 +21,21 @@ TEST(References, BehindAndAheadAreFoundAndTheirTypesTestedThen) {
   )");
 }
 
+// More of them than are settled at one go.
+TEST(References, ManyAreSettledInOneOrder) {
+  std::string data;
+  Outcome expected;
+  for (int i = 1; i <= 100; ++i) {
+    const std::string number = std::to_string(i), target = std::to_string(i % 3 == 0 ? i + 1000 : i % 100 + 1);
+    data += "#" + number + "=PROBE(#" + target + ");";
+    expected.population.push_back(i % 3 == 0 ? "PROBE(kept)" : "PROBE(@" + target + ")");
+    if (i % 3 == 0) expected.reports.insert(expected.reports.begin(), "(1) [PROBE]Unknown reference #" + target);
+  }
+  expected.result = static_cast<int>(expected.reports.size());
+  SetProbe({"f", -1});
+  EXPECT_EQ(ReadData(data), expected);
+}
+
 STEPheader* failedSlot;
 bool slotWasNullAtTheReport;
 
