@@ -174,6 +174,32 @@ TEST(PlaceSweep, WhatCannotBeReadOrWrittenIsTold) {
   }
 }
 
+// A descriptor without a procedure for errors shows them on the standard error stream, which may be anything.
+TEST(PlaceSweep, MessagesNeitherReachTheFileNorBringASignal) {
+  for (const bool isClosed : {true, false}) {
+    ProjModel model;
+    model.schema->errorProc = nullptr;
+    new Entity(kPerson, &model);
+    (new Entity(kPerson, &model))->Type(12345);
+    const int kept = dup(STDERR_FILENO);
+    if (isClosed) {
+      close(STDERR_FILENO);
+    } else {
+      int pipe[2];
+      ASSERT_EQ(::pipe(pipe), 0);
+      close(pipe[0]);
+      dup2(pipe[1], STDERR_FILENO);
+      close(pipe[1]);
+    }
+    std::string path = TempPath("told.stp");
+    EXPECT_EQ(model.Write(path.data(), ""), 1);
+    dup2(kept, STDERR_FILENO);
+    close(kept);
+    model.schema->errorProc = CollectReport;
+    EXPECT_EQ(BytesOf(path).find("Unknown STEP object"), std::string::npos);
+  }
+}
+
 TEST(PlaceSweep, APipeIsReadAsAFileOfWhatComes) {
   for (const std::string& bytes : {InFrame("#1=PERSON(1);\n#2=DOOR($);\n#3=PERSON(3);"),
                                    InRoot("<DOOR rid='#1'/><DOOR rid='#2'/><DOOR rid='#3'/>")}) {

@@ -7,6 +7,20 @@
 
 namespace steprt {
 
+namespace {
+
+// A host that has closed its standard streams, or this library with a message, would write into the file.
+int MoveFromStandardStreams(int handle) {
+  if (handle < 0 || handle > STDERR_FILENO) return handle;
+  const int higher = ::fcntl(handle, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  const int reason = errno;
+  ::close(handle);
+  errno = reason;
+  return higher;
+}
+
+}  // namespace
+
 constinit FileCalls fileCalls = {::read, ::write};
 
 int OpenFile(const char* name, int flags) {
@@ -14,7 +28,7 @@ int OpenFile(const char* name, int flags) {
   do {
     handle = ::open(name, flags, 0666);
   } while (handle < 0 && errno == EINTR);
-  return handle;
+  return MoveFromStandardStreams(handle);
 }
 
 }  // namespace steprt

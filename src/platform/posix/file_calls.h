@@ -15,8 +15,8 @@ struct FileCalls {
 
 extern FileCalls fileCalls;
 
-// Opens a file, which the flags may let be created, however often a signal interrupts it. Gives a handle, or one below
-// 0 with the reason in errno.
+// Opens a file, which the flags may let be created, however often a signal interrupts it. Gives a handle behind those
+// of the standard streams, to be closed in a new program, or one below 0 with the reason in errno.
 int OpenFile(const char* name, int flags);
 
 }  // namespace steprt

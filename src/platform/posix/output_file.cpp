@@ -7,44 +7,15 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
-#include <ctime>
 #include <memory>
 #include <new>
 
 #include "platform/posix/file_calls.h"
+#include "platform/posix/quiet_signals.h"
 
 namespace steprt {
 namespace {
-
-// Keeps the signals that a failing write brings (a closed pipe, a size limit) from the host for its own life. One that
-// was pending before stays pending.
-class QuietSignals {
- public:
-  QuietSignals() {
-    sigset_t pending;
-    sigemptyset(&pending);
-    sigpending(&pending);
-    sigemptyset(&ours_);
-    for (const int signal : {SIGPIPE, SIGXFSZ}) {
-      if (!sigismember(&pending, signal)) sigaddset(&ours_, signal);
-    }
-    pthread_sigmask(SIG_BLOCK, &ours_, &before_);
-  }
-  ~QuietSignals() {
-    const timespec now = {0, 0};
-    while (sigtimedwait(&ours_, nullptr, &now) > 0) {
-    }
-    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-  }
-  QuietSignals(const QuietSignals&) = delete;
-  QuietSignals& operator=(const QuietSignals&) = delete;
-
- private:
-  sigset_t ours_;
-  sigset_t before_;
-};
 
 // Gives how many bytes were written: all, unless that failed.
 std::size_t WriteAll(int handle, const char* bytes, std::size_t size) {

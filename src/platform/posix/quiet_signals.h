@@ -1,0 +1,41 @@
+// Writes of the library's bring the host no signal.
+#ifndef STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
+#define STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
+
+#include <csignal>
+#include <ctime>
+#include <initializer_list>
+
+namespace steprt {
+
+// Keeps the signals that a failing write brings (a closed pipe, a size limit) from the host for its own life. One that
+// was pending before stays pending.
+class QuietSignals {
+ public:
+  QuietSignals() {
+    sigset_t pending;
+    sigemptyset(&pending);
+    sigpending(&pending);
+    sigemptyset(&ours_);
+    for (const int signal : {SIGPIPE, SIGXFSZ}) {
+      if (!sigismember(&pending, signal)) sigaddset(&ours_, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &ours_, &before_);
+  }
+  ~QuietSignals() {
+    const timespec now = {0, 0};
+    while (sigtimedwait(&ours_, nullptr, &now) > 0) {
+    }
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+  QuietSignals(const QuietSignals&) = delete;
+  QuietSignals& operator=(const QuietSignals&) = delete;
+
+ private:
+  sigset_t ours_;
+  sigset_t before_;
+};
+
+}  // namespace steprt
+
+#endif
