@@ -12,9 +12,12 @@ namespace {
 constexpr std::size_t kLeastCapacity = 64;
 constexpr std::size_t kKeptCapacity = 1024;  // that stays for the next entity
 
-std::uint64_t Mix(std::uint64_t sum, std::uint64_t word) {
-  sum = (sum ^ word) * 0x9e3779b97f4a7c15u;
-  return sum ^ sum >> 32;
+__extension__ using Wide = unsigned __int128;
+
+// All bits of the product count. Which words cancel one another depends on the factor.
+std::uint64_t Mix(std::uint64_t value, std::uint64_t factor) {
+  const Wide product = Wide{value} * factor;
+  return static_cast<std::uint64_t>(product >> 64) ^ static_cast<std::uint64_t>(product);
 }
 
 }  // namespace
@@ -54,9 +57,9 @@ std::uint64_t ElementIndex::Hash(std::string_view name) const {
   std::uint64_t word = 0;
   for (const char c : name) {
     word = word << 8 | static_cast<unsigned char>(ToLower(c));
-    if (word >> 56 != 0) sum = Mix(sum, std::exchange(word, 0));
+    if (word >> 56 != 0) sum = Mix(sum ^ std::exchange(word, 0), factor_);
   }
-  return Mix(Mix(sum, word), 0);  // twice, so that every character counts in the lowest bits
+  return Mix(sum ^ word, factor_);
 }
 
 // The slot that holds the name, or the free one where it belongs.
@@ -67,15 +70,20 @@ ElementIndex::Slot* ElementIndex::SlotOf(std::string_view name, std::uint64_t ha
   }
 }
 
+// From what a document cannot know: where memory lies, and the time.
+void ElementIndex::Seed(std::uint64_t place) {
+  constexpr std::uint64_t kOdd = 0x9e3779b97f4a7c15u;
+  const auto now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+  seed_ = Mix(place ^ kOdd, now | 1);
+  factor_ = Mix(seed_ ^ now, kOdd) | 1;
+}
+
 bool ElementIndex::Grow() {
   const std::size_t oldCapacity = capacity_;
   const std::size_t capacity = oldCapacity ? oldCapacity * 2 : kLeastCapacity;
   Slot* larger = MakeArrayOrNull<Slot>(capacity);
   if (!larger) return false;
-  if (seed_ == 0) {
-    const auto now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
-    seed_ = Mix(reinterpret_cast<std::uintptr_t>(larger), now);
-  }
+  if (factor_ == 0) Seed(reinterpret_cast<std::uintptr_t>(larger));
   Slot* old = slots_;
   slots_ = larger;
   capacity_ = capacity;

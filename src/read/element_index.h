@@ -53,12 +53,14 @@ class ElementIndex {
 
   std::uint64_t Hash(std::string_view name) const;
   Slot* SlotOf(std::string_view name, std::uint64_t hash) const;
+  void Seed(std::uint64_t place);
   bool Grow();
 
   Slot* slots_ = nullptr;
   std::size_t capacity_ = 0;  // a power of two, or 0
   std::size_t count_ = 0;
   std::uint64_t seed_ = 0;
+  std::uint64_t factor_ = 0;      // odd; 0: not seeded
   STEPelement** link_ = nullptr;  // where the next element will be; null: none has been taken up
 };
 
