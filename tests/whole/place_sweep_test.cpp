@@ -2,10 +2,14 @@
 // it, never a signal, and nothing of it stays behind.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/capability.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <csignal>
 #include <map>
 #include <thread>
@@ -80,10 +84,28 @@ Undo LimitSize(const std::string&) { return Limit<RLIMIT_FSIZE>(100); }
 
 Undo LimitHandles(const std::string&) { return Limit<RLIMIT_NOFILE>(static_cast<rlim_t>(NextHandle())); }
 
+// Without the right to pass over permissions, which root has. A system that refuses nobody would prove nothing.
+Undo ForbidFolder(const std::string& path) {
+  const std::string folder = path.substr(0, path.rfind('/'));
+  EXPECT_EQ(mkdir(folder.c_str(), 0555), 0);
+  __user_cap_header_struct head = {_LINUX_CAPABILITY_VERSION_3, 0};
+  std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> before{};
+  EXPECT_EQ(syscall(SYS_capget, &head, before.data()), 0);
+  auto less = before;
+  less[0].effective &= ~(1u << CAP_DAC_OVERRIDE | 1u << CAP_DAC_READ_SEARCH);
+  EXPECT_EQ(syscall(SYS_capset, &head, less.data()), 0);
+  EXPECT_TRUE(open(path.c_str(), O_WRONLY | O_CREAT, 0600) == -1 && errno == EACCES);
+  return [=]() mutable {
+    syscall(SYS_capset, &head, before.data());
+    rmdir(folder.c_str());
+  };
+}
+
 const Place kPlaces[] = {
     {"a folder", "folder.stp", kNotOpened, kNotOpened, MakeFolder},
     {"no file yet", "none.stp", kNotOpened, kDone, Nothing},
     {"a missing folder", "missing/a.stp", kNotOpened, kNotOpened, Nothing},
+    {"a folder that may not be written", "closed/a.stp", kNotOpened, kNotOpened, ForbidFolder},
     {"the system's own", "/proc/a.stp", kNotOpened, kNotOpened, Nothing},
     {"a link to itself", "loop.stp", kNotOpened, kNotOpened, Link<kItself>},
     {"no handle left", "handle.stp", kNotOpened, kNotOpened, LimitHandles},
