@@ -42,7 +42,7 @@ std::string Document() {
   const std::string text(5'000, 'x');
   return "<?xml version='1.0' encoding='windows-1252'?><!DOCTYPE PROJ [<!ENTITY e 'entity'><!ATTLIST DOOR d CDATA "
          "#IMPLIED>]><PROJ xmlns='urn:x'><" +
-         std::string(600, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + children + "<Text>&e;" +
+         std::string(1300, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + children + "<Text>&e;" +
          text +
          "</Text><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>1</Sel><Ref>#3</Ref>"
          "<Refs>#2 #3</Refs><Reals>1;2;3</Reals></SAMPLE>"
@@ -123,7 +123,9 @@ bool IsNothing(const Outcome& outcome, const Outcome& sound) {
 
 // Others may follow from the loss: a list that cannot be made leaves its items to the next reader.
 bool IsTold(const Outcome& outcome, const Outcome& sound) {
-  if (IsNothing(outcome, sound) || outcome.population == sound.population) return true;
+  if (IsNothing(outcome, sound)) return true;
+  const bool isWhole = outcome.population == sound.population;
+  if (isWhole && outcome.result == sound.result && NewReports(outcome, sound).empty()) return true;
   const Texts reports = NewReports(outcome, sound);
   return !reports.empty() && Tells(reports[0]);
 }
