@@ -42,8 +42,8 @@ std::string Document() {
   const std::string text(5'000, 'x');
   return "<?xml version='1.0' encoding='windows-1252'?><!DOCTYPE PROJ [<!ENTITY e 'entity'><!ATTLIST DOOR d CDATA "
          "#IMPLIED>]><PROJ xmlns='urn:x'><" +
-         std::string(1300, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + children + "<Text>&e;" +
-         text +
+         std::string(1300, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + children +
+         "<Text>&e;" + text +
          "</Text><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>1</Sel><Ref>#3</Ref>"
          "<Refs>#2 #3</Refs><Reals>1;2;3</Reals></SAMPLE>"
          "<SAMPLE rid='#4'><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>#9</Sel></SAMPLE>"
