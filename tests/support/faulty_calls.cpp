@@ -1,5 +1,6 @@
 #include "support/faulty_calls.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -52,10 +53,10 @@ FaultyCalls::FaultyCalls(Faults wanted) {
   bytes = 0;
   failed = false;
   interruptNext = true;
-  steprt::fileCalls = {Read, Write};
+  steprt::fileCalls = {::open, Read, Write};
 }
 
-FaultyCalls::~FaultyCalls() { steprt::fileCalls = {::read, ::write}; }
+FaultyCalls::~FaultyCalls() { steprt::fileCalls = {::open, ::read, ::write}; }
 
 long FaultyCalls::Count() const { return calls; }
 

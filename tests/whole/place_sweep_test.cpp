@@ -14,6 +14,7 @@
 #include <map>
 #include <thread>
 
+#include "platform/posix/file_calls.h"
 #include "platform/sax.h"
 #include "xml/documents.h"
 
@@ -101,6 +102,25 @@ Undo ForbidFolder(const std::string& path) {
   };
 }
 
+int signals = 0;  // that interrupt an opening
+
+int OpenAmongSignals(const char* name, int flags, ...) {
+  return signals-- > 0 ? (errno = EINTR, -1) : open(name, flags, 0600);
+}
+
+// Another process has a lease of the file, which a patient opening ends.
+int OpenLeased(const char* name, int flags, ...) {
+  return flags & O_NONBLOCK ? (errno = EWOULDBLOCK, -1) : open(name, flags, 0600);
+}
+
+template <int (*call)(const char* name, int flags, ...)>
+Undo MakeFileOpenedBy(const std::string& path) {
+  close(open(path.c_str(), O_WRONLY | O_CREAT, 0600));
+  signals = 2;
+  steprt::fileCalls.open = call;
+  return [] { steprt::fileCalls.open = open; };
+}
+
 const Place kPlaces[] = {
     {"a folder", "folder.stp", kNotOpened, kNotOpened, MakeFolder},
     {"no file yet", "none.stp", kNotOpened, kDone, Nothing},
@@ -109,6 +129,8 @@ const Place kPlaces[] = {
     {"the system's own", "/proc/a.stp", kNotOpened, kNotOpened, Nothing},
     {"a link to itself", "loop.stp", kNotOpened, kNotOpened, Link<kItself>},
     {"no handle left", "handle.stp", kNotOpened, kNotOpened, LimitHandles},
+    {"a file that signals interrupt", "interrupted.stp", kEmpty, kDone, MakeFileOpenedBy<OpenAmongSignals>},
+    {"a leased file", "leased.stp", kEmpty, kDone, MakeFileOpenedBy<OpenLeased>},
     {"nothing", "null.stp", kEmpty, kDone, Link<kNull>},
     {"a file that fails", "failing.stp", kNotRead, kNotTried, Link<kUnreadable>},
     {"a full device", "full.stp", kNotTried, kNotWritten, Link<kFull>},

@@ -21,12 +21,12 @@ int MoveFromStandardStreams(int handle) {
 
 }  // namespace
 
-constinit FileCalls fileCalls = {::read, ::write};
+constinit FileCalls fileCalls = {::open, ::read, ::write};
 
 int OpenFile(const char* name, int flags) {
   int handle;
   do {
-    handle = ::open(name, flags, 0666);
+    handle = fileCalls.open(name, flags, 0666);
   } while (handle < 0 && errno == EINTR);
   return MoveFromStandardStreams(handle);
 }

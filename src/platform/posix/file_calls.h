@@ -1,4 +1,4 @@
-// The system's calls on open files, as a table, so that a test can make the n-th of them fail or fall short.
+// The system's calls for files, as a table, so that a test can make the n-th of them fail or fall short.
 #ifndef STEPRT_PLATFORM_POSIX_FILE_CALLS_H
 #define STEPRT_PLATFORM_POSIX_FILE_CALLS_H
 
@@ -9,6 +9,7 @@
 namespace steprt {
 
 struct FileCalls {
+  int (*open)(const char* name, int flags, ...);
   ssize_t (*read)(int handle, void* block, size_t size);
   ssize_t (*write)(int handle, const void* block, size_t size);
 };
