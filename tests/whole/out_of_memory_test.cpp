@@ -20,6 +20,7 @@ using namespace steprt_test;
 struct Scenario {
   const char* name;
   int least;                          // allocations that it makes, so that a row that sweeps none is seen
+  int transfer;                       // the one for the transfer, behind which every failure is told; 0: none is made
   void (*prepare)(ProjModel& model);  // with memory
   Outcome (*run)(ProjModel& model);
   bool (*shows)(const Outcome& outcome, const Outcome& sound);  // whether it tells of its loss, as far as it has to
@@ -32,6 +33,7 @@ const char kRecords[] =
     "#6=SAMPLE('t',1,2.,.T.,.U.,.RED.,#9,#7,(#1,#2,#8),(1,2,3),(.RED.,.BLUE.),());#7=DOOR(#6);#8=DOOR($);#9=NOTE('n');"
     "\n"
     "#900000=NOTE('n');#1000000000=SAMPLE($,1,2.,$,$,$,#900000,$,$,(),(),());";
+const char kSelects[] = "#1=SAMPLE('t',1,2.,.T.,.U.,.RED.,#2,#2,(),(),(),());#2=NOTE('n');";
 const char kTexts[] = "#1=SAMPLE('t',1,2.,.T.,.U.,.RED.,'select',$,(),(1,2),(.RED.),('a','b'));";
 
 // Forward references, names and texts that outgrow their rooms, more children than are walked, and declarations that
@@ -58,6 +60,7 @@ const char kDocumentOfTexts[] =
 std::string InputPath() { return TempPath("memory.stp"); }
 
 void MakeRecords(ProjModel&) { MakeFile("memory.stp", InFrame(kRecords)); }
+void MakeSelects(ProjModel&) { MakeFile("memory.stp", InFrame(kSelects)); }
 void MakeTexts(ProjModel&) { MakeFile("memory.stp", InFrame(kTexts)); }
 void MakeDocument(ProjModel&) { MakeFile("memory.stp", Document()); }
 void MakeDocumentOfTexts(ProjModel&) { MakeFile("memory.stp", kDocumentOfTexts); }
@@ -123,7 +126,6 @@ bool IsNothing(const Outcome& outcome, const Outcome& sound) {
 
 // Others may follow from the loss: a list that cannot be made leaves its items to the next reader.
 bool IsTold(const Outcome& outcome, const Outcome& sound) {
-  if (IsNothing(outcome, sound)) return true;
   const bool isWhole = outcome.population == sound.population;
   if (isWhole && outcome.result == sound.result && NewReports(outcome, sound).empty()) return true;
   const Texts reports = NewReports(outcome, sound);
@@ -131,7 +133,6 @@ bool IsTold(const Outcome& outcome, const Outcome& sound) {
 }
 
 bool IsToldAndCounted(const Outcome& outcome, const Outcome& sound) {
-  if (outcome.reports.empty()) return outcome.result == 1 && outcome.population.empty();
   const bool holed = std::any_of(outcome.population.begin(), outcome.population.end(), HasHole);
   return IsTold(outcome, sound) && !holed && outcome.result == static_cast<int>(outcome.reports.size());
 }
@@ -142,9 +143,7 @@ bool LosesTexts(const Outcome& outcome, const Outcome& sound) {
 }
 
 // In words that follow from the loss: a row that the index does not hold is none, and clear text is no XML.
-bool IsReported(const Outcome& outcome, const Outcome& sound) {
-  return IsNothing(outcome, sound) || !NewReports(outcome, sound).empty();
-}
+bool IsReported(const Outcome& outcome, const Outcome& sound) { return !NewReports(outcome, sound).empty(); }
 
 // ---- writes --------------------------------------------------------------------------------------------------------
 
@@ -289,25 +288,26 @@ Outcome Join(ProjModel& model) {
 // ---- the sweep -----------------------------------------------------------------------------------------------------
 
 const Scenario kScenarios[] = {
-    {"a read of clear text", 20, MakeRecords, ReadClearText, IsToldAndCounted},
-    {"a read of texts", 5, MakeTexts, ReadClearText, LosesTexts},
-    {"a read of either form", 20, MakeRecords, ReadEitherForm, IsReported},
-    {"a read by an index", 20, MakeRecords, ReadByIndex, IsReported},
-    {"a document read as either form", 60, MakeDocument, ReadEitherForm, IsTold},
-    {"a document read from memory", 60, MakeDocument, ReadDocumentInMemory, IsTold},
-    {"a document of texts", 20, MakeDocumentOfTexts, ReadDocumentInMemory, LosesTexts},
-    {"a write of clear text", 2, FillToWrite<true>, Write<&STEPmodel::Write>, IsRefused<true>},
-    {"a write of clear text where no file is", 2, FillToWrite<false>, Write<&STEPmodel::Write>, IsRefused<false>},
-    {"a write of XML", 2, FillToWrite<true>, Write<&STEPmodel::WriteXml>, IsRefused<true>},
-    {"a write of XML where no file is", 2, FillToWrite<false>, Write<&STEPmodel::WriteXml>, IsRefused<false>},
-    {"GetSTEPlist", 4, Fill, Ask<AskList>, IsNoneOrShorter},
-    {"GetSTEPaggr", 5, Fill, Ask<AskModel>, IsNoneOrShorter},
-    {"GetSTEPaggrAll", 5, Fill, Ask<AskModelAll>, IsNoneOrShorter},
-    {"GetSTEPaggr of an aggregate", 5, Fill, Ask<AskSource>, IsNoneOrShorter},
-    {"GetSTEPaggrAll of an aggregate", 5, Fill, Ask<AskSourceAll>, IsNoneOrShorter},
-    {"edits", 8, Fill, Edit, IsLess},
-    {"an index and its types", 80, [](ProjModel&) {}, ExtractByIndex, IsLess},
-    {"schemas that join a read", 10, MakeJoin, Join, IsTold},
+    {"a read of clear text", 20, 1, MakeRecords, ReadClearText, IsToldAndCounted},
+    {"a read of selects", 5, 1, MakeSelects, ReadClearText, IsToldAndCounted},
+    {"a read of texts", 5, 1, MakeTexts, ReadClearText, LosesTexts},
+    {"a read of either form", 20, 1, MakeRecords, ReadEitherForm, IsReported},
+    {"a read by an index", 20, 18, MakeRecords, ReadByIndex, IsReported},
+    {"a document read as either form", 60, 3, MakeDocument, ReadEitherForm, IsTold},
+    {"a document read from memory", 60, 1, MakeDocument, ReadDocumentInMemory, IsTold},
+    {"a document of texts", 20, 1, MakeDocumentOfTexts, ReadDocumentInMemory, LosesTexts},
+    {"a write of clear text", 2, 0, FillToWrite<true>, Write<&STEPmodel::Write>, IsRefused<true>},
+    {"a write of clear text where no file is", 2, 0, FillToWrite<false>, Write<&STEPmodel::Write>, IsRefused<false>},
+    {"a write of XML", 2, 0, FillToWrite<true>, Write<&STEPmodel::WriteXml>, IsRefused<true>},
+    {"a write of XML where no file is", 2, 0, FillToWrite<false>, Write<&STEPmodel::WriteXml>, IsRefused<false>},
+    {"GetSTEPlist", 4, 0, Fill, Ask<AskList>, IsNoneOrShorter},
+    {"GetSTEPaggr", 5, 0, Fill, Ask<AskModel>, IsNoneOrShorter},
+    {"GetSTEPaggrAll", 5, 0, Fill, Ask<AskModelAll>, IsNoneOrShorter},
+    {"GetSTEPaggr of an aggregate", 5, 0, Fill, Ask<AskSource>, IsNoneOrShorter},
+    {"GetSTEPaggrAll of an aggregate", 5, 0, Fill, Ask<AskSourceAll>, IsNoneOrShorter},
+    {"edits", 8, 0, Fill, Edit, IsLess},
+    {"an index and its types", 80, 0, [](ProjModel&) {}, ExtractByIndex, IsLess},
+    {"schemas that join a read", 10, 1, MakeJoin, Join, IsTold},
 };
 
 // One try, on a model of its own. False when the scenario made fewer allocations.
@@ -318,7 +318,8 @@ bool Try(const Scenario& each, long nth, FailingNew::Extent extent, const Outcom
   const Outcome outcome = each.run(model);
   const bool hasFailed = failing->HasFailed();
   failing.reset();
-  EXPECT_TRUE(outcome == sound || (hasFailed && each.shows(outcome, sound))) << outcome;
+  const bool shows = each.shows(outcome, sound) || (nth <= each.transfer && IsNothing(outcome, sound));
+  EXPECT_TRUE(outcome == sound || (hasFailed && shows)) << outcome;
   model.SetChanged(false);
   ExpectSound(model);
   EXPECT_NE(model.Write(TempPath("left.stp").data(), ""), -1);
