@@ -48,9 +48,10 @@ std::string Document() {
          "<Text>&e;" + text +
          "</Text><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>1</Sel><Ref>#3</Ref>"
          "<Refs>#2 #3</Refs><Reals>1;2;3</Reals></SAMPLE>"
-         "<SAMPLE rid='#4'><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>#9</Sel></SAMPLE>"
+         "<SAMPLE rid='#4'><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>#1000000000</Sel></SAMPLE>"
          "<WALL rid='#2'><Name>" +
-         text + "</Name><External>.T.</External></WALL><DOOR rid='#3'><Host>#2</Host></DOOR><DOOR rid='#9'/></PROJ>";
+         text +
+         "</Name><External>.T.</External></WALL><DOOR rid='#3'><Host>#2</Host></DOOR><DOOR rid='#1000000000'/></PROJ>";
 }
 
 const char kDocumentOfTexts[] =
