@@ -108,6 +108,28 @@ void Children(std::string& file, int items) {
   file += "</FAMILY>\n";
 }
 
+// A name among up to 2^18 that a fixed hash of 8-byte words cannot keep apart: what the top bits of one word change in
+// the product with a known factor, two bytes of the next word change back. A unit above a byte stands for its low byte.
+std::string CollidingName(int number) {
+  constexpr int kBlocks = 3;
+  unsigned char changing[kBlocks][2] = {{0x1b, 0x1b}, {0x1b, 0x1b}, {0x1b, 0x1b}};
+  for (int bit = 0; number >> bit != 0; ++bit) {
+    if (number >> bit & 1) changing[bit / 2 % kBlocks][bit % 2] ^= 0x80 >> bit / (2 * kBlocks);
+  }
+  const auto unit = [](int byte) { return std::string("\xe4") + char(0xb8 + byte / 64) + char(0x80 + byte % 64); };
+  std::string name = "nnnnnnnn";
+  for (const auto& [first, second] : changing) {
+    name += unit(first) + "aaaaaaa" + unit(second) + "aaa" + unit(second) + "aaa";
+  }
+  return name;
+}
+
+void CollidingChildren(std::string& file, int items) {
+  file += "<FAMILY rid=\"#1\">\n";
+  for (int i = 1; i < items; ++i) ((file += '<') += CollidingName(i)) += "/>\n";
+  file += "<Count>0</Count></FAMILY>\n";
+}
+
 constexpr Amount kNone = {0, 0};
 constexpr Amount kOne = {0, 1};
 constexpr Amount kTwo = {0, 2};
@@ -135,7 +157,8 @@ constexpr Shape kShapes[] = {
     Row("xml_long_name", 1'000'000, 200'000, kOne, kNone, LongName),
     Row("xml_attributes", 250'000, 10'000, kOne, kNone, Attributes),
     Row("xml_attributes_of_instance", 250'000, 10'000, kOne, kOne, AttributesOfInstance),
-    Row("xml_children", 250'000, 10'000, kOne, kNone, Children),
+    Row("xml_children", 250'000, 40'000, kOne, kNone, Children),
+    Row("xml_colliding_children", 32'768, 8'192, kOne, kNone, CollidingChildren),
 };
 
 }  // namespace
