@@ -108,6 +108,17 @@ void Children(std::string& file, int items) {
   file += "</FAMILY>\n";
 }
 
+// Entities that lie outside, in the scope of as many prefixes, by a name as long.
+void UnloadedEntities(std::string& file, int items) {
+  const std::size_t root = file.find("<SHAPES");
+  std::string prefixes = "<SHAPES";
+  for (int i = 0; i < items; ++i) prefixes += Numbered(" xmlns:p", i) += "=\"u\"";
+  file.replace(root, std::string_view("<SHAPES").size(), prefixes);
+  file.insert(root,
+              "<!DOCTYPE SHAPES [<!ENTITY e SYSTEM '" + std::string(static_cast<std::size_t>(items), 's') + "'>]>");
+  PutWhole(file, "<TEXT rid=\"#1\"><Value>a", "&e;", items, "</Value></TEXT>\n");
+}
+
 // A name among up to 2^18 that a fixed hash of 8-byte words cannot keep apart: what the top bits of one word change in
 // the product with a known factor, two bytes of the next word change back. A unit above a byte stands for its low byte.
 std::string CollidingName(int number) {
@@ -152,6 +163,7 @@ constexpr Shape kShapes[] = {
     Row("xml_list_of_numbers", 250'000, 20'000, kOne, kNone, NumbersInList),
     Row("xml_list_of_blanks", 250'000, 20'000, kOne, kNone, BlanksInList),
     Row("xml_list_of_references", 250'000, 20'000, kTwo, kNone, ReferencesInList),
+    Row("xml_unloaded_entities", 250'000, 10'000, kOne, kEach, UnloadedEntities),
     Row("xml_nested", 250'000, 10'000, kOne, kNone, Nested),
     Row("xml_comments", 250'000, 50'000, kOne, kNone, Comments),
     Row("xml_long_name", 1'000'000, 200'000, kOne, kNone, LongName),

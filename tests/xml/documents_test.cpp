@@ -118,10 +118,10 @@ TEST_F(Documents, NothingIsLoadedFromOutside) {
   const std::string secret = MakeFile("secret.txt", "secret");
   const std::string dtd = MakeFile("evil.dtd", "<!ENTITY g 'grown'><!ATTLIST PROBE rid CDATA '#1'>");
   const std::string head = "<!DOCTYPE PROJ SYSTEM '" + dtd + "' [<!ENTITY x SYSTEM '" + secret + "'>";
-  for (const auto& [use, name] : {std::pair{"<A>[&x;]</A>", secret}, {"<A>[&g;]</A>", std::string("g")}}) {
-    const Outcome outcome = ReadDocument(head + "]>" + ProbeDocument(use));
+  for (const std::string name : {"x", "g"}) {
+    const Outcome outcome = ReadDocument(head + "]>" + ProbeDocument("<A>[&" + name + ";]<!--&c;--><?p &p;?></A>"));
     EXPECT_EQ(outcome, (Outcome{-1, {outcome.reports.at(0)}, {"PROBE('[]')"}})) << "the read goes on without it";
-    EXPECT_EQ(outcome.reports[0].substr(0, 19 + name.size()), "entity not loaded: " + name);
+    EXPECT_EQ(outcome.reports[0].substr(0, 21), "entity not loaded: " + name + " ");
   }
   EXPECT_EQ(ReadDocument(head + "<!ENTITY % p SYSTEM '" + dtd + "'>%p;]>" + ProbeDocument("<A>1</A>")), Read("1"));
   EXPECT_EQ(

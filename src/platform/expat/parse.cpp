@@ -59,12 +59,15 @@ void XMLCALL OnSkippedEntity(void* parse, const XML_Char* name, int isParameter)
   if (!isParameter) static_cast<ExpatParse*>(parse)->SkipEntity(name);
 }
 
-// Of what a document type refers to there is no context, and nobody misses it before an entity of it is used.
-int XMLCALL OnExternalEntity(XML_Parser parse, const XML_Char* context, const XML_Char* /*base*/,
-                             const XML_Char* systemId, const XML_Char* /*publicId*/) {
-  if (context) reinterpret_cast<ExpatParse*>(parse)->SkipEntity(systemId);
-  return XML_STATUS_OK;
+void XMLCALL OnEndDocumentType(void* parse) { static_cast<ExpatParse*>(parse)->EndDocumentType(); }
+
+void XMLCALL OnMarkup(void* parse, const XML_Char* text, int size) {
+  static_cast<ExpatParse*>(parse)->Markup({text, static_cast<std::size_t>(size)});
 }
+
+void XMLCALL OnComment(void* /*parse*/, const XML_Char* /*text*/) {}
+
+void XMLCALL OnInstruction(void* /*parse*/, const XML_Char* /*target*/, const XML_Char* /*text*/) {}
 
 void AddCount(TextBuffer& text, XML_Size count) {
   char digits[24];
@@ -114,8 +117,7 @@ bool ExpatParse::MakeParser() {
   XML_SetAttlistDeclHandler(parser_.get(), OnAttribute);
   XML_SetParamEntityParsing(parser_.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
   XML_SetSkippedEntityHandler(parser_.get(), OnSkippedEntity);
-  XML_SetExternalEntityRefHandler(parser_.get(), OnExternalEntity);
-  XML_SetExternalEntityRefHandlerArg(parser_.get(), this);
+  XML_SetEndDoctypeDeclHandler(parser_.get(), OnEndDocumentType);
   XML_SetUnknownEncodingHandler(parser_.get(), DescribeCodePage, nullptr);
   return true;
 }
@@ -184,7 +186,19 @@ void ExpatParse::DeclareAttribute(const XML_Char* name, bool hasDefault) {
   if (std::strlen(name) > kLongestDeclared) Refuse("too long a name of an attribute declared");
 }
 
-void ExpatParse::SkipEntity(const XML_Char* name) {
+// A handler of external entities would cost all bound prefixes for each reference, so references to them are taken from
+// what is left over. Comments and instructions have handlers so that no piece of a long one looks like a reference.
+void ExpatParse::EndDocumentType() {
+  XML_SetDefaultHandlerExpand(parser_.get(), OnMarkup);
+  XML_SetCommentHandler(parser_.get(), OnComment);
+  XML_SetProcessingInstructionHandler(parser_.get(), OnInstruction);
+}
+
+void ExpatParse::Markup(std::string_view utf8) {
+  if (utf8.front() == '&') SkipEntity(utf8.substr(1, utf8.size() - 2));
+}
+
+void ExpatParse::SkipEntity(std::string_view name) {
   TextBuffer message;
   message.Add("entity not loaded: ").Add(name);
   AddPlace(message);

@@ -45,7 +45,9 @@ class ExpatParse {
   void StartNamespace(const XML_Char* address);
   void DeclareEntity();
   void DeclareAttribute(const XML_Char* name, bool hasDefault);
-  void SkipEntity(const XML_Char* name);  // that is not in the document; goes on without it
+  void EndDocumentType();
+  void Markup(std::string_view utf8);      // that no other callback takes
+  void SkipEntity(std::string_view name);  // that is not in the document; goes on without it
   void Text(std::string_view utf8);
 
  private:
