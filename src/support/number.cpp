@@ -241,7 +241,7 @@ char* ShortRealToText(char* room, double value) {
 
 char* RealToText(char* room, double value) {
   const double magnitude = std::fabs(value);
-  if (magnitude >= 1e-4 && magnitude < 999999.0) {
+  if (std::isgreaterequal(magnitude, 1e-4) && std::isless(magnitude, 999999.0)) {  // not a number raises no trap
     char* start = room;
     if (value < 0) *start++ = '-';
     const int whole = static_cast<int>(magnitude);

@@ -69,6 +69,15 @@ TEST(NumberToText, RealsHaveSixDigitsAndNoMore) {
   }
 }
 
+// Which a host may let end it.
+TEST(NumberToText, NoRealRaisesAFloatingPointException) {
+  for (const double value : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, 0.0, 4.9e-324, 1.7e308, 0.1}) {
+    std::feclearexcept(FE_ALL_EXCEPT);
+    RealText(value);
+    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW), 0) << value;
+  }
+}
+
 TEST(NumberToText, PowersOfTenAndTheirNeighboursPrintAsInC) {
   for (int power = -330; power <= 308; ++power) {
     for (const char* digits : {"1", "5", "9.99999", "9.999995", "9.9999949999999999", "1.000005", "1.23456500000"}) {
