@@ -19,14 +19,30 @@ void ReportFormatted(STEPtransfer* t, const char* message, Value value) {
   ReportError(t, text.Text());
 }
 
+// False when memory is exhausted and the text is cut.
+bool Compose(TextBuffer& text, const STEPtransfer* t, const char* fileName, const char* message) {
+  text.Add(kReportCaption)
+      .Add(": ")
+      .Add(fileName)
+      .Add(" (")
+      .Add(t->line)
+      .Add(") [")
+      .Add(t->where)
+      .Add("]")
+      .Add(message);
+  return !text.IsCut();
+}
+
 }  // namespace
 
 void ReportError(STEPtransfer* t, const char* message) {
   if (t->errors < INT_MAX) ++t->errors;
   if (!t->errorProc) return;
   TextBuffer text;
-  text.Add(kReportCaption).Add(": ").Add(t->fileName).Add(" (").Add(t->line).Add(") [").Add(t->where).Add("]");
-  t->errorProc(text.Add(message).Text());
+  if (Compose(text, t, t->fileName, message)) return t->errorProc(text.Text());
+  TextBuffer shorter;  // a long name gives way to what happened
+  Compose(shorter, t, "...", message);
+  t->errorProc(shorter.Text());
 }
 
 void ReportError(STEPtransfer* t, const char* message, const char* text) { ReportFormatted(t, message, text); }

@@ -17,12 +17,12 @@ const char* QuoteFileName(TextBuffer& room, const char* name) {
     if (*c == '\'') room.Add('\'');
     room.Add(*c);
   }
-  return room.IsCut() ? "" : room.Text();
+  return room.IsCut() ? nullptr : room.Text();
 }
 
 const char* CommentFileName(TextBuffer& room, const char* name) {
   for (const char* c = name; *c; ++c) room.Add(c[0] == '-' && c[1] == '-' ? '_' : *c);
-  return room.Text();
+  return room.IsCut() ? nullptr : room.Text();
 }
 
 }  // namespace steprt

@@ -10,11 +10,12 @@ namespace steprt {
 // `name` and ".stp". A slash is no separator. Null when memory is exhausted: a name that is cut is another file's.
 const char* DefaultFileName(TextBuffer& room, const char* name);
 
-// `name` with every apostrophe doubled, in `room`. Empty when memory is exhausted: a name cut between two apostrophes
+// `name` with every apostrophe doubled, in `room`. Null when memory is exhausted: a name cut between two apostrophes
 // would leave the text about it open.
 const char* QuoteFileName(TextBuffer& room, const char* name);
 
-// `name` as an XML comment may hold it, in `room`: a `-` with another one behind it becomes `_`.
+// `name` as an XML comment may hold it, in `room`: a `-` with another one behind it becomes `_`. Null when memory is
+// exhausted.
 const char* CommentFileName(TextBuffer& room, const char* name);
 
 }  // namespace steprt

@@ -24,12 +24,11 @@ void PutSectionChange(STEPtransfer* t, int ended, int begun) {
   Put(t, {SectionKeyword(ended), ";\n\n", SectionKeyword(begun), ";\n"});
 }
 
-void WriteHead(STEPtransfer* t, const char* fileName, const char* remark) {
-  TextBuffer quoted;
+void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
   PutSectionChange(t, SEC_START, SEC_HEADER);
   PutFileDescription(t, remark);
   Put(t, {"\n"});
-  PutFileName(t, QuoteFileName(quoted, fileName));
+  PutFileName(t, shownName);
   Put(t, {"\nFILE_SCHEMA(('", NameOf(*t->schema), "'));\n"});
   PutSectionChange(t, SEC_ENDSEC, SEC_DATA);
 }
@@ -51,10 +50,13 @@ int STEPwrite(char* fileName, const char* remark, STEPheader* first, APPobject0*
   const TransferOwner t = NewTransfer(DefaultFileName(room, fileName), ErrorProcOf(schema), schema, false);
   if (!t) return kFailed;
   Copy(t->where, "Write", kWhereLimit);
-  const std::unique_ptr<OutputFile> file(OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kDenyWrite));
+  TextBuffer quoted;
+  const char* shownName = QuoteFileName(quoted, fileName);  // no file is made without it
+  const std::unique_ptr<OutputFile> file(
+      shownName ? OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kDenyWrite) : nullptr);
   t->file.out = file.get();
   if (!file) return Refuse(t.get(), kCannotCreateFile, kFailed);
-  WriteHead(t.get(), fileName, remark ? remark : "");
+  WriteHead(t.get(), shownName, remark ? remark : "");
   t->line = kFirstRecordLine;
   const int count = WriteRecords(t.get(), first, {OpenRecord, CloseRecord});
   file->End({SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"});

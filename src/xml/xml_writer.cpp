@@ -19,12 +19,11 @@ constexpr int kFailed = -1;
 constexpr int kFirstEntityLine = 5;
 
 // The encoding is a claim: texts go out as they stand in memory.
-void WriteHead(STEPtransfer* t, const char* fileName, const char* remark) {
-  TextBuffer shownName;
+void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
   Put(t, {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n<!-- "});
   PutFileDescription(t, remark);
   Put(t, {" -->\n<!-- "});
-  PutFileName(t, CommentFileName(shownName, fileName));
+  PutFileName(t, shownName);
   Put(t, {" -->\n<", NameOf(*t->schema), ">\n"});
 }
 
@@ -45,10 +44,13 @@ int STEPwriteXml(char* fileName, const char* remark, STEPheader* first, APPobjec
   const TransferOwner t = NewTransfer(DefaultFileName(room, fileName), ErrorProcOf(schema), schema, true);
   if (!t) return kFailed;
   Copy(t->where, "Write", kWhereLimit);
-  const std::unique_ptr<OutputFile> file(OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kAll));
+  TextBuffer comment;
+  const char* shownName = CommentFileName(comment, fileName);  // no file is made without it
+  const std::unique_ptr<OutputFile> file(shownName ? OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kAll)
+                                                   : nullptr);
   t->file.out = file.get();
   if (!file) return Refuse(t.get(), kCannotCreateFile, kFailed);
-  WriteHead(t.get(), fileName, remark);
+  WriteHead(t.get(), shownName, remark);
   t->line = kFirstEntityLine;
   const int count = WriteRecords(t.get(), first, {OpenEntity, CloseEntity});
   file->End({"</", NameOf(*schema), ">\n"});

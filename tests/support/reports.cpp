@@ -12,10 +12,12 @@ Texts collected;
 void CollectReport(const char* text) { collected.emplace_back(text); }
 
 Texts TakeReports(const std::string& path) {
-  const std::string start = "STEP error: " + path + " ";
   Texts reports = std::exchange(collected, {});
-  for (std::string& report : reports) {
-    if (report.compare(0, start.size(), start) == 0) report.erase(0, start.size());
+  for (const std::string& name : {path, std::string("...")}) {  // which is left out where memory is
+    const std::string start = "STEP error: " + name + " ";
+    for (std::string& report : reports) {
+      if (report.compare(0, start.size(), start) == 0) report.erase(0, start.size());
+    }
   }
   return reports;
 }

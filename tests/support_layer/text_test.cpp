@@ -66,15 +66,6 @@ TEST(FileName, TheEndingIsAddedWhenTheLastComponentHasNoDot) {
   EXPECT_EQ(steprt::DefaultFileName(room, longName.c_str()), longName + ".stp");
 }
 
-TEST(FileName, AQuotedFormThatDoesNotFitIsEmpty) {
-  for (const std::size_t dots : {0u, 1u}) {  // so that the room ends between two apostrophes, and behind them
-    const std::string name = std::string(dots, '.') + std::string(300, '\'');
-    const FailingNew failing(1);
-    TextBuffer room;
-    EXPECT_STREQ(steprt::QuoteFileName(room, name.c_str()), "") << dots;
-  }
-}
-
 TEST(FileName, ApostrophesAreDoubledInTheQuotedFormAndDashesPartedInTheOneForComments) {
   const struct {
     const char* name;
