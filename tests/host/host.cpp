@@ -132,6 +132,7 @@ const Trait kTraits[] = {
     {"environment", UseOddEnvironment},
     {"signals", UsePlainSignals},
     {"upward", [] { return UseRounding(FE_UPWARD); }},
+    {"downward", [] { return UseRounding(FE_DOWNWARD); }},
     {"towardzero", [] { return UseRounding(FE_TOWARDZERO); }},
 };
 

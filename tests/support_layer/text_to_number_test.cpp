@@ -43,6 +43,18 @@ void ExpectAsC(const std::string& text) {
   ASSERT_EQ(TextToInt(text.c_str()), ExpectedInt(text)) << "'" << text << "'";
 }
 
+// Which a host may let end it.
+TEST(TextToNumber, NoWordRaisesAFloatingPointException) {
+  for (const char* word :
+       {"nan", "-nan(1)", "inf", "1e400", "1e-400", "4.9e-324", "2.2250738585072011e-308", "0x1.8p-1074", "-1e308",
+        "0.1", "123456789012345678901234567890", "99999999999999999999", "-", "."}) {
+    std::feclearexcept(FE_ALL_EXCEPT);
+    TextToReal(word);
+    TextToInt(word);
+    EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW), 0) << word;
+  }
+}
+
 TEST(TextToNumber, OddWordsAreReadAsTheCFunctionsReadThem) {
   std::istringstream words(
       "+ - . +-5 -+5 --5 ++5 5+ 12X 1. .5 +.5 -.5e-1 1.E3 1e 1e+ 1e-x 1.5.2 1,5 1_000 1e5e5 0000.0000 /* \"1\" 0x 0x. "
