@@ -100,7 +100,7 @@ void CheckDocument(const std::string& bytes) {
 }
 
 // Other seeds with each round of
-//   steprt_tests --gtest_filter='Mutations.*' --gtest_shuffle --gtest_random_seed=1 --gtest_repeat=100
+//   steprt_tests --gtest_filter='*Mutations.*' --gtest_shuffle --gtest_random_seed=1 --gtest_repeat=100
 void CheckMutations(Form form, void (*check)(const std::string& bytes)) {
   std::vector<std::string> files;
   for (const GoldenFile& file : GoldenFiles(form)) files.push_back(file.bytes);
@@ -116,13 +116,23 @@ void CheckMutations(Form form, void (*check)(const std::string& bytes)) {
   }
 }
 
-TEST(Mutations, OfClearTextAreReadAsTheReferenceReaderDoesAndComeBack) {
-  CheckMutations(Form::kClearText, CheckClearText);
+struct Check {
+  const char* name;
+  Form form;
+  void (*check)(const std::string& bytes);
+};
+
+std::vector<Check> Checks() {
+  std::vector<Check> checks = {{"OfClearText", Form::kClearText, CheckClearText}};
+  if (steprt::saxService) checks.push_back({"OfDocuments", Form::kXml, CheckDocument});
+  return checks;
 }
 
-TEST(Mutations, OfDocumentsAreReadToTheirEndAndComeBack) {
-  if (!steprt::saxService) GTEST_SKIP() << "no document is read without XML";
-  CheckMutations(Form::kXml, CheckDocument);
-}
+class Mutations : public testing::TestWithParam<Check> {};
+
+TEST_P(Mutations, AreReadToTheirEndAndComeBack) { CheckMutations(GetParam().form, GetParam().check); }
+
+INSTANTIATE_TEST_SUITE_P(Forms, Mutations, testing::ValuesIn(Checks()),
+                         [](const auto& each) { return each.param.name; });
 
 }  // namespace
