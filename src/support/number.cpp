@@ -1,5 +1,7 @@
 #include "support/number.h"
 
+#include <algorithm>
+#include <bit>
 #include <cfenv>
 #include <cfloat>
 #include <charconv>
@@ -7,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace steprt {
 namespace {
@@ -239,9 +242,14 @@ char* ShortRealToText(char* room, double value) {
 
 }  // namespace
 
+// Bits of magnitudes compare as the values do, and a NaN raises no floating-point exception in them.
 char* RealToText(char* room, double value) {
+  constexpr auto bitsOf = [](double real) { return std::bit_cast<std::uint64_t>(real); };
   const double magnitude = std::fabs(value);
-  if (std::isgreaterequal(magnitude, 1e-4) && std::isless(magnitude, 999999.0)) {  // not a number raises no trap
+  const std::uint64_t bits = bitsOf(magnitude);
+  if (bits > bitsOf(HUGE_VAL))
+    return std::ranges::copy(std::string_view(std::signbit(value) ? "-nan" : "nan"), room).out;
+  if (bits >= bitsOf(1e-4) && bits < bitsOf(999999.0)) {
     char* start = room;
     if (value < 0) *start++ = '-';
     const int whole = static_cast<int>(magnitude);

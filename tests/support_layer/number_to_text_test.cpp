@@ -71,7 +71,8 @@ TEST(NumberToText, RealsHaveSixDigitsAndNoMore) {
 
 // Which a host may let end it.
 TEST(NumberToText, NoRealRaisesAFloatingPointException) {
-  for (const double value : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, 0.0, 4.9e-324, 1.7e308, 0.1}) {
+  for (const double value : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::signaling_NaN(),
+                             HUGE_VAL, 0.0, 4.9e-324, 1.7e308, 0.1}) {
     std::feclearexcept(FE_ALL_EXCEPT);
     RealText(value);
     EXPECT_EQ(std::fetestexcept(FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW), 0) << value;

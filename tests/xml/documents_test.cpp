@@ -123,6 +123,10 @@ TEST_F(Documents, NothingIsLoadedFromOutside) {
     EXPECT_EQ(outcome, (Outcome{-1, {outcome.reports.at(0)}, {"PROBE('[]')"}})) << "the read goes on without it";
     EXPECT_EQ(outcome.reports[0].substr(0, 21), "entity not loaded: " + name + " ");
   }
+  const std::string ands(3000, '&');  // in pieces, of which most begin with one
+  EXPECT_EQ(ReadDocument("<?xml version='1.0' encoding='ISO-8859-1'?>" + head + "]>" +
+                         ProbeDocument("<A>1<!--" + ands + "--><?p " + ands + "?></A>")),
+            Read("1"));
   EXPECT_EQ(ReadDocument(head + "<!ENTITY % p SYSTEM '" + dtd + "'>%p;]>" + ProbeDocument("<A>1</A>")), Read("1"));
   EXPECT_EQ(
       ReadDocument("<!DOCTYPE PROJ [<!ENTITY % d \"<!ENTITY g 'grown'>\"> %d; ]>" + ProbeDocument("<A>[&g;]</A>")),
@@ -200,6 +204,25 @@ std::string Times(int count, const std::string& piece) {
   std::string text;
   for (int i = 0; i < count; ++i) text += piece;
   return text;
+}
+
+TEST_F(Documents, ANestInANamespaceHasALimit) {
+  const auto document = [](int depth) {
+    return "<x>" + Times(depth, "<a xmlns='u'>") + Times(depth, "</a>") + InRoot(kPersonEntity) + "</x>";
+  };
+  EXPECT_EQ(ReadDocument(document(1'000)), kPerson41);
+  const Outcome outcome = ReadDocument(document(100'000));
+  EXPECT_EQ(outcome, Refused(outcome.reports.at(0)));
+  EXPECT_EQ(outcome.reports[0].substr(0, 31), "too deep in a namespace (line 1");
+}
+
+TEST_F(Documents, TagsOutOfEntitiesHaveALimit) {
+  const std::string head = "<!DOCTYPE PROJ [<!ENTITY e '" + Times(1'000, "<a/>") + "'>]>";
+  const auto document = [&](int count) { return head + "<x>" + Times(count, "&e;") + InRoot(kPersonEntity) + "</x>"; };
+  EXPECT_EQ(ReadDocument(document(130)), kPerson41);
+  const Outcome outcome = ReadDocument(document(1'000));
+  EXPECT_EQ(outcome, Refused(outcome.reports.at(0)));
+  EXPECT_EQ(outcome.reports[0].substr(0, 33), "too many tags in entities (line 1");
 }
 
 TEST_F(Documents, ANestOfAMillionElementsAndATextInAMillionPiecesAreRead) {

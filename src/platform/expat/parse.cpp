@@ -23,6 +23,13 @@ const XML_Char* LocalPart(const XML_Char* name) {
 // The address stands in every name that Expat gives, so a long one would be walked for every tag.
 constexpr std::size_t kLongestAddress = 512;
 
+// Of a name in a namespace Expat may go through all elements that are open, so the sum of their depths has a limit.
+constexpr long kLeastDepths = 1 << 20;
+constexpr long kDepthsForByte = 16;
+
+// Each start tag may cost its defaults, and entities make many of a few bytes.
+constexpr long kLeastTags = 1 << 17;
+
 // What a document type may declare. Expat recurses for an entity inside of an entity, and goes through all that is
 // declared of an element's attributes, their names too, for each of its tags.
 constexpr int kMostEntities = 256;
@@ -161,6 +168,11 @@ void ExpatParse::AddPlace(TextBuffer& message) const {
 void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
   SendText();
   const std::string_view local = LocalPart(name);
+  const XML_Index position = XML_GetCurrentByteIndex(parser_.get());
+  ++depth_;
+  if (++tags_ > kLeastTags + position) return Refuse("too many tags in entities");
+  if (local.data() != name) depths_ += depth_;
+  if (depths_ > kLeastDepths + kDepthsForByte * position) return Refuse("too deep in a namespace");
   if (!name_.Reserve(local.size())) return Refuse(XML_ErrorString(XML_ERROR_NO_MEMORY));
   attributes_.Bind(attributes);
   Send([&] { return content_.StartElement(name_.Put(local), attributes_); });
@@ -168,6 +180,7 @@ void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes)
 
 void ExpatParse::EndElement() {
   SendText();
+  --depth_;
   Send([this] { return content_.EndElement(); });
 }
 
