@@ -122,8 +122,9 @@ bool HasHole(const std::string& instance) {
 // A transfer that cannot be made is told by the result, if at all.
 bool IsNothing(const Outcome& outcome, const Outcome& sound) {
   const Texts& left = outcome.population;  // of a write, the file
-  const bool isUntouched = left.empty() || left == Texts{"before"} || left == Texts{"(none)"};
-  return NewReports(outcome, sound).empty() && isUntouched && outcome.result <= 1;
+  const bool isNoRead = left.empty() && (outcome.result == 0 || outcome.result == 1);
+  const bool isNoWrite = (left == Texts{"before"} || left == Texts{"(none)"}) && outcome.result == -1;
+  return NewReports(outcome, sound).empty() && (isNoRead || isNoWrite);
 }
 
 // Others may follow from the loss: a list that cannot be made leaves its items to the next reader.

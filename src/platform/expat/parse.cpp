@@ -24,11 +24,11 @@ const XML_Char* LocalPart(const XML_Char* name) {
 constexpr std::size_t kLongestAddress = 512;
 
 // Of a name in a namespace Expat may go through all elements that are open, so the sum of their depths has a limit.
-constexpr long kLeastDepths = 1 << 20;
-constexpr long kDepthsForByte = 16;
+constexpr std::int64_t kLeastDepths = 1 << 20;
+constexpr std::int64_t kDepthsForByte = 16;
 
 // Each start tag may cost its defaults, and entities make many of a few bytes.
-constexpr long kLeastTags = 1 << 17;
+constexpr std::int64_t kLeastTags = 1 << 17;
 
 // What a document type may declare. Expat recurses for an entity inside of an entity, and goes through all that is
 // declared of an element's attributes, their names too, for each of its tags.
@@ -168,7 +168,7 @@ void ExpatParse::AddPlace(TextBuffer& message) const {
 void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
   SendText();
   const std::string_view local = LocalPart(name);
-  const XML_Index position = XML_GetCurrentByteIndex(parser_.get());
+  const std::int64_t position = XML_GetCurrentByteIndex(parser_.get());
   ++depth_;
   if (++tags_ > kLeastTags + position) return Refuse("too many tags in entities");
   if (local.data() != name) depths_ += depth_;

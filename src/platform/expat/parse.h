@@ -4,6 +4,7 @@
 
 #include <expat.h>
 
+#include <cstdint>
 #include <exception>
 #include <memory>
 #include <string_view>
@@ -74,9 +75,9 @@ class ExpatParse {
   int entities_ = 0;             // that the document type has declared so far
   int declared_ = 0;             // attributes of it
   int defaults_ = 0;             // those of them that have one
-  long tags_ = 0;                // start tags so far
-  long depth_ = 0;               // of the element at hand
-  long depths_ = 0;              // of all so far that stand in a namespace, summed up
+  std::int64_t tags_ = 0;        // start tags so far
+  std::int64_t depth_ = 0;       // of the element at hand
+  std::int64_t depths_ = 0;      // of all so far that stand in a namespace, summed up
   ExpatAttributes attributes_;
   Utf16Room name_;
 
