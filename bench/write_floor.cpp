@@ -13,7 +13,7 @@ namespace bench {
 namespace {
 
 constexpr std::size_t kIntegerRoom = 16;
-constexpr std::size_t kRealRoom = 32;
+constexpr std::size_t kRealBuffer = 32;
 
 class Printer {
  public:
@@ -50,7 +50,7 @@ class Printer {
   }
   void Real(const char*, double& value) {
     Separate();
-    p_ = std::to_chars(p_, p_ + kRealRoom, value, std::chars_format::general, 6).ptr;
+    p_ = std::to_chars(p_, p_ + kRealBuffer, value, std::chars_format::general, 6).ptr;
   }
   void Enumerator(const char*, int& value, const char** names, int) {
     Separate();

@@ -28,7 +28,7 @@ bool ParseBlocks(XML_Parser parser, int handle, int blockSize) {
 }
 
 constexpr std::size_t kIntegerRoom = 16;
-constexpr std::size_t kRealRoom = 32;
+constexpr std::size_t kRealBuffer = 32;
 
 class Printer {
  public:
@@ -78,7 +78,7 @@ class Printer {
 
  private:
   void PutChar(char c) { *p_++ = c; }
-  void PutReal(double value) { p_ = std::to_chars(p_, p_ + kRealRoom, value, std::chars_format::general, 6).ptr; }
+  void PutReal(double value) { p_ = std::to_chars(p_, p_ + kRealBuffer, value, std::chars_format::general, 6).ptr; }
 
   void PutNumber(STEPheader* object) {
     if (object->number == 0) object->number = ++lastNumber_;

@@ -72,16 +72,16 @@ void CheckSmallDecimal(std::uint64_t mantissa, int exponent) {
 // ---- number to text
 
 std::string Print(double value) {
-  char room[kRealRoom];
+  char room[kRealBuffer];
   char* end = RealToText(room, value);
-  STEPRT_CHECK(end > room && end <= room + kRealRoom);
+  STEPRT_CHECK(end > room && end <= room + kRealBuffer);
   return std::string(room, end);
 }
 
 std::string Print(int value) {
-  char room[kIntRoom];
+  char room[kIntBuffer];
   char* end = IntToText(room, value);
-  STEPRT_CHECK(end > room && end <= room + kIntRoom);
+  STEPRT_CHECK(end > room && end <= room + kIntBuffer);
   return std::string(room, end);
 }
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "check.h"
-#include "read/records.h"
-#include "xml/value_kind.h"
-#include "xml/value_lists.h"
+#include "read/transfer/record.h"
+#include "xml/values/kind.h"
+#include "xml/values/lists.h"
 
 namespace fuzz {
 namespace {

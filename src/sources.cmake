@@ -1,5 +1,6 @@
 # The library's sources, by layer. The frame in CMakeLists.txt compiles them.
 set(STEPRT_SOURCES
+    support/copy.cpp
     support/file_name.cpp
     support/number.cpp
     support/number_map.cpp
@@ -17,7 +18,6 @@ set(STEPRT_SOURCES
     schema/lookup.cpp
     schema/lookup_cache.cpp
     model/aggregate.cpp
-    model/copy.cpp
     model/current_model.cpp
     model/instance.cpp
     model/model.cpp
@@ -27,17 +27,18 @@ set(STEPRT_SOURCES
     model/select.cpp
     model/string.cpp
     model/type_queries.cpp
-    read/entry_index.cpp
-    read/element_index.cpp
-    read/lookahead.cpp
-    read/transfer.cpp
-    read/report.cpp
-    read/instance_table.cpp
-    read/fixups.cpp
-    xml/value_element.cpp
-    xml/value_escape.cpp
-    xml/value_kind.cpp
-    xml/value_lists.cpp
+    read/transfer/element_index.cpp
+    read/transfer/entry_index.cpp
+    read/transfer/instance_table.cpp
+    read/transfer/keywords.cpp
+    read/transfer/prefetch.cpp
+    read/transfer/references.cpp
+    read/transfer/report.cpp
+    read/transfer/transfer.cpp
+    xml/values/element.cpp
+    xml/values/escape.cpp
+    xml/values/kind.cpp
+    xml/values/lists.cpp
     read/tokeniser.cpp
     read/sections.cpp
     read/header_section.cpp
@@ -45,9 +46,8 @@ set(STEPRT_SOURCES
     read/file_reader.cpp
     read/attribute.cpp
     read/scalars.cpp
-    read/reference.cpp
     read/references.cpp
-    read/list_builder.cpp
+    read/list_appender.cpp
     read/lists.cpp
     write/record_loop.cpp
     write/frame.cpp
@@ -60,7 +60,7 @@ set(STEPRT_SOURCES
     xml/parser.cpp
     xml/xml_reader.cpp
     xml/xml_writer.cpp
-    model/model_transfer.cpp
+    exports/model_transfer.cpp
     exports/entry_table.cpp
     exports/load_hook.cpp)
 

@@ -77,7 +77,7 @@ void STEPstring::Init() {
 void STEPstring::AllocBuffer(int n) {
   Init();
   if (n <= 0) return;
-  char* buffer = steprt::MakeRoomOrNull(static_cast<std::size_t>(n) + 1);
+  char* buffer = steprt::MakeBufferOrNull(static_cast<std::size_t>(n) + 1);
   if (!buffer) return;
   data = buffer;
   length = capacity = n;

@@ -2,12 +2,9 @@
 #ifndef STEPRT_READ_ATTRIBUTE_H
 #define STEPRT_READ_ATTRIBUTE_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
-
-inline constexpr const char* kBoolKeywords[] = {".F.", ".T."};
-inline constexpr const char* kLogicalKeywords[] = {".U.", ".F.", ".T."};  // values -1, 0, 1
 
 // An attribute's token, behind one comma if there is one. From the record's `;` on it gives TOK_SEMI and reads nothing.
 int NextAttrToken(STEPtransfer* t);

@@ -1,9 +1,9 @@
 #include "read/data_section.h"
 
-#include "read/instance_table.h"
-#include "read/report.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
+#include "read/transfer/instance_table.h"
+#include "read/transfer/report.h"
 #include "steprt/text.h"
 
 namespace steprt {
@@ -11,7 +11,7 @@ namespace {
 
 void RefuseRecord(STEPtransfer* t, const char* message) {
   ReportError(t, message);
-  SkipPastSemicolon(t);
+  SkipToSemicolon(t);
 }
 
 // ( attributes ), of which only the brackets are looked at here. What stands in place of the `)` is given back, so that
@@ -37,17 +37,20 @@ void ExpectFurther(STEPtransfer* t) {
 // One record, whose number has been read. The number counts as used from here on, whatever becomes of the record.
 // False where the record breaks off before its keyword, as that of a complex instance does.
 bool ReadRecord(STEPtransfer* t, int number) {
-  t->lookahead.SeeRecord(number);
+  t->prefetcher.SeeRecord(number);
   ExpectFurther(t);
   STEPentry* entry = RegisterEntry(t, number);
-  if (!entry) return RefuseRecord(t, kOutOfMemory), true;
+  if (!entry) {
+    RefuseRecord(t, kOutOfMemory);
+    return true;
+  }
   if (NextToken(t, '=', TOK_EQUAL) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
   Copy(t->where, t->value.text, kWhereLimit);
   if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
     ReadBrackets(t, *row, entry);
   } else {
     ReportError(t, kUnknownEntity, t->value.text);
-    SkipPastSemicolon(t);
+    SkipToSemicolon(t);
   }
   return true;
 }

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "read/report.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
-#include "read/transfer.h"
+#include "read/transfer/report.h"
+#include "read/transfer/transfer.h"
 #include "schema/lookup.h"
 #include "steprt/read.h"
 #include "steprt/text.h"
@@ -16,11 +16,7 @@ namespace {
 
 // Reads up to the record's `;` and gives that back: the header takes it in place of `)`.
 STEPheader* ReadFileSkip(STEPtransfer* t) {
-  int token;
-  do {
-    token = NextToken(t);
-  } while (token != TOK_SEMI && token != TOK_EOF);
-  t->pushedToken = token;
+  t->pushedToken = SkipToSemicolon(t);
   return nullptr;
 }
 
@@ -79,7 +75,7 @@ int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
     } else {
       ReportError(t, kUnknownEntity, t->value.text);  // `where` still shows what it showed before
     }
-    SkipPastSemicolon(t);
+    SkipToSemicolon(t);
   }
 }
 

@@ -2,7 +2,7 @@
 #ifndef STEPRT_READ_HEADER_SECTION_H
 #define STEPRT_READ_HEADER_SECTION_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

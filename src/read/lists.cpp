@@ -1,11 +1,12 @@
 // The readers of aggregate attributes.
+#include "xml/values/lists.h"
+
 #include "read/attribute.h"
-#include "read/list_builder.h"
-#include "read/report.h"
+#include "read/list_appender.h"
 #include "read/tokeniser.h"
+#include "read/transfer/report.h"
 #include "steprt/read.h"
-#include "xml/value_element.h"
-#include "xml/value_lists.h"
+#include "xml/values/element.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ template <typename TakeItem>
 void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const char* message, TakeItem takeItem) {
   int token = NextAttrToken(t);
   if (token == TOK_SEMI) return;
-  ListBuilder list(t, out);
+  ListAppender list(t, out);
   if (!list.Begin()) return;
   if (token == TOK_NULL && nullList == NullList::kAccepted) return;
   if (token == TOK_OPEN) {
@@ -38,13 +39,13 @@ void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const ch
   ReportError(t, message);
 }
 
-bool TakeReference(STEPtransfer* t, int token, ListBuilder& list, int expected, bool allowNull) {
+bool TakeReference(STEPtransfer* t, int token, ListAppender& list, int expected, bool allowNull) {
   if (token == TOK_REF) return list.AddReference(t->value.integer, expected), true;
   if (token == TOK_NULL && allowNull) return list.AddNull(), true;
   return false;
 }
 
-bool TakeReal(STEPtransfer* t, int token, ListBuilder& list) {
+bool TakeReal(STEPtransfer* t, int token, ListAppender& list) {
   if (token == TOK_REAL) return list.AddReal(t->value.real), true;
   if (token == TOK_INT) return list.AddReal(t->value.integer), true;
   if (token == TOK_NULL) return list.AddReal(0.0), true;
@@ -52,7 +53,7 @@ bool TakeReal(STEPtransfer* t, int token, ListBuilder& list) {
 }
 
 // An unknown name is reported and counts as the first one.
-bool TakeEnumerator(STEPtransfer* t, int token, ListBuilder& list, const char** names, int count) {
+bool TakeEnumerator(STEPtransfer* t, int token, ListAppender& list, const char** names, int count) {
   if (token == TOK_NULL) return list.AddInteger(0), true;
   if (token != TOK_ENUM) return false;
   const int position = FindKeyword(t->value.text, names, count);
@@ -61,7 +62,7 @@ bool TakeEnumerator(STEPtransfer* t, int token, ListBuilder& list, const char** 
   return true;
 }
 
-bool TakeText(STEPtransfer* t, int token, ListBuilder& list) {
+bool TakeText(STEPtransfer* t, int token, ListAppender& list) {
   if (token != TOK_TEXT) return false;
   list.AddText(t->value.text);
   return true;
@@ -69,13 +70,13 @@ bool TakeText(STEPtransfer* t, int token, ListBuilder& list) {
 
 void ReferencesFromTokens(STEPtransfer* t, STEPaggr** out, int expected, bool allowNull) {
   ListFromTokens(t, out, NullList::kAccepted, kMissingReference,
-                 [=](int token, ListBuilder& list) { return TakeReference(t, token, list, expected, allowNull); });
+                 [=](int token, ListAppender& list) { return TakeReference(t, token, list, expected, allowNull); });
 }
 
 // A null item that is not allowed is reported and left out, and the list goes on.
 void ReferencesFromElement(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
   const char* cursor = ElementValue(t, name);
-  ListBuilder list(t, out);
+  ListAppender list(t, out);
   if (!list.Begin()) return;
   for (int number = ScanRefItem(&cursor); number >= 0; number = ScanRefItem(&cursor)) {
     if (number > 0)
@@ -89,13 +90,13 @@ void ReferencesFromElement(STEPtransfer* t, const char* name, STEPaggr** out, in
 
 void RealsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
-                 [=](int token, ListBuilder& list) { return TakeReal(t, token, list); });
+                 [=](int token, ListAppender& list) { return TakeReal(t, token, list); });
 }
 
 // What is no number is 0, without a word.
 void RealsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
   const char* cursor = ElementValue(t, name);
-  ListBuilder list(t, out);
+  ListAppender list(t, out);
   if (!list.Begin()) return;
   ScannedReal last;
   for (double real = ScanRealItem(&cursor, &last); cursor; real = ScanRealItem(&cursor, &last)) list.AddReal(real);
@@ -103,21 +104,21 @@ void RealsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
 
 void EnumeratorsFromTokens(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
-                 [=](int token, ListBuilder& list) { return TakeEnumerator(t, token, list, names, count); });
+                 [=](int token, ListAppender& list) { return TakeEnumerator(t, token, list, names, count); });
 }
 
 // The list has no name, so no element can hold it: what there is of it is an empty one.
-void EnumeratorsFromElement(STEPtransfer* t, STEPaggr** out) { static_cast<void>(ListBuilder(t, out).Begin()); }
+void EnumeratorsFromElement(STEPtransfer* t, STEPaggr** out) { static_cast<void>(ListAppender(t, out).Begin()); }
 
 void TextsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingTextInList,
-                 [=](int token, ListBuilder& list) { return TakeText(t, token, list); });
+                 [=](int token, ListAppender& list) { return TakeText(t, token, list); });
 }
 
 // The scan cuts the element's text, without an `out` too.
 void TextsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
   char* cursor = ElementValue(t, name);
-  ListBuilder list(t, out);
+  ListAppender list(t, out);
   if (!list.Begin()) return;
   while (const char* item = ScanQuotedItem(&cursor)) list.AddText(item);
 }

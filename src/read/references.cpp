@@ -1,22 +1,24 @@
 // The readers of single references and of selects.
+#include "read/transfer/references.h"
+
 #include <cstring>
 
 #include "read/attribute.h"
-#include "read/fixups.h"
-#include "read/instance_table.h"
-#include "read/reference.h"
-#include "read/report.h"
 #include "read/tokeniser.h"
+#include "read/transfer/instance_table.h"
+#include "read/transfer/report.h"
 #include "steprt/read.h"
 #include "steprt/select.h"
 #include "support/memory.h"
 #include "support/number.h"
-#include "xml/value_element.h"
-#include "xml/value_kind.h"
+#include "xml/values/element.h"
+#include "xml/values/kind.h"
 
 namespace {
 
 using namespace steprt;
+
+constexpr int kAnyType = -1;
 
 // The skip runs before the report here, so that the report names the line that the skip has reached.
 void RefuseReference(STEPtransfer* t, int token) {
@@ -24,8 +26,8 @@ void RefuseReference(STEPtransfer* t, int token) {
   ReportError(t, kMissingReference);
 }
 
-void StoreReference(STEPtransfer* t, int number, int expected, STEPheader** slot) {
-  static_cast<void>(SettleReference(t, number, expected, slot));
+void StoreAndCheck(STEPtransfer* t, int number, int expected, STEPheader** slot) {
+  CheckType(t, StoreReference(t, number, expected, slot), expected);
 }
 
 void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
@@ -37,7 +39,7 @@ void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
       *slot = nullptr;
       return;
     case TOK_REF:
-      return StoreReference(t, t->value.integer, expected, slot);
+      return StoreAndCheck(t, t->value.integer, expected, slot);
     default:
       return RefuseReference(t, token);
   }
@@ -47,17 +49,15 @@ void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
 void ReferenceFromElement(STEPtransfer* t, const char* name, STEPheader** slot, int expected) {
   const char* text = ElementValue(t, name);
   const int number = *text == '#' ? TextToInt(text + 1) : 0;
-  if (number > 0) return StoreReference(t, number, expected, slot);
+  if (number > 0) return StoreAndCheck(t, number, expected, slot);
   *slot = nullptr;
 }
 
 // A number that stands for no instance is a null object, without a word, and no type is tested.
 void SelectReference(STEPtransfer* t, int number, STEPselect* select) {
   if (const STEPentry* entry = FindEntry(t, number)) return select->SetSTEPobj(entry->object);
-  STEPfixup* fixup = AddFixup(t, number);
-  if (!fixup) return ReportError(t, kOutOfMemory);
+  if (!AddFixup(t, number, kAnyType, &select->value.object)) return ReportError(t, kOutOfMemory);
   select->SetSTEPobj(nullptr);
-  fixup->slot = &select->value.object;
 }
 
 // A text that cannot be copied leaves the select as it was, without a report.

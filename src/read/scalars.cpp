@@ -1,11 +1,12 @@
 // The readers of scalar attributes.
 #include "read/attribute.h"
-#include "read/report.h"
 #include "read/tokeniser.h"
+#include "read/transfer/keywords.h"
+#include "read/transfer/report.h"
 #include "steprt/read.h"
 #include "support/empty_text.h"
 #include "support/number.h"
-#include "xml/value_element.h"
+#include "xml/values/element.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "read/char_class.h"
-#include "read/report.h"
+#include "read/transfer/report.h"
 #include "support/ascii.h"
 #include "support/number.h"
 
@@ -89,7 +89,7 @@ int ScanReference(STEPtransfer* t, const char* const mark) {
   if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || digits.count > kIntDigits) return kNoToken;
   t->value.integer = static_cast<int>(digits.value);
   in.MoveTo(p);
-  if (t->lookahead.IsDue()) t->lookahead.Ask(in, t->entries);
+  if (t->prefetcher.IsDue()) t->prefetcher.Prefetch(in, t->entries);
   return TOK_REF;
 }
 

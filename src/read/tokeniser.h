@@ -2,7 +2,7 @@
 #ifndef STEPRT_READ_TOKENISER_H
 #define STEPRT_READ_TOKENISER_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

@@ -75,7 +75,7 @@ int CountNodes(APPindexNode** index) {
 }  // namespace
 
 APPentity* LookupCache::FindEntityByName(const char* name) {
-  if (!IsCurrent() && !Draw()) return steprt::FindEntityByName(name, schema_);
+  if (!IsCurrent() && !Build()) return steprt::FindEntityByName(name, schema_);
   const std::size_t length = std::strlen(name);
   NameAnswer& answer = nameAnswers_[PlaceOf(name, length, kAnswers)];
   if (answer.row && answer.length == length && std::memcmp(answer.row->name, name, length) == 0) return answer.row;
@@ -87,14 +87,14 @@ APPentity* LookupCache::FindEntityByName(const char* name) {
 }
 
 APPentity* LookupCache::FindEntityByType(int type) {
-  if (!IsCurrent() && !Draw()) return steprt::FindEntityByType(type, schema_);
+  if (!IsCurrent() && !Build()) return steprt::FindEntityByType(type, schema_);
   const int node = FindType(type);
   return node == kNone ? nullptr : nodes_[node].row;
 }
 
 bool LookupCache::IsSubtype(int expected, int actual) {
   if (expected < 0 || expected == actual) return true;
-  if (!IsCurrent() && !Draw()) return steprt::IsSubtype(schema_, expected, actual);
+  if (!IsCurrent() && !Build()) return steprt::IsSubtype(schema_, expected, actual);
   SubtypeAnswer& latest = subtypeAnswers_[PlaceOf(expected, actual, kAnswers)];
   if (latest.expected != expected || latest.actual != actual) {
     latest = {expected, actual, FindSubtype(expected, actual)};
@@ -118,13 +118,13 @@ bool LookupCache::FindSubtype(int expected, int actual) {
 bool LookupCache::IsCurrent() const { return names_ && generation_ == schemaGeneration && index_ == schema_->index; }
 
 // A change that concerns other chains leaves the picture as it is, or as impossible as it is.
-bool LookupCache::Draw() {
-  if (drawn_ && index_ == schema_->index && !HasChanged(schema_, generation_)) {
+bool LookupCache::Build() {
+  if (built_ && index_ == schema_->index && !HasChanged(schema_, generation_)) {
     generation_ = schemaGeneration;
     return names_ != nullptr;
   }
   Forget();
-  drawn_ = true;
+  built_ = true;
   generation_ = schemaGeneration;
   index_ = schema_->index;
   const int count = index_ ? CountNodes(index_) : CountRows(schema_);
@@ -136,18 +136,18 @@ bool LookupCache::Draw() {
   types_ = MakeArrayOrNull<int>(size);
   if (!nodes_ || !names_ || !types_) return Forget(), false;
   for (std::uint32_t i = 0; i < size; ++i) names_[i].node = types_[i] = kNone;
-  index_ ? DrawIndexed() : DrawLinear();
+  index_ ? BuildIndexed() : BuildLinear();
   return true;
 }
 
-void LookupCache::DrawLinear() {
+void LookupCache::BuildLinear() {
   ForEachRow(schema_, [&](APPentity& row) {
     AddName(&row, 0);
     AddType(&row);
   });
 }
 
-void LookupCache::DrawIndexed() {
+void LookupCache::BuildIndexed() {
   ForEachNode(index_, [&](APPentity* row, int bucket) {
     AddName(row, bucket);
     if (TypeBucket(row->type) == bucket) AddType(row);

@@ -50,9 +50,9 @@ class LookupCache {
 
   bool IsCurrent() const;
   bool FindSubtype(int expected, int actual);
-  bool Draw();
-  void DrawLinear();
-  void DrawIndexed();
+  bool Build();
+  void BuildLinear();
+  void BuildIndexed();
   void AddName(APPentity* row, int bucket);
   void AddType(APPentity* row);
   int NodeOf(APPentity* row);
@@ -66,7 +66,7 @@ class LookupCache {
   APPobject0* const schema_;
   APPindexNode** index_ = nullptr;  // the schema's index when the picture was drawn
   unsigned generation_ = 0;         // and the generation
-  bool drawn_ = false;
+  bool built_ = false;
   Node* nodes_ = nullptr;
   int nodeCount_ = 0;
   NameSlot* names_ = nullptr;  // null: no memory for a picture

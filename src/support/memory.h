@@ -23,11 +23,11 @@ template <typename T>
 }
 
 // Room for `count` characters, not initialised, for delete[].
-[[nodiscard]] inline char* MakeRoomOrNull(std::size_t count) { return new (std::nothrow) char[count]; }
+[[nodiscard]] inline char* MakeBufferOrNull(std::size_t count) { return new (std::nothrow) char[count]; }
 
 // A text of its own with a terminator behind it, for delete[].
 [[nodiscard]] inline char* CopyTextOrNull(std::string_view text) {
-  char* copy = MakeRoomOrNull(text.size() + 1);
+  char* copy = MakeBufferOrNull(text.size() + 1);
   if (!copy) return nullptr;
   if (!text.empty()) std::memcpy(copy, text.data(), text.size());
   copy[text.size()] = '\0';

@@ -198,7 +198,7 @@ bool SmallDecimalToReal(unsigned long long mantissa, int exponent, double* resul
   return true;
 }
 
-char* IntToText(char* room, int value) { return std::to_chars(room, room + kIntRoom, value).ptr; }
+char* IntToText(char* room, int value) { return std::to_chars(room, room + kIntBuffer, value).ptr; }
 
 namespace {
 
@@ -256,7 +256,7 @@ char* RealToText(char* room, double value) {
     if (whole == magnitude) return IntToText(start, whole);
     if (char* end = ShortRealToText(start, magnitude)) return end;
   }
-  return std::to_chars(room, room + kRealRoom, value, std::chars_format::general, 6).ptr;
+  return std::to_chars(room, room + kRealBuffer, value, std::chars_format::general, 6).ptr;
 }
 
 }  // namespace steprt

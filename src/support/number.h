@@ -70,8 +70,8 @@ double DecimalToReal(std::string_view text);
 // value in *result.
 bool SmallDecimalToReal(unsigned long long mantissa, int exponent, double* result);
 
-inline constexpr std::size_t kIntRoom = 12;   // sign and ten digits, and one to spare
-inline constexpr std::size_t kRealRoom = 32;  // of IntToText and RealToText
+inline constexpr std::size_t kIntBuffer = 12;   // sign and ten digits, and one to spare
+inline constexpr std::size_t kRealBuffer = 32;  // of IntToText and RealToText
 
 // Print into `room` without a terminator and give the end of what they wrote: "%d", and "%lg" (six significant digits).
 char* IntToText(char* room, int value);

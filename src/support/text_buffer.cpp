@@ -28,7 +28,7 @@ TextBuffer& TextBuffer::Add(int number) {
 bool TextBuffer::Reserve(std::size_t length) {
   if (length <= capacity_) return true;
   const std::size_t wanted = std::max(length, capacity_ * 2);
-  char* larger = MakeRoomOrNull(wanted + 1);
+  char* larger = MakeBufferOrNull(wanted + 1);
   if (!larger) return false;
   std::memcpy(larger, Text(), length_ + 1);
   delete[] heap_;

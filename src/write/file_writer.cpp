@@ -2,9 +2,9 @@
 #include <memory>
 
 #include "platform/output_file.h"
-#include "read/report.h"
-#include "read/sections.h"
-#include "read/transfer.h"
+#include "read/transfer/keywords.h"
+#include "read/transfer/report.h"
+#include "read/transfer/transfer.h"
 #include "schema/chain.h"
 #include "steprt/text.h"
 #include "steprt/write.h"
@@ -36,7 +36,7 @@ void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
 void OpenRecord(STEPtransfer* t, const APPentity& row, int number) {
   OutputFile& out = *t->file.out;
   out.Put('#');
-  out.Advance(IntToText(out.Room(kIntRoom), number));
+  out.Advance(IntToText(out.Room(kIntBuffer), number));
   Put(t, {" = ", row.name, "("});
 }
 

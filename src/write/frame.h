@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

@@ -2,7 +2,7 @@
 #ifndef STEPRT_WRITE_NUMBERING_H
 #define STEPRT_WRITE_NUMBERING_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "steprt/instance.h"
 
 namespace steprt {

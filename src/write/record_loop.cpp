@@ -1,7 +1,6 @@
 #include "write/record_loop.h"
 
-#include "read/report.h"
-#include "read/tokeniser.h"
+#include "read/transfer/report.h"
 #include "steprt/text.h"
 #include "write/numbering.h"
 

@@ -1,5 +1,5 @@
 // The writers of scalar attributes.
-#include "read/attribute.h"
+#include "read/transfer/keywords.h"
 #include "steprt/write.h"
 #include "write/comma.h"
 #include "write/element.h"

@@ -2,21 +2,21 @@
 
 #include <cstring>
 
-#include "read/attribute.h"
+#include "read/transfer/keywords.h"
 #include "support/number.h"
 #include "write/numbering.h"
-#include "xml/value_escape.h"
+#include "xml/values/escape.h"
 
 namespace steprt {
 
 void PutInt(STEPtransfer* t, int value) {
   OutputFile& out = *t->file.out;
-  out.Advance(IntToText(out.Room(kIntRoom), value));
+  out.Advance(IntToText(out.Room(kIntBuffer), value));
 }
 
 void PutReal(STEPtransfer* t, double value) {
   OutputFile& out = *t->file.out;
-  out.Advance(RealToText(out.Room(kRealRoom), value));
+  out.Advance(RealToText(out.Room(kRealBuffer), value));
 }
 
 void PutReference(STEPtransfer* t, STEPheader* object) {

@@ -2,7 +2,7 @@
 #ifndef STEPRT_WRITE_VALUES_H
 #define STEPRT_WRITE_VALUES_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

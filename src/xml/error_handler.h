@@ -2,7 +2,7 @@
 #ifndef STEPRT_XML_ERROR_HANDLER_H
 #define STEPRT_XML_ERROR_HANDLER_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "xml/handlers.h"
 
 namespace steprt {

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <utility>
 
-#include "read/instance_table.h"
-#include "read/report.h"
+#include "read/transfer/instance_table.h"
+#include "read/transfer/report.h"
 #include "schema/chain.h"
 #include "steprt/instance.h"
 #include "steprt/text.h"
@@ -40,7 +40,7 @@ std::size_t Narrow(char* room, std::u16string_view units) {
 
 bool Grow(STEPelement* element, std::size_t wanted) {
   const std::size_t capacity = std::max({wanted, element->capacity * 2, kLeastRoom});
-  char* larger = MakeRoomOrNull(capacity);
+  char* larger = MakeBufferOrNull(capacity);
   if (!larger) return false;
   if (element->value) std::memcpy(larger, element->value, element->length);
   delete[] element->room;

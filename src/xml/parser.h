@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "xml/handlers.h"
 
 namespace steprt {

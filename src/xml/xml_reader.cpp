@@ -2,9 +2,9 @@
 
 #include "platform/message_box.h"
 #include "platform/sax.h"
-#include "read/fixups.h"
-#include "read/report.h"
-#include "read/transfer.h"
+#include "read/transfer/references.h"
+#include "read/transfer/report.h"
+#include "read/transfer/transfer.h"
 #include "steprt/text.h"
 #include "support/file_name.h"
 #include "xml/error_handler.h"

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "platform/output_file.h"
-#include "read/report.h"
-#include "read/transfer.h"
+#include "read/transfer/report.h"
+#include "read/transfer/transfer.h"
 #include "schema/chain.h"
 #include "steprt/text.h"
 #include "support/file_name.h"
@@ -30,7 +30,7 @@ void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
 void OpenEntity(STEPtransfer* t, const APPentity& row, int number) {
   OutputFile& out = *t->file.out;
   Put(t, {"\t<", row.name, " rid=\"#"});
-  out.Advance(IntToText(out.Room(kIntRoom), number));
+  out.Advance(IntToText(out.Room(kIntBuffer), number));
   out.Put("\">");
 }
 

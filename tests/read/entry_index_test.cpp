@@ -1,6 +1,6 @@
 // The rows of the instance table, found by number: however a file numbers its records, in whatever order, and when
 // memory runs out.
-#include "read/entry_index.h"
+#include "read/transfer/entry_index.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The one form of a report, however long its parts are, and who receives it.
 #include <gtest/gtest.h>
 
-#include "read/report.h"
-#include "read/transfer.h"
+#include "read/transfer/report.h"
+#include "read/transfer/transfer.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 

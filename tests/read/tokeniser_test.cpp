@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "read/transfer.h"
+#include "read/transfer/transfer.h"
 #include "support/faulty_calls.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"

@@ -14,15 +14,15 @@
 namespace {
 
 using steprt::IntToText;
-using steprt::kIntRoom;
-using steprt::kRealRoom;
+using steprt::kIntBuffer;
+using steprt::kRealBuffer;
 using steprt::RealToText;
 
 std::string RealText(double value) {
-  char room[kRealRoom + 1];
-  room[kRealRoom] = '\x7f';
+  char room[kRealBuffer + 1];
+  room[kRealBuffer] = '\x7f';
   const std::string text(room, RealToText(room, value));
-  EXPECT_EQ(room[kRealRoom], '\x7f') << text;
+  EXPECT_EQ(room[kRealBuffer], '\x7f') << text;
   return text;
 }
 
@@ -51,10 +51,10 @@ TEST(NumberToText, IntegersPrintAsPercentD) {
   std::mt19937 random(1);
   for (int i = 0; i < 200000; ++i) {
     const int value = static_cast<int>(random()) >> random() % 32;
-    char room[kIntRoom];
+    char room[kIntBuffer];
     ASSERT_EQ(std::string(room, IntToText(room, value)), std::to_string(value));
   }
-  char room[kIntRoom];
+  char room[kIntBuffer];
   EXPECT_EQ(std::string(room, IntToText(room, std::numeric_limits<int>::min())), "-2147483648");
   EXPECT_EQ(std::string(room, IntToText(room, std::numeric_limits<int>::max())), "2147483647");
 }

@@ -4,7 +4,7 @@
 #include "support/failing_new.h"
 #include "xml/documents.h"
 #include "xml/events.h"
-#include "xml/value_element.h"
+#include "xml/values/element.h"
 
 namespace {
 

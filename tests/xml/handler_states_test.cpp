@@ -1,6 +1,6 @@
 // The content handler and the error handler, driven by events made by hand.
-#include "read/fixups.h"
-#include "read/instance_table.h"
+#include "read/transfer/instance_table.h"
+#include "read/transfer/references.h"
 #include "xml/error_handler.h"
 #include "xml/events.h"
 

@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "read/records.h"
-#include "xml/value_kind.h"
-#include "xml/value_lists.h"
+#include "read/transfer/record.h"
+#include "xml/values/kind.h"
+#include "xml/values/lists.h"
 
 namespace {
 

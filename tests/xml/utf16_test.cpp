@@ -8,8 +8,8 @@
 
 namespace {
 
-using steprt::Utf16Room;
-using steprt::WholeCharacters;
+using steprt::TruncateToBytes;
+using steprt::Utf16Buffer;
 
 const std::pair<std::string, std::u16string> kTexts[] = {
     {"", u""},
@@ -23,7 +23,7 @@ const std::pair<std::string, std::u16string> kTexts[] = {
 };
 
 TEST(Utf16, CharactersOfEveryLengthAndStartsOfTexts) {
-  Utf16Room room;
+  Utf16Buffer room;
   for (const auto& [utf8, utf16] : kTexts) {
     EXPECT_EQ(room.Put(utf8), utf16) << utf8;
     for (std::size_t limit = 0; limit < 12; ++limit) {
@@ -36,7 +36,7 @@ TEST(Utf16, AStartEndsBetweenTwoCharacters) {
   const std::string text = "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80";
   const std::size_t sizes[] = {0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10, 10};
   for (std::size_t limit = 0; limit < std::size(sizes); ++limit) {
-    EXPECT_EQ(WholeCharacters(text, limit).size(), sizes[limit]) << limit;
+    EXPECT_EQ(TruncateToBytes(text, limit).size(), sizes[limit]) << limit;
   }
 }
 

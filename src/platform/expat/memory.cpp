@@ -25,7 +25,7 @@ void Free(void* block) {
 }
 
 void* Allocate(std::size_t size) {
-  char* room = size > SIZE_MAX - kHead ? nullptr : MakeRoomOrNull(kHead + size);
+  char* room = size > SIZE_MAX - kHead ? nullptr : MakeBufferOrNull(kHead + size);
   if (!room) return nullptr;
   std::memcpy(room, &size, sizeof size);
   return room + kHead;

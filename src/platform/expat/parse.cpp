@@ -83,8 +83,8 @@ void AddCount(TextBuffer& text, XML_Size count) {
 }
 
 // Cut where there is no memory for all of it.
-const char16_t* PutMessage(Utf16Room& room, std::string_view message) {
-  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Room::kOwnRoom - 1);
+const char16_t* PutMessage(Utf16Buffer& room, std::string_view message) {
+  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Buffer::kOwnUnits - 1);
   return room.PutBytes(message);
 }
 
@@ -215,14 +215,14 @@ void ExpatParse::SkipEntity(std::string_view name) {
   TextBuffer message;
   message.Add("entity not loaded: ").Add(name);
   AddPlace(message);
-  Utf16Room room;
+  Utf16Buffer room;
   Send([&] { return errors_.Error(PutMessage(room, message.Text())); });
 }
 
 void ExpatParse::Text(std::string_view utf8) {
   while (!utf8.empty()) {
-    const std::string_view part = WholeCharacters(utf8, kTextBlock - used_);
-    used_ = static_cast<std::size_t>(Widen(text_ + used_, part) - text_);
+    const std::string_view part = TruncateToBytes(utf8, kTextBlock - used_);
+    used_ = static_cast<std::size_t>(Utf8ToUtf16(text_ + used_, part) - text_);
     utf8.remove_prefix(part.size());
     if (!utf8.empty()) SendText();
   }
@@ -257,7 +257,7 @@ void ExpatParse::Refuse(const char* fault) {
 }
 
 void ReportFatal(SaxErrorHandler& errors, std::string_view message) {
-  Utf16Room room;
+  Utf16Buffer room;
   errors.FatalError(PutMessage(room, message));
 }
 

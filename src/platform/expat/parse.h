@@ -28,7 +28,7 @@ class ExpatAttributes final : public SaxAttributes {
 
  private:
   const XML_Char** pairs_ = nullptr;
-  Utf16Room room_;
+  Utf16Buffer room_;
 };
 
 class ExpatParse {
@@ -79,7 +79,7 @@ class ExpatParse {
   std::int64_t depth_ = 0;       // of the element at hand
   std::int64_t depths_ = 0;      // of all so far that stand in a namespace, summed up
   ExpatAttributes attributes_;
-  Utf16Room name_;
+  Utf16Buffer name_;
 
   // Character data is gathered up to the next tag or until the block is full, so that what the handler gets does not
   // depend on where the blocks of the file lie.

@@ -20,7 +20,7 @@ constexpr unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 constexpr unsigned Tail(char c) { return Byte(c) & 0x3f; }
 
 // One character: a lead byte that says how many bytes follow, each with six bits. Those of four bytes become a pair.
-const char* WidenCharacter(char16_t** room, const char* p) {
+const char* CharacterToUtf16(char16_t** room, const char* p) {
   char16_t*& out = *room;
   const unsigned lead = Byte(*p);
   if (lead < 0x80) {
@@ -43,40 +43,40 @@ const char* WidenCharacter(char16_t** room, const char* p) {
 
 }  // namespace
 
-char16_t* Widen(char16_t* room, std::string_view utf8) {
+char16_t* Utf8ToUtf16(char16_t* room, std::string_view utf8) {
   const char* p = utf8.data();
   const char* const end = p + utf8.size();
   while (p != end) {
     for (; static_cast<std::size_t>(end - p) >= kStride && IsAscii(p); p += kStride, room += kStride) {
       for (std::size_t i = 0; i < kStride; ++i) room[i] = static_cast<char16_t>(Byte(p[i]));
     }
-    if (p != end) p = WidenCharacter(&room, p);
+    if (p != end) p = CharacterToUtf16(&room, p);
   }
   return room;
 }
 
-std::string_view WholeCharacters(std::string_view utf8, std::size_t limit) {
+std::string_view TruncateToBytes(std::string_view utf8, std::size_t limit) {
   if (utf8.size() <= limit) return utf8;
   while (limit > 0 && (Byte(utf8[limit]) & 0xc0) == 0x80) --limit;
   return utf8.substr(0, limit);
 }
 
-std::u16string_view Utf16Room::PutStart(const char* utf8, std::size_t limit) {
+std::u16string_view Utf16Buffer::PutStart(const char* utf8, std::size_t limit) {
   constexpr std::size_t kMostBytes = 4;  // of one character
   const std::size_t bytes = Reserve(limit * kMostBytes) ? limit * kMostBytes : capacity_;
   const void* end = std::memchr(utf8, '\0', bytes);
   const std::size_t size = end ? static_cast<std::size_t>(static_cast<const char*>(end) - utf8) : bytes;
-  return Put(end ? std::string_view(utf8, size) : WholeCharacters({utf8, size + 1}, size)).substr(0, limit);
+  return Put(end ? std::string_view(utf8, size) : TruncateToBytes({utf8, size + 1}, size)).substr(0, limit);
 }
 
-const char16_t* Utf16Room::PutBytes(std::string_view bytes) {
+const char16_t* Utf16Buffer::PutBytes(std::string_view bytes) {
   char16_t* end =
       std::transform(bytes.begin(), bytes.end(), units_, [](char c) { return static_cast<char16_t>(Byte(c)); });
   *end = u'\0';
   return units_;
 }
 
-bool Utf16Room::Grow(std::size_t bytes) {
+bool Utf16Buffer::Grow(std::size_t bytes) {
   const std::size_t capacity = std::max(bytes, capacity_ * 2);
   auto* larger = new (std::nothrow) char16_t[capacity];
   if (!larger) return false;

@@ -8,27 +8,27 @@
 namespace steprt {
 
 // Puts the text into `room`, which must hold a unit for each byte, and gives the end of what it put.
-char16_t* Widen(char16_t* room, std::string_view utf8);
+char16_t* Utf8ToUtf16(char16_t* room, std::string_view utf8);
 
 // The start of `utf8`, at most `limit` bytes, that ends between two characters.
-std::string_view WholeCharacters(std::string_view utf8, std::size_t limit);
+std::string_view TruncateToBytes(std::string_view utf8, std::size_t limit);
 
 // Room for one text after another. It grows and stays.
-class Utf16Room {
+class Utf16Buffer {
  public:
-  static constexpr std::size_t kOwnRoom = 1200;  // fits without a Reserve
+  static constexpr std::size_t kOwnUnits = 1200;  // fits without a Reserve
 
-  Utf16Room() = default;
-  ~Utf16Room() { delete[] heap_; }
-  Utf16Room(const Utf16Room&) = delete;
-  Utf16Room& operator=(const Utf16Room&) = delete;
+  Utf16Buffer() = default;
+  ~Utf16Buffer() { delete[] heap_; }
+  Utf16Buffer(const Utf16Buffer&) = delete;
+  Utf16Buffer& operator=(const Utf16Buffer&) = delete;
 
   // Sees to it that a text of so many bytes fits. False, without a change, when memory is exhausted.
   [[nodiscard]] bool Reserve(std::size_t bytes) { return bytes <= capacity_ || Grow(bytes); }
 
   // Replaces the text by one that fits.
   std::u16string_view Put(std::string_view utf8) {
-    return {units_, static_cast<std::size_t>(Widen(units_, utf8) - units_)};
+    return {units_, static_cast<std::size_t>(Utf8ToUtf16(units_, utf8) - units_)};
   }
 
   // Replaces it by the first units, at most `limit`, of one that is terminated; by fewer when memory is exhausted.
@@ -40,10 +40,10 @@ class Utf16Room {
  private:
   bool Grow(std::size_t bytes);
 
-  char16_t room_[kOwnRoom];
+  char16_t room_[kOwnUnits];
   char16_t* heap_ = nullptr;
   char16_t* units_ = room_;
-  std::size_t capacity_ = kOwnRoom;
+  std::size_t capacity_ = kOwnUnits;
 };
 
 }  // namespace steprt

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "support/reports.h"
 
 namespace steprt_test {

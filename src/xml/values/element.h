@@ -1,8 +1,8 @@
 // The text of an attribute in the XML entity being read.
-#ifndef STEPRT_XML_VALUE_ELEMENT_H
-#define STEPRT_XML_VALUE_ELEMENT_H
+#ifndef STEPRT_XML_VALUES_ELEMENT_H
+#define STEPRT_XML_VALUES_ELEMENT_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

@@ -1,29 +1,29 @@
-// Asks memory early for the rows of the instance table that the references further on in the block will need, and for
+// Asks memory early for the entries of the instance table that the references further on in the block will need, and for
 // the objects behind them. Where numbers come far from in order, each is a wait; asked for some numbers ahead, they are
 // there in time.
 // Only time depends on it: a number taken for one by mistake, such as one inside a text, does no harm.
-#ifndef STEPRT_READ_LOOKAHEAD_H
-#define STEPRT_READ_LOOKAHEAD_H
+#ifndef STEPRT_READ_TRANSFER_PREFETCH_H
+#define STEPRT_READ_TRANSFER_PREFETCH_H
 
 #include <cstdint>
 
 #include "platform/input_file.h"
-#include "read/entry_index.h"
+#include "read/transfer/entry_index.h"
 
 namespace steprt {
 
-class Lookahead {
+class Prefetcher {
  public:
   // To be called with the number of each record. Goes on while many of them are far from the one before.
   void SeeRecord(int number);
 
   // To be called for each number as it is read: whether it is time to ask for further ones.
   bool IsDue() { return isOn_ && --left_ <= 0; }
-  void Ask(const InputFile& in, const EntryIndex& entries);
+  void Prefetch(const InputFile& in, const EntryIndex& entries);
 
  private:
-  void AskForRows(const char* limit, const EntryIndex& entries);
-  void AskForObjects();
+  void PrefetchEntries(const char* limit, const EntryIndex& entries);
+  void PrefetchObjects();
 
   bool isOn_ = false;
   std::uint32_t records_ = 0;
@@ -35,7 +35,7 @@ class Lookahead {
   const char* scanned_ = nullptr;  // its part whose numbers have been asked for
 
   static constexpr int kBatch = 8;  // numbers that are asked for together
-  const STEPentry* rows_[kBatch];   // that were asked for last, and will have come; null for one in a map
+  const STEPentry* entries_[kBatch];   // that were asked for last, and will have come; null for one in a map
   int count_ = 0;
 };
 

@@ -1,4 +1,4 @@
-#include "read/lookahead.h"
+#include "read/transfer/prefetch.h"
 
 #include <cstddef>
 #include <cstring>
@@ -8,7 +8,7 @@
 namespace steprt {
 
 // A small table lies in the cache anyway.
-void Lookahead::SeeRecord(int number) {
+void Prefetcher::SeeRecord(int number) {
   constexpr std::uint32_t kReviewed = 256;
   constexpr std::uint32_t kNear = 1024;
   constexpr std::uint32_t kSmall = 1 << 13;
@@ -21,21 +21,21 @@ void Lookahead::SeeRecord(int number) {
 }
 
 // Whatever begins behind the cursor is begun anew: another block, or a part that was passed over. From there on the
-// rows are asked for two batches ahead of what is read, and the objects one.
-void Lookahead::Ask(const InputFile& in, const EntryIndex& entries) {
+// entries are asked for two batches ahead of what is read, and the objects one.
+void Prefetcher::Prefetch(const InputFile& in, const EntryIndex& entries) {
   if (block_ != in.Blocks() || scanned_ < in.Cursor()) {
     block_ = in.Blocks();
     scanned_ = in.Cursor();
-    AskForRows(in.Limit(), entries);
-    AskForObjects();
-    AskForRows(in.Limit(), entries);
+    PrefetchEntries(in.Limit(), entries);
+    PrefetchObjects();
+    PrefetchEntries(in.Limit(), entries);
   }
-  AskForObjects();
-  AskForRows(in.Limit(), entries);
+  PrefetchObjects();
+  PrefetchEntries(in.Limit(), entries);
   left_ = kBatch;
 }
 
-void Lookahead::AskForRows(const char* limit, const EntryIndex& entries) {
+void Prefetcher::PrefetchEntries(const char* limit, const EntryIndex& entries) {
   for (count_ = 0; count_ < kBatch; ++count_) {
     const auto length = static_cast<std::size_t>(limit - scanned_);
     const auto* mark = static_cast<const char*>(std::memchr(scanned_, '#', length));
@@ -45,13 +45,13 @@ void Lookahead::AskForRows(const char* limit, const EntryIndex& entries) {
     }
     Digits digits = {0, 0};
     scanned_ = ScanDigitsFast(mark + 1, &digits);
-    rows_[count_] = entries.Prefetch(static_cast<int>(digits.value));
+    entries_[count_] = entries.Prefetch(static_cast<int>(digits.value));
   }
 }
 
-void Lookahead::AskForObjects() {
+void Prefetcher::PrefetchObjects() {
   for (int i = 0; i < count_; ++i) {
-    if (rows_[i]) PrefetchType(rows_[i]->object);
+    if (entries_[i]) PrefetchType(entries_[i]->object);
   }
 }
 

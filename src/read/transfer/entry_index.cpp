@@ -1,4 +1,4 @@
-#include "read/entry_index.h"
+#include "read/transfer/entry_index.h"
 
 #include <algorithm>
 
@@ -6,8 +6,8 @@
 
 namespace steprt {
 
-EntryIndex::Page::Page(std::uint32_t key) : rows() {
-  for (std::uint32_t i = 0; i < kPageSize; ++i) rows[i].number = static_cast<int>(~(key * kPageSize + i));
+EntryIndex::Page::Page(std::uint32_t key) : entries() {
+  for (std::uint32_t i = 0; i < kPageSize; ++i) entries[i].number = static_cast<int>(~(key * kPageSize + i));
 }
 
 EntryIndex::~EntryIndex() {
@@ -18,12 +18,12 @@ EntryIndex::~EntryIndex() {
 STEPentry* EntryIndex::Add(int number) {
   const auto bits = static_cast<std::uint32_t>(number);
   Observe(bits);
-  STEPentry* row = RowInPage(bits);
-  if (!row && AddPage(bits / kPageSize)) row = RowInPage(bits);
-  if (!row) return AddScattered(number);
+  STEPentry* entry = EntryInPage(bits);
+  if (!entry && AddPage(bits / kPageSize)) entry = EntryInPage(bits);
+  if (!entry) return AddScattered(number);
   ++inPages_;
-  *row = {nullptr, number, -1, nullptr};
-  return row;
+  *entry = {nullptr, number, -1, nullptr};
+  return entry;
 }
 
 bool EntryIndex::AddPage(std::uint32_t key) {
@@ -45,7 +45,7 @@ void EntryIndex::Observe(std::uint32_t bits) {
 // records from 1 come in any order.
 bool EntryIndex::WillBeFull() const { return falls_ > Count() / 4 && highest_ < 1.25 * expected_; }
 
-// What pages hold beside the rows taken may grow by 9 bytes a number, and a little to begin with: a scattered row needs
+// What pages hold beside the entries taken may grow by 9 bytes a number, and a little to begin with: a scattered entry needs
 // 24 bytes and its place in a map 14, so that a record never holds more than 48.
 bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   constexpr double kSparePerNumber = 9;
@@ -73,11 +73,11 @@ STEPentry* EntryIndex::FindScattered(int number) {
 
 STEPentry* EntryIndex::AddScattered(int number) {
   std::uint32_t* place = maps_[MapOf(number)].FindOrAdd(static_cast<std::uint32_t>(number));
-  STEPentry* row = place ? scattered_.Make() : nullptr;
-  if (!row) return nullptr;
+  STEPentry* entry = place ? scattered_.Make() : nullptr;
+  if (!entry) return nullptr;
   *place = scattered_.Count();
-  *row = {nullptr, number, -1, nullptr};
-  return row;
+  *entry = {nullptr, number, -1, nullptr};
+  return entry;
 }
 
 }  // namespace steprt

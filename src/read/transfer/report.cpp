@@ -1,4 +1,4 @@
-#include "read/report.h"
+#include "read/transfer/report.h"
 
 #include <climits>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "xml/value_escape.h"
+#include "xml/values/escape.h"
 
 #include <cstddef>
 #include <string_view>

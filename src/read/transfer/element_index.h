@@ -1,6 +1,6 @@
 // Finds the child elements of an XML entity by name when there are many of them.
-#ifndef STEPRT_READ_ELEMENT_INDEX_H
-#define STEPRT_READ_ELEMENT_INDEX_H
+#ifndef STEPRT_READ_TRANSFER_ELEMENT_INDEX_H
+#define STEPRT_READ_TRANSFER_ELEMENT_INDEX_H
 
 #include <cstddef>
 #include <cstdint>

@@ -1,13 +1,13 @@
 // The records of one transfer: one read or write of one file, in either form. A client sees STEPtransfer as a name
 // only.
-#ifndef STEPRT_READ_RECORDS_H
-#define STEPRT_READ_RECORDS_H
+#ifndef STEPRT_READ_TRANSFER_RECORD_H
+#define STEPRT_READ_TRANSFER_RECORD_H
 
 #include "platform/input_file.h"
 #include "platform/output_file.h"
-#include "read/element_index.h"
-#include "read/entry_index.h"
-#include "read/lookahead.h"
+#include "read/transfer/element_index.h"
+#include "read/transfer/entry_index.h"
+#include "read/transfer/prefetch.h"
 #include "schema/lookup_cache.h"
 #include "steprt/aggregate.h"
 #include "steprt/schema.h"
@@ -92,7 +92,7 @@ struct STEPtransfer {
   const char* listedSchema = nullptr;  // the name that was last found in `schemas`
   steprt::LookupCache lookups;
   steprt::EntryIndex entries;  // the rows of `table`
-  steprt::Lookahead lookahead;
+  steprt::Prefetcher prefetcher;
   steprt::Pool<STEPfixup> fixupPool;
   steprt::ElementIndex elementIndex;  // of `elements`
 };

@@ -1,8 +1,8 @@
 // The table of the instance numbers of a file.
-#ifndef STEPRT_READ_INSTANCE_TABLE_H
-#define STEPRT_READ_INSTANCE_TABLE_H
+#ifndef STEPRT_READ_TRANSFER_INSTANCE_TABLE_H
+#define STEPRT_READ_TRANSFER_INSTANCE_TABLE_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "steprt/instance.h"
 
 namespace steprt {

@@ -1,6 +1,6 @@
 // What kind of value a select's text is, as its shape alone tells it.
-#ifndef STEPRT_XML_VALUE_KIND_H
-#define STEPRT_XML_VALUE_KIND_H
+#ifndef STEPRT_XML_VALUES_KIND_H
+#define STEPRT_XML_VALUES_KIND_H
 
 namespace steprt {
 

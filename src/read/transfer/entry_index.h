@@ -1,8 +1,8 @@
-// Holds the rows of the instance table and finds them by number without a walk. Numbers that stand close together, as
-// an exporter gives them, lie in pages of 256 neighbours, in a directory by number, where a row is one look away;
-// scattered ones, for which pages would be wasteful, lie in a pool and are found through hash maps. A row never moves.
-#ifndef STEPRT_READ_ENTRY_INDEX_H
-#define STEPRT_READ_ENTRY_INDEX_H
+// Holds the entries of the instance table and finds them by number without a walk. Numbers that stand close together, as
+// an exporter gives them, lie in pages of 256 neighbours, in a directory by number, where a entry is one look away;
+// scattered ones, for which pages would be wasteful, lie in a pool and are found through hash maps. A entry never moves.
+#ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
+#define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
 #include <cstddef>
 #include <cstdint>
@@ -11,7 +11,7 @@
 #include "support/number_map.h"
 #include "support/pool.h"
 
-// One row of the instance table.
+// One entry of the instance table.
 struct STEPentry {
   STEPentry* next;     // next in bucket
   int number;          // the instance number written in the file
@@ -33,22 +33,22 @@ class EntryIndex {
   EntryIndex(const EntryIndex&) = delete;
   EntryIndex& operator=(const EntryIndex&) = delete;
 
-  // The number's row; null for a number that is not there.
+  // The number's entry; null for a number that is not there.
   STEPentry* Find(int number) {
-    STEPentry* row = RowInPage(static_cast<std::uint32_t>(number));
-    if (row && row->number == number) return row;
+    STEPentry* entry = EntryInPage(static_cast<std::uint32_t>(number));
+    if (entry && entry->number == number) return entry;
     return scattered_.Count() == 0 ? nullptr : FindScattered(number);
   }
 
-  // Asks memory for the number's row, which is given, or for its place in a map: null.
+  // Asks memory for the number's entry, which is given, or for its place in a map: null.
   const STEPentry* Prefetch(int number) const {
     const auto bits = static_cast<std::uint32_t>(number);
-    const STEPentry* row = RowInPage(bits);
-    row ? __builtin_prefetch(row, 1) : maps_[MapOf(number)].Prefetch(bits);
-    return row;
+    const STEPentry* entry = EntryInPage(bits);
+    entry ? __builtin_prefetch(entry, 1) : maps_[MapOf(number)].Prefetch(bits);
+    return entry;
   }
 
-  // A row for a number that has none, in no bucket yet and without an object. Null when memory is exhausted.
+  // A entry for a number that has none, in no bucket yet and without an object. Null when memory is exhausted.
   [[nodiscard]] STEPentry* Add(int number);
 
   std::uint32_t Count() const { return inPages_ + scattered_.Count(); }
@@ -61,13 +61,13 @@ class EntryIndex {
   static constexpr std::uint32_t kMaps = 64;
   struct Page {
     explicit Page(std::uint32_t key);
-    STEPentry rows[kPageSize];  // one without its own number is free
+    STEPentry entries[kPageSize];  // one without its own number is free
   };
 
-  STEPentry* RowInPage(std::uint32_t bits) const {
+  STEPentry* EntryInPage(std::uint32_t bits) const {
     const std::uint32_t key = bits / kPageSize;
     Page* page = key < directorySize_ ? directory_[key] : nullptr;
-    return page ? &page->rows[bits % kPageSize] : nullptr;
+    return page ? &page->entries[bits % kPageSize] : nullptr;
   }
   bool AddPage(std::uint32_t key);
   void Observe(std::uint32_t bits);
@@ -84,7 +84,7 @@ class EntryIndex {
   Page** directory_ = nullptr;  // by number / 256; null where there is no page
   std::uint32_t directorySize_ = 0;
   std::uint32_t pages_ = 0;
-  std::uint32_t inPages_ = 0;  // rows taken
+  std::uint32_t inPages_ = 0;  // entries taken
 
   double expected_ = 0;
   std::uint32_t highest_ = 0;  // number

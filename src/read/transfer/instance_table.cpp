@@ -1,10 +1,10 @@
-#include "read/instance_table.h"
+#include "read/transfer/instance_table.h"
 
-#include "read/report.h"
+#include "read/transfer/report.h"
 
 namespace steprt {
 
-// A doubled number keeps its row, so that the later record wins the table; the earlier instance stays in the model.
+// A doubled number keeps its entry, so that the later record wins the table; the earlier instance stays in the model.
 void NoteType(STEPentry* entry) { entry->type = entry->object->type; }
 
 STEPentry* RegisterEntry(STEPtransfer* t, int number) {

@@ -1,10 +1,10 @@
 // A transfer's life: made at the start of a driver's call, freed on every way out of it.
-#ifndef STEPRT_READ_TRANSFER_H
-#define STEPRT_READ_TRANSFER_H
+#ifndef STEPRT_READ_TRANSFER_TRANSFER_H
+#define STEPRT_READ_TRANSFER_TRANSFER_H
 
 #include <memory>
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

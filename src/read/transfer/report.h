@@ -1,9 +1,9 @@
 // The one form of a report, and who receives it.
-#ifndef STEPRT_READ_REPORT_H
-#define STEPRT_READ_REPORT_H
+#ifndef STEPRT_READ_TRANSFER_REPORT_H
+#define STEPRT_READ_TRANSFER_REPORT_H
 
-#include "read/messages.h"
-#include "read/records.h"
+#include "read/transfer/messages.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 

@@ -1,8 +1,8 @@
-#include "read/element_index.h"
+#include "read/transfer/element_index.h"
 
 #include <chrono>
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "support/ascii.h"
 #include "support/memory.h"
 

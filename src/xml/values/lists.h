@@ -1,6 +1,6 @@
 // Takes the items of a list out of an element's text, one with each call.
-#ifndef STEPRT_XML_VALUE_LISTS_H
-#define STEPRT_XML_VALUE_LISTS_H
+#ifndef STEPRT_XML_VALUES_LISTS_H
+#define STEPRT_XML_VALUES_LISTS_H
 
 namespace steprt {
 

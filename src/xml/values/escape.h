@@ -1,6 +1,6 @@
 // Text as an XML element may hold it.
-#ifndef STEPRT_XML_VALUE_ESCAPE_H
-#define STEPRT_XML_VALUE_ESCAPE_H
+#ifndef STEPRT_XML_VALUES_ESCAPE_H
+#define STEPRT_XML_VALUES_ESCAPE_H
 
 #include "platform/output_file.h"
 

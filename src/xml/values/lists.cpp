@@ -1,4 +1,4 @@
-#include "xml/value_lists.h"
+#include "xml/values/lists.h"
 
 #include <climits>
 #include <cstring>

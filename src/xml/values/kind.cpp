@@ -1,6 +1,6 @@
-#include "xml/value_kind.h"
+#include "xml/values/kind.h"
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 #include "support/ascii.h"
 #include "support/number.h"
 

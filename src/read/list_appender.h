@@ -1,8 +1,8 @@
 // Builds the list of an aggregate attribute, node by node, in the order of the file and for both forms.
-#ifndef STEPRT_READ_LIST_BUILDER_H
-#define STEPRT_READ_LIST_BUILDER_H
+#ifndef STEPRT_READ_LIST_APPENDER_H
+#define STEPRT_READ_LIST_APPENDER_H
 
-#include "read/records.h"
+#include "read/transfer/record.h"
 
 namespace steprt {
 
@@ -10,10 +10,10 @@ namespace steprt {
 STEPaggr* NewAggr();
 STEPlist* NewListNode();
 
-class ListBuilder {
+class ListAppender {
  public:
   // `out` may be null: the items are then read and dropped.
-  ListBuilder(STEPtransfer* t, STEPaggr** out) : t_(t), out_(out) {}
+  ListAppender(STEPtransfer* t, STEPaggr** out) : t_(t), out_(out) {}
 
   // Sees to it that *out holds an aggregate. False, with a report, when memory is exhausted. Links start at its head:
   // the first item takes the place of nodes that were there.

@@ -1,6 +1,6 @@
 // Every text of a transfer that a user can see.
-#ifndef STEPRT_READ_MESSAGES_H
-#define STEPRT_READ_MESSAGES_H
+#ifndef STEPRT_READ_TRANSFER_MESSAGES_H
+#define STEPRT_READ_TRANSFER_MESSAGES_H
 
 namespace steprt {
 

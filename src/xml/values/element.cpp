@@ -1,4 +1,4 @@
-#include "xml/value_element.h"
+#include "xml/values/element.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "read/transfer.h"
+#include "read/transfer/transfer.h"
 
 #include <cstring>
 #include <new>
