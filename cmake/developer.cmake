@@ -1,18 +1,20 @@
-# What is wanted when steprt itself is worked on, and nothing of which reaches a consumer: the parts beside the library,
-# and flags for the whole tree.
+# What work on steprt itself needs and a consumer never sees: the parts beside the library, and flags for the whole tree.
 include(${CMAKE_CURRENT_LIST_DIR}/sanitisers.cmake)
 
+set(STEPRT_PARTS "" CACHE STRING "Folders to build beside src/; empty for all")
 option(STEPRT_FUZZ "Build the library and the fuzz targets for libFuzzer, and nothing else (clang)" OFF)
 enable_testing()
 
-# Every program in one place, so that the scripts find it.
+# All programs are in one folder, where the scripts find them.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
 # A part is built as soon as its folder has a CMakeLists.txt.
 function(steprt_add_developer_parts)
-  set(parts fuzz)
-  if(NOT STEPRT_FUZZ)
-    list(PREPEND parts tests examples bench)
+  set(parts ${STEPRT_PARTS})
+  if(STEPRT_FUZZ)
+    set(parts express fuzz)
+  elseif(NOT parts)
+    set(parts express tests examples bench fuzz)
   endif()
   foreach(part IN LISTS parts)
     if(EXISTS ${PROJECT_SOURCE_DIR}/${part}/CMakeLists.txt)

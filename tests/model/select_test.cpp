@@ -70,7 +70,8 @@ TEST(Select, ACopyDuplicatesATextAndAnAssignmentDoesNot) {
   EXPECT_EQ(&(target = source), &target);
   EXPECT_EQ(target.GetCharPtr(), source.GetCharPtr());
   target.SetInt(0);
-  target = target;
+  const STEPselect& same = target;
+  target = same;
   STEPselect real;
   real.SetReal(0.5);
   EXPECT_EQ(STEPselect(real).GetReal(), 0.5);
