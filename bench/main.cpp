@@ -7,8 +7,6 @@
 //   steprt_bench --benchmark_filter='^read/'
 //   steprt_bench --benchmark_filter='^schema/'   lookups and queries by type, for each size of a schema
 //   steprt_bench --benchmark_filter='^doubling/'  files of twice the size, for each shape in shapes.h
-#include <cstdio>
-#include <cstring>
 #include <string_view>
 
 #include "pairs.h"

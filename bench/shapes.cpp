@@ -1,6 +1,5 @@
 #include "shapes.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <numeric>
