@@ -1,5 +1,6 @@
 #include "xml_values.h"
 
+#include <gtest/gtest.h>
 #include <regex.h>
 
 #include <climits>
@@ -7,7 +8,6 @@
 #include <cstdlib>
 #include <vector>
 
-#include "check.h"
 #include "read/transfer/record.h"
 #include "xml/values/kind.h"
 #include "xml/values/lists.h"
@@ -19,7 +19,7 @@ using namespace steprt;
 
 class Pattern {
  public:
-  explicit Pattern(const char* text) { STEPRT_CHECK(regcomp(&pattern_, text, REG_EXTENDED | REG_NOSUB) == 0); }
+  explicit Pattern(const char* text) { EXPECT_EQ(regcomp(&pattern_, text, REG_EXTENDED | REG_NOSUB), 0); }
   ~Pattern() { regfree(&pattern_); }
   Pattern(const Pattern&) = delete;
   Pattern& operator=(const Pattern&) = delete;
@@ -95,16 +95,16 @@ void CheckReals(const std::string& text) {
   ScannedReal last;
   for (const double expected : Reals(text)) {
     const double item = ScanRealItem(&cursor, &last);
-    STEPRT_CHECK(cursor && AreSame(item, expected));
+    EXPECT_TRUE(cursor && AreSame(item, expected));
   }
-  STEPRT_CHECK(ScanRealItem(&cursor, &last) == 0.0 && !cursor);
-  STEPRT_CHECK(ScanRealItem(&cursor, &last) == 0.0 && !cursor);
+  EXPECT_TRUE(ScanRealItem(&cursor, &last) == 0.0 && !cursor);
+  EXPECT_TRUE(ScanRealItem(&cursor, &last) == 0.0 && !cursor);
 }
 
 void CheckReferences(const std::string& text) {
   const char* cursor = text.c_str();
-  for (const int expected : References(text)) STEPRT_CHECK(ScanRefItem(&cursor) == expected);
-  STEPRT_CHECK(ScanRefItem(&cursor) == -1);
+  for (const int expected : References(text)) EXPECT_EQ(ScanRefItem(&cursor), expected);
+  EXPECT_EQ(ScanRefItem(&cursor), -1);
 }
 
 void CheckQuoted(std::string text) {
@@ -112,16 +112,16 @@ void CheckQuoted(std::string text) {
   char* cursor = text.data();
   for (const std::string& expected : items) {
     const char* item = ScanQuotedItem(&cursor);
-    STEPRT_CHECK(item && expected == item);
+    EXPECT_STREQ(item, expected.c_str());
   }
-  STEPRT_CHECK(!ScanQuotedItem(&cursor));
+  EXPECT_EQ(ScanQuotedItem(&cursor), nullptr);
 }
 
 }  // namespace
 
 void CheckXmlValues(const std::string& text) {
-  STEPRT_CHECK(ClassifyText(text.c_str()) == KindByPattern(text));
-  STEPRT_CHECK(IsRealText(text.c_str()) == IsRealByPattern(text));
+  EXPECT_EQ(ClassifyText(text.c_str()), KindByPattern(text));
+  EXPECT_EQ(IsRealText(text.c_str()), IsRealByPattern(text));
   CheckReferences(text);
   CheckReals(text);
   CheckQuoted(text);

@@ -35,7 +35,7 @@ struct ProbeReset : testing::EmptyTestEventListener {
 };
 [[maybe_unused]] const bool isReset = (testing::UnitTest::GetInstance()->listeners().Append(new ProbeReset), true);
 
-STEPheader* const kKept = reinterpret_cast<STEPheader*>(&probe);  // in a PROBE's references at first
+STEPheader kept(static_cast<void*>(nullptr));  // in a PROBE's references at first
 
 using T = STEPtransfer*;
 using A = const Attribute&;
@@ -94,8 +94,10 @@ STEPheader* Read(STEPtransfer* t) {
 void Write(STEPtransfer* t, STEPheader* object) {
   if (object->type == kProbe && probe.write) return probe.write(t);
   auto* entity = static_cast<Entity*>(object);
-  for (std::size_t i = 0; i < entity->shape.size(); ++i)
-    KindOf(entity->shape[i]).write(t, entity->shape[i], entity->values[i]);
+  for (std::size_t i = 0; i < entity->shape.size(); ++i) {
+    const Kind& kind = KindOf(entity->shape[i]);
+    if (kind.write) kind.write(t, entity->shape[i], entity->values[i]);
+  }
 }
 
 // ---- a population, printed -----------------------------------------------------------------------------------------
@@ -103,7 +105,7 @@ void Write(STEPtransfer* t, STEPheader* object) {
 using Places = std::unordered_map<const STEPheader*, std::size_t>;
 
 std::string ObjectText(const STEPheader* object, const Places& places) {
-  if (!object || object == kKept) return object ? "kept" : "null";
+  if (!object || object == &kept) return object ? "kept" : "null";
   const auto place = places.find(object);
   return place == places.end() ? "stranger" : "@" + std::to_string(place->second);
 }
@@ -146,7 +148,7 @@ std::string ValueText(Value& value, char kind, const Places& places) {
 Entity::Entity(int kind, STEPmodel* owner)
     : STEPheader(owner), shape(ShapeOf(kind)), values(std::make_unique<Value[]>(shape.size())) {
   Type(kind);
-  for (std::size_t i = 0; kind == kProbe && i < shape.size(); ++i) values[i].object = kKept;
+  for (std::size_t i = 0; kind == kProbe && i < shape.size(); ++i) values[i].object = &kept;
 }
 
 Entity::~Entity() {
@@ -162,7 +164,7 @@ Entity::~Entity() {
 void SetProbe(Probe wanted) { probe = std::move(wanted); }
 
 Shape ShapeOf(int type) {
-  static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H"};
+  static const char* const kNames[] = {"A", "B", "C", "D", "E", "F", "G", "H", "I", "J", "K", "L"};
   Shape shape;
   for (const auto& each : kShapes) {
     for (std::size_t i = 0; each.type == type && i < each.names.size(); ++i) {

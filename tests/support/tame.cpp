@@ -27,7 +27,9 @@ double TameReal(double real) {
 }
 
 // An instance without a record has a number that nobody knows.
-STEPheader* TameReference(STEPheader* object) { return object && object->type == kNote ? nullptr : object; }
+STEPheader* TameReference(STEPheader* object) {
+  return object && (object->type == kNote || !object->Model()) ? nullptr : object;
+}
 
 // A whole number comes back as an integer. In XML the shape of a bare text may be that of something else; one that
 // begins with an apostrophe is a text.
