@@ -31,15 +31,17 @@ STEPheader* TameReference(STEPheader* object) {
   return object && (object->type == kNote || !object->Model()) ? nullptr : object;
 }
 
-// A whole number comes back as an integer. In XML the shape of a bare text may be that of something else; one that
-// begins with an apostrophe is a text.
+// A whole number comes back as an integer. In XML the shape of a bare text may be that of something else, and an empty
+// one is nothing; one that begins with an apostrophe is a text.
 void TameSelect(Form form, STEPselect& select) {
   const STEPselect::SelType type = select.Type();
   if (type == STEPselect::SEL_NONE) select.SetSTEPobj(nullptr);
   if (type == STEPselect::SEL_OBJ) select.SetSTEPobj(TameReference(select.GetSTEPobj()));
-  if (type == STEPselect::SEL_TEXT) {
-    TameText(form, select.GetCharPtr());
-    if (form == Form::kXml) select.GetCharPtr()[0] = '\'';
+  char* text = select.GetCharPtr();
+  if (text) TameText(form, text);
+  if (text && form == Form::kXml) {
+    select.SetCharPtr(std::strcpy(new char[std::strlen(text) + 2], ("'" + std::string(text)).c_str()));
+    delete[] text;
   }
   if (type != STEPselect::SEL_REAL) return;
   const double real = TameReal(select.GetReal());

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 
 #include "platform/sax.h"
@@ -127,26 +128,55 @@ bool IsNothing(const Outcome& outcome, const Outcome& sound) {
   return NewReports(outcome, sound).empty() && (isNoRead || isNoWrite);
 }
 
-// Others may follow from the loss: a list that cannot be made leaves its items to the next reader.
+// The first report tells of memory. Others may follow from the loss: a list that cannot be made leaves its items to the
+// next reader.
 bool IsTold(const Outcome& outcome, const Outcome& sound) {
-  const bool isWhole = outcome.population == sound.population;
-  if (isWhole && outcome.result == sound.result && NewReports(outcome, sound).empty()) return true;
   const Texts reports = NewReports(outcome, sound);
   return !reports.empty() && Tells(reports[0]);
 }
 
+bool IsCounted(const Outcome& outcome) { return outcome.result == static_cast<int>(outcome.reports.size()); }
+
 bool IsToldAndCounted(const Outcome& outcome, const Outcome& sound) {
   const bool holed = std::any_of(outcome.population.begin(), outcome.population.end(), HasHole);
-  return IsTold(outcome, sound) && !holed && outcome.result == static_cast<int>(outcome.reports.size());
+  return IsTold(outcome, sound) && !holed && IsCounted(outcome);
 }
 
-// Nobody reports the loss of a text that a select or a list would hold.
-bool LosesTexts(const Outcome& outcome, const Outcome& sound) {
-  return IsTold(outcome, sound) || outcome.population.size() == sound.population.size();
+// Nobody reports the loss of the one text that a select or a list would hold. Nothing else may be missing then.
+bool LosesATextOrTells(const Outcome& outcome, const Outcome& sound) {
+  for (const auto& [held, left] :
+       {std::pair{"text 'select'", "none"}, {"text ''select''", "none"}, {"'a',", ""}, {",'b'", ""}}) {
+    Outcome less = sound;
+    const std::size_t at = less.population[0].find(held);
+    if (at == std::string::npos) continue;
+    less.population[0].replace(at, std::strlen(held), left);
+    if (outcome == less) return true;
+  }
+  return IsTold(outcome, sound) && (IsCounted(outcome) || outcome.result == -1);
 }
 
-// In words that follow from the loss: a row that the index does not hold is none, and clear text is no XML.
-bool IsReported(const Outcome& outcome, const Outcome& sound) { return !NewReports(outcome, sound).empty(); }
+// A model that stays empty is read into as XML, which clear text is not, and which may not even begin without memory.
+bool IsToldInEitherForm(const Outcome& outcome, const Outcome& sound) {
+  if (!outcome.population.empty()) return IsToldAndCounted(outcome, sound);
+  Texts reports = NewReports(outcome, sound);
+  const bool isNoXml = !reports.empty() && reports.back() == "not well-formed (invalid token) (line 1, column 13)";
+  if (isNoXml) reports.pop_back();
+  return outcome.result == (isNoXml ? -1 : 0) && (reports.empty() || Tells(reports[0]));
+}
+
+// The pass in clear text, which finds no STEP file, may be what cannot be made. The document is read all the same.
+bool IsWholeOrTold(const Outcome& outcome, const Outcome& sound) {
+  return outcome == Outcome{sound.result, {}, sound.population} || IsTold(outcome, sound);
+}
+
+// An index without the node of a row does not find it by its name, or by its type.
+bool MissesARowOrTells(const Outcome& outcome, const Outcome& sound) {
+  const Texts reports = NewReports(outcome, sound);
+  if (reports.empty() || !IsCounted(outcome)) return false;
+  const bool isByName = reports[0].find("]Unknown entity ") != std::string::npos;
+  const bool isByType = reports[0].find("]Reference to wrong object type ''") != std::string::npos;
+  return isByName || isByType || IsToldAndCounted(outcome, sound);
+}
 
 // ---- writes --------------------------------------------------------------------------------------------------------
 
@@ -294,12 +324,12 @@ Outcome Join(ProjModel& model) {
 const Scenario kScenarios[] = {
     {"a read of clear text", 20, 1, MakeRecords, ReadClearText, IsToldAndCounted},
     {"a read of selects", 5, 1, MakeSelects, ReadClearText, IsToldAndCounted},
-    {"a read of texts", 5, 1, MakeTexts, ReadClearText, LosesTexts},
-    {"a read of either form", 20, 1, MakeRecords, ReadEitherForm, IsReported},
-    {"a read by an index", 20, 18, MakeRecords, ReadByIndex, IsReported},
-    {"a document read as either form", 60, 3, MakeDocument, ReadEitherForm, IsTold},
+    {"a read of texts", 5, 1, MakeTexts, ReadClearText, LosesATextOrTells},
+    {"a read of either form", 20, 1, MakeRecords, ReadEitherForm, IsToldInEitherForm},
+    {"a read by an index", 20, 18, MakeRecords, ReadByIndex, MissesARowOrTells},
+    {"a document read as either form", 60, 3, MakeDocument, ReadEitherForm, IsWholeOrTold},
     {"a document read from memory", 60, 1, MakeDocument, ReadDocumentInMemory, IsTold},
-    {"a document of texts", 20, 1, MakeDocumentOfTexts, ReadDocumentInMemory, LosesTexts},
+    {"a document of texts", 20, 1, MakeDocumentOfTexts, ReadDocumentInMemory, LosesATextOrTells},
     {"a write of clear text", 3, 1, FillToWrite<true>, Write<&STEPmodel::Write>, IsRefused<true>},
     {"a write of clear text where no file is", 3, 1, FillToWrite<false>, Write<&STEPmodel::Write>, IsRefused<false>},
     {"a write of XML", 3, 1, FillToWrite<true>, Write<&STEPmodel::WriteXml>, IsRefused<true>},
