@@ -1,7 +1,8 @@
 # cmake -DVALGRIND=... -DPROGRAM=... -DFOLDER=... [-DSHAPE=...] -P check_counts.cmake
 #
-# Runs counted_reads under callgrind and fails where twice the items take more than 2.2 times the instructions. Prints
-# each shape with both counts. Instructions, unlike time, do not depend on what else the machine does.
+# Runs counted_reads under callgrind and fails where twice the items take more than 2.2 times the instructions, or where
+# numbers of seven times the digits take more than 1.1 times those of short ones. Prints each shape with both counts.
+# Instructions, unlike time, do not depend on what else the machine does.
 cmake_policy(VERSION 3.25)
 set(limitInTenths 22)
 
@@ -39,11 +40,14 @@ while(names)
   list(POP_FRONT names small large)
   math(EXPR hundredths "100 * ${count_${large}} / ${count_${small}}")
   math(EXPR allowed "10 * ${limitInTenths}")
+  if(small MATCHES "^digits/")
+    set(allowed 110)
+  endif()
   message(STATUS "${small}: ${count_${small}}, ${large}: ${count_${large}}, ${hundredths} %")
   if(hundredths GREATER allowed)
     list(APPEND failed ${small})
   endif()
 endwhile()
 if(failed)
-  message(FATAL_ERROR "twice the items take more than 2.2 times the instructions: ${failed}")
+  message(FATAL_ERROR "the larger file takes more than 2.2 times the instructions: ${failed}")
 endif()

@@ -35,6 +35,11 @@ TEST(Recovery, AReadFunctionMayMakeNoInstance) {
             (Outcome{2,
                      {"(1) [DOOR]Reference to unknown object #1", "(1) [PROBE]Reference to unknown object #4"},
                      {"DOOR(null)", "DOOR(null)"}}));
+  EXPECT_EQ(ReadWith(read, "#1=PERSON(1);#1=PROBE(1);#2=DOOR(#1);"),
+            (Outcome{2,
+                     {"(1) [PERSON]Entity #1 already used", "(1) [DOOR]Reference to unknown object #1"},
+                     {"PERSON(1)", "DOOR(null)"}}))
+      << "that of an earlier record does not stay in the table";
 }
 
 }  // namespace

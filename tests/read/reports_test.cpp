@@ -1,6 +1,8 @@
 // The one form of a report, however long its parts are, and who receives it.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "read/transfer/report.h"
 #include "read/transfer/transfer.h"
 #include "support/proj_schema.h"
@@ -47,6 +49,14 @@ TEST(Reports, TakeATextOrANumberIntoTheMessage) {
                                                    "(1) []Entity #-2147483648 already used"})
                                           : Texts());
   }
+}
+
+TEST(Reports, CountUpToTheLargestIntegerAndStayThere) {
+  const auto t = steprt::NewTransfer("f", CollectReport, nullptr, false);
+  t->errors = t->line = INT_MAX;
+  ReportError(t.get(), "Missing integer");
+  EXPECT_EQ(t->errors, INT_MAX);
+  EXPECT_EQ(TakeReports("f"), Texts{"(2147483647) []Missing integer"});
 }
 
 TEST(Reports, GoToTheFirstProcedureOfTheChainOrToStandardError) {

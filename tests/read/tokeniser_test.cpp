@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <memory>
 #include <utility>
 
@@ -94,10 +95,11 @@ std::string TokenText(int kind, const STEPtransfer& t) {
   return (kind == TOK_TEXT ? "TEXT " : kind == TOK_NAME ? "NAME " : "ENUM ") + std::string(t.value.text);
 }
 
-void ExpectTokens(const Row& row, const std::string& path, const std::string& how) {
+void ExpectTokens(const Row& row, const std::string& path, const std::string& how, int firstLine = 1) {
   const steprt::TransferOwner t = steprt::NewTransfer(path.c_str(), CollectReport, nullptr, false);
   const std::unique_ptr<steprt::InputFile> file(steprt::InputFile::OpenOrNull(path.c_str()));
   t->file.in = file.get();
+  t->line = firstLine;
   std::string tokens;
   for (int kind; (kind = steprt::NextToken(t.get())) != TOK_EOF;)
     tokens += (tokens.empty() ? "" : "|") + TokenText(kind, *t);
@@ -116,6 +118,13 @@ TEST(Tokeniser, KnowsEveryTokenWhereverTheBlockEnds) {
       ExpectTokens(row, path, " parted behind " + std::to_string(split) + " bytes");
     }
   }
+}
+
+TEST(Tokeniser, CountsLinesUpToTheLargestIntegerAndStaysThere) {
+  const std::string unterminated = "(2147483647) []Unterminated textstring";
+  for (const Row& row :
+       {Row{"\n\n;", ";", {}, INT_MAX}, Row{"'a\n'b\n;", "TEXT a|TEXT b|;", Texts(2, unterminated), INT_MAX}})
+    ExpectTokens(row, MakeFile("t.stp", row.bytes), " on the last lines", INT_MAX);
 }
 
 TEST(Tokeniser, KnowsEveryTokenByteByByteAndInterrupted) {

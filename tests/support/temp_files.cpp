@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <string.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -13,8 +14,7 @@ namespace {
 
 class Folder {
  public:
-  // Without a dot in it, so that names without an ending can be made.
-  Folder() : path_("/tmp/steprt-XXXXXX") {
+  Folder() : path_(Parent() + "/steprt-XXXXXX") {
     if (!mkdtemp(path_.data())) abort();
   }
   ~Folder() {
@@ -24,6 +24,12 @@ class Folder {
   const std::string& Path() const { return path_; }
 
  private:
+  // TMPDIR, unless there is a dot in it: then no name without an ending could be made.
+  static std::string Parent() {
+    const char* wanted = getenv("TMPDIR");
+    return wanted && *wanted && !strchr(wanted, '.') ? wanted : "/tmp";
+  }
+
   std::string path_;
 };
 

@@ -1,4 +1,4 @@
-// Files of one run, in a folder of its own that goes when the program ends.
+// Files of one run, in a folder of its own below TMPDIR or /tmp. The folder is removed when the program ends.
 #ifndef STEPRT_TESTS_SUPPORT_TEMP_FILES_H
 #define STEPRT_TESTS_SUPPORT_TEMP_FILES_H
 

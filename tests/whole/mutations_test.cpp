@@ -1,5 +1,5 @@
-// Files damaged at random, one seed for each: a read ends, reports what it met and leaves a sound model and nothing else.
-// What it has read is written, read again and written again as the same bytes.
+// Files damaged at random, one seed for each: a read ends, reports what it met and leaves a sound model and nothing
+// else. What it has read is written, read again and written again as the same bytes.
 #include <gtest/gtest.h>
 
 #include "platform/sax.h"

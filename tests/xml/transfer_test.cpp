@@ -50,6 +50,7 @@ TEST_F(XmlTransfer, ReadTurnsToXmlWhenTheModelStaysEmpty) {
       {"<PROJ><PERSON rid='#1'/>", {-1, {notStep, "no element found (line 1, column 25)"}, {"PERSON(0)"}}},
       {InFrame("#1=NOBODY();"),
        {-1, {"(1) [NOBODY]Unknown entity NOBODY", "not well-formed (invalid token) (line 1, column 13)"}, {}}},
+      {InFrame(""), {-1, {"not well-formed (invalid token) (line 1, column 13)"}, {}}},
       {InFrame("#1=PERSON($);"), {2, {"(1) [PERSON]Missing integer", "(1) [PERSON]Syntax"}, {"PERSON(0)"}}}};
   for (const auto& [bytes, wanted] : rows) {
     ProjModel model;
@@ -64,6 +65,19 @@ TEST_F(XmlTransfer, ReadTurnsToXmlWhenTheModelStaysEmpty) {
     EXPECT_EQ(TakeReports(path), Texts{notStep});
     EXPECT_EQ(Population(model), Texts{"PERSON(0)"});
   }
+}
+
+TEST_F(XmlTransfer, AnInstanceHasItsNumberAndOfADoubledNumberTheLastEntityCounts) {
+  SetProbe({"", -1, [](STEPtransfer*) -> STEPheader* { return nullptr; }});
+  ProjModel model;
+  model.Name("doubled.xml");
+  EXPECT_EQ(model.ReadXml("<PROJ><PERSON rid='#7'/><PERSON rid='#1'/><PROBE rid='#1'/>"
+                          "<DOOR rid='#2'><Host>#1</Host></DOOR></PROJ>"),
+            2);
+  EXPECT_EQ(TakeReports("doubled.xml"),
+            (Texts{"(1) [PROBE]Entity #1 already used", "(1) [DOOR]Reference to unknown object #1"}));
+  EXPECT_EQ(Population(model), (Texts{"PERSON(0)", "PERSON(0)", "DOOR(null)"}));
+  EXPECT_EQ(model.Inst()->number, 7);
 }
 
 TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
