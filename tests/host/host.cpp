@@ -7,11 +7,9 @@
 #include <clocale>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <locale>
 #include <sstream>
-#include <vector>
 
 #include "support/temp_files.h"
 

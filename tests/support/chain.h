@@ -2,7 +2,6 @@
 #ifndef STEPRT_TESTS_SUPPORT_CHAIN_H
 #define STEPRT_TESTS_SUPPORT_CHAIN_H
 
-#include <memory>
 #include <string>
 #include <vector>
 

@@ -4,8 +4,6 @@
 #include <stdexcept>
 
 #include "xml/documents.h"
-#include "xml/xml_reader.h"
-#include "xml/xml_writer.h"
 
 namespace {
 
