@@ -1,4 +1,5 @@
-// All of steprt. Each header stands on its own as well.
+/// @file
+/// Includes all public headers of steprt. Each of them can also be included alone.
 #ifndef STEPRT_STEP_H
 #define STEPRT_STEP_H
 
@@ -13,6 +14,7 @@
 #include <steprt/schema.h>
 #include <steprt/select.h>
 #include <steprt/text.h>
+#include <steprt/version.h>
 #include <steprt/write.h>
 
 #endif
