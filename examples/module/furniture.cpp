@@ -1,5 +1,5 @@
-// A module that carries a schema: FURNITURE, which adds CHAIR and CABINET to the elements of PROJ. A host attaches it
-// by the entry AttachFurniture, and asks for what it has beside that by number.
+// A module that contains a schema: FURNITURE, which adds CHAIR and CABINET to the elements of PROJ. A host attaches it
+// by the entry AttachFurniture and fetches its other entries by number.
 #include <steprt/module.h>
 
 #include "proj/schema.h"
@@ -50,8 +50,8 @@ void WriteCabinet(STEPtransfer* t, STEPheader* object) {
   wSTEPreal(t, "Width", cabinet->width);
 }
 
-// FURNITURE itself has no instances. Its supertype is a row of the schema that this one joins.
-const APPentity kRows[] = {
+// FURNITURE itself has no instances. Its supertype is in the schema that this one is added to.
+constexpr APPentity kRows[] = {
     {"FURNITURE", nullptr, nullptr, kFurniture, "ELEMENT"},
     {"CHAIR", ReadChair, WriteChair, kChair, "FURNITURE"},
     {"CABINET", ReadCabinet, WriteCabinet, kCabinet, "FURNITURE"},
@@ -63,7 +63,7 @@ class Carrier : public STEPmodel {
   Carrier() { AppObj(&furniture); }
 };
 
-// ---- entries by number: 1 is free, LoadFunct fetches from 2 --------------------------------------------------------
+// The entries by number: 1 is unused, LoadFunct fetches from 2 on.
 
 int TypeOfFurniture() { return kFurniture; }
 
@@ -72,16 +72,16 @@ int TypeOfChairs() { return kChair; }
 const STEPentryFunc kEntries[] = {nullptr, TypeOfFurniture, TypeOfChairs};
 const STEPentryTable kTable = {3, kEntries};
 
-STEPmodule thisModule;  // in the chain of extension modules, for STEPlib to find
+STEPmodule thisModule;  // adds the module to the chain in which STEPlib searches
 
 }  // namespace
 
 const STEPentryTable* STEPentries() { return &kTable; }
 
-// What the host calls with its model. False would have the module released.
+// AttachDll calls this with the host's model. If it returned false, the module would be released.
 extern "C" STEPRT_API bool AttachFurniture(STEPmodel* model) {
   STEPmodel* const current = CurrentModel();
-  Carrier carrier;  // a model made without another one becomes the current one
+  Carrier carrier;  // becomes the current model
   CurrentModel(current);
   return model->AddModel(&carrier) == 1;
 }

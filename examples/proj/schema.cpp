@@ -74,8 +74,8 @@ void WriteSite(STEPtransfer* t, STEPheader* object) {
   wSTEPsel(t, "Reference", &site->reference);
 }
 
-// ELEMENT has no records of its own, so its row reads and writes nothing; it is there for the type tests.
-const APPentity kRows[] = {
+// ELEMENT has no records of its own, so its row has no functions. It exists for type tests and queries.
+constexpr APPentity kRows[] = {
     {"PERSON", ReadPerson, WritePerson, kPerson, nullptr}, {"ELEMENT", nullptr, nullptr, kElement, nullptr},
     {"WALL", ReadWall, WriteWall, kWall, "ELEMENT"},       {"DOOR", ReadDoor, WriteDoor, kDoor, "ELEMENT"},
     {"SITE", ReadSite, WriteSite, kSite, nullptr},
