@@ -1,4 +1,4 @@
-// Makes a model and writes it; reads it into another one, edits that, and writes it again.
+// Creates a model and writes it. Then reads the file into another model, edits that and writes it again.
 //
 //   edit_and_write [FOLDER]
 #include <cstdio>
@@ -8,10 +8,10 @@
 
 namespace {
 
-// A wall with its owner, as a file to begin with.
+// Writes the first file: a wall and its owner.
 bool MakeFile(std::string path) {
   proj::Model model;
-  auto* owner = new proj::Person;  // joins the model, which is the current one
+  auto* owner = new proj::Person;  // joins `model`, which is the current model
   owner->name = "Ada";
   owner->age = 36;
   auto* wall = new proj::Wall;
@@ -23,7 +23,7 @@ bool MakeFile(std::string path) {
 
 bool Edit(std::string from, std::string to) {
   proj::Model model;
-  if (model.Read(true, from.data()) != 0) return false;  // the count of errors
+  if (model.Read(true, from.data()) != 0) return false;  // not a clean read
 
   auto* wall = static_cast<proj::Wall*>(model.FindFirst(proj::kWall));
   if (!wall) return false;
@@ -34,7 +34,7 @@ bool Edit(std::string from, std::string to) {
   door->width = 0.9;
   wall->AddDoor(door);
 
-  return model.Write(to.data(), "edited") == 3;  // the count of records
+  return model.Write(to.data(), "edited") == 3;  // the number of records
 }
 
 }  // namespace

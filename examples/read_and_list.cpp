@@ -1,4 +1,4 @@
-// Reads a file and lists what it holds: every instance, those of one type with its subtypes, and references.
+// Reads a file and lists its instances: all of them, those of a type and its subtypes, and those that a list refers to.
 //
 //   read_and_list [FOLDER]
 #include <cstdio>
@@ -15,7 +15,7 @@ const char kFile[] =
     "FILE_SCHEMA(('PROJ'));\n"
     "ENDSEC;\n"
     "DATA;\n"
-    "#1=WALL('North wall',#4,2.5,(#2,#3));\n"  // references may point ahead
+    "#1=WALL('North wall',#4,2.5,(#2,#3));\n"  // a reference may precede its record
     "#2=DOOR('Front door',#4,0.9,.LEFT.);\n"
     "#3=DOOR('Back door',$,0.8,.RIGHT.);\n"
     "#4=PERSON('Ada',36);\n"
@@ -24,7 +24,7 @@ const char kFile[] =
     "END-ISO-10303-21;\n";
 
 void ListElements(proj::Model& model) {
-  STEPaggr* elements = model.GetSTEPaggrAll(proj::kElement);  // walls and doors; the aggregate is ours
+  STEPaggr* elements = model.GetSTEPaggrAll(proj::kElement);  // walls and doors; we must release the aggregate
   if (!elements) return;
   for (STEPlist* node = elements->head; node; node = node->next) {
     auto* element = static_cast<proj::Element*>(node->value.object);

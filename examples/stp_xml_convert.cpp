@@ -1,7 +1,7 @@
-// Turns a clear-text file into an XML document and a document into clear text. What a name ends in says which it is.
+// Converts a clear-text file to an XML document, or a document to clear text. A name that ends in .xml is a document.
 //
 //   stp_xml_convert FROM TO
-//   stp_xml_convert [FOLDER]   makes a file there, and turns it into XML and back
+//   stp_xml_convert [FOLDER]   creates a file there, converts it to XML and back
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -12,21 +12,21 @@ namespace {
 
 bool IsXml(const std::string& path) { return path.size() > 4 && path.compare(path.size() - 4, 4, ".xml") == 0; }
 
-// The count of errors. Read would take the document too, after a report that it is no clear text.
+// Returns 0 for a clean read. Read would take a document too, but would first report that it is not clear text.
 int Read(STEPmodel& model, std::string path) {
   model.Name(path.c_str());
   return IsXml(path) ? model.ReadXml(nullptr) : model.Read(true, nullptr);
 }
 
-// The count of instances, or -1.
+// Returns the number of instances, or -1.
 int Write(STEPmodel& model, std::string path) {
   return IsXml(path) ? model.WriteXml(path.data(), nullptr) : model.Write(path.data(), nullptr);
 }
 
 bool Convert(const std::string& from, const std::string& to) {
   proj::Model model;
-  if (Read(model, from) != 0 || model.IsEmpty()) {  // a library without XML reads nothing of a document, and gives 0
-    std::fprintf(stderr, "%s: nothing that could be read whole\n", from.c_str());
+  if (Read(model, from) != 0 || model.IsEmpty()) {  // a library without XML reads no document and returns 0
+    std::fprintf(stderr, "%s: could not be read without a report\n", from.c_str());
     return false;
   }
   const int count = Write(model, to);
@@ -53,7 +53,7 @@ bool MakeFile(std::string path) {
   return model.Write(path.data(), nullptr) == 4;
 }
 
-// All lines but the one that names the file and the date.
+// Returns all lines except the one with the file's name and the date.
 std::string Records(const std::string& path) {
   std::string records;
   std::ifstream file(path);

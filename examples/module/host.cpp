@@ -1,5 +1,5 @@
-// Attaches a module at run time, joins its schema to its own, reads a file that needs both, and lets go of the module.
-// At the end it looks whether the module has really gone.
+// Attaches a module at run time, adds its schema to its own, reads a file that needs both, and releases the module. At
+// the end it checks that the module is no longer loaded.
 //
 //   attach_module MODULE [FOLDER]
 #include <dlfcn.h>
@@ -50,12 +50,12 @@ int List(const char* what, proj::Model& model, int type) {
 }
 
 bool ReadAndList(proj::Model& model, Furniture& furniture, std::string path) {
-  model.PrepareHash();  // not before the schemas have joined: an index does not learn of later rows
+  model.PrepareHash();  // after the schemas are joined: an index does not find rows that are added later
   return model.Read(true, path.data()) == 0 && List("Elements", model, proj::kElement) == 3 &&
          List("Furniture", model, furniture.AnyType()) == 2 && List("Chairs", model, furniture.ChairType()) == 1;
 }
 
-// The model goes before the module does: its instances are of the module's classes.
+// Main destroys the model before it releases the module, because some instances are of the module's classes.
 bool Run(Furniture& furniture, proj::Model& model, const std::string& path) {
   std::ofstream(path) << kFile;
   return furniture.Load() && ReadAndList(model, furniture, path);
@@ -82,12 +82,12 @@ int main(int count, char** arguments) {
     furniture = new Furniture(module);
     good = Run(*furniture, model, path);
   }
-  proj::Schema()->next = nullptr;  // its descriptor goes with the module
-  furniture->UnloadDLL(1);         // releases what AttachDll loaded, and deletes the object
+  proj::Schema()->next = nullptr;  // the module's descriptor is gone with the module
+  furniture->UnloadDLL(1);         // releases what AttachDll loaded, and destroys the object
   if (IsLoaded(arguments[1])) {
     std::printf("The module is still loaded\n");
     return 1;
   }
-  std::printf("The module has gone\n");
+  std::printf("The module is unloaded\n");
   return good ? 0 : 1;
 }

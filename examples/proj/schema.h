@@ -1,4 +1,4 @@
-// A small schema by hand, for the examples of one file: PERSON, SITE, and ELEMENT with its subtypes WALL and DOOR.
+// A small schema, written by hand for the examples: PERSON, SITE, and ELEMENT with its subtypes WALL and DOOR.
 #ifndef PROJ_SCHEMA_H
 #define PROJ_SCHEMA_H
 
@@ -22,7 +22,7 @@ class Element : public STEPheader {
   explicit Element(int typeNumber) : STEPheader(nullptr) { Type(typeNumber); }
   Person* Owner() { return dynamic_cast<Person*>(owner); }
   STEPstring name;
-  STEPheader* owner = nullptr;  // a reader may have stored an instance of another type, with a report
+  STEPheader* owner = nullptr;  // the reader stores an instance of another type too, with a report
 };
 
 class Door : public Element {
@@ -38,7 +38,7 @@ class Wall : public Element {
   ~Wall() override;
   void AddDoor(Door* door);
   double height = 0;
-  STEPaggr* doors = nullptr;  // its nodes are the wall's, the doors are the model's
+  STEPaggr* doors = nullptr;  // the wall owns the nodes, the model owns the doors
 };
 
 class Site : public STEPheader {
@@ -49,7 +49,7 @@ class Site : public STEPheader {
   STEPselect reference;  // a text, a number or a person
 };
 
-// The descriptor. Without an error procedure of its own, reports go to standard error.
+// The descriptor. It has no error procedure, so reports go to standard error.
 APPobject0* Schema();
 
 class Model : public STEPmodel {
