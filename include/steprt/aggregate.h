@@ -1,70 +1,80 @@
-// Aggregates: the values of LIST, SET, BAG and ARRAY attributes.
-//
-//   for (STEPlist* node = wall->openings->head; node; node = node->next) Visit(node->value.object);
-//
-// An aggregate is a chain of untagged nodes; the attribute's own readers and writers know which arm is in use. It owns
-// its nodes and nothing beyond them. Whoever made the aggregate releases it:
-//
-//   DeleteSTEPlist(&aggr->head);   // texts of a text list first: delete[] node->value.text
-//   delete aggr;
-//
-// Aggregates and nodes come from new and go back by delete, texts from new char[] and by delete[]. A null aggregate is
-// not tested for.
+/// @file
+/// Aggregates: the values of LIST, SET, BAG and ARRAY attributes.
+///
+///     for (STEPlist* node = wall->doors->head; node; node = node->next) Visit(node->value.object);
+///
+/// An aggregate is a chain of nodes. A node has no tag: only the attribute's own read and write functions know which
+/// member of the union is in use. The aggregate owns its nodes, but neither the instances nor the texts in them.
+/// Whoever created an aggregate releases it; an aggregate that a list reader created belongs to the client:
+///
+///     DeleteSTEPlist(&aggr->head);   // in a list of texts, delete[] each node->value.text first
+///     delete aggr;
+///
+/// Aggregates and nodes come from `new`, texts from `new char[]`. Never call an operation on a null aggregate: the
+/// library does not check. One thread at a time uses the library.
 #ifndef STEPRT_AGGREGATE_H
 #define STEPRT_AGGREGATE_H
 
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
+/// A node of an aggregate.
 struct STEPlist {
-  STEPlist* next = nullptr;  // null at the end
+  STEPlist* next = nullptr;  ///< The next node; null at the end.
   union {
-    STEPheader* object;  // reference lists; null for an omitted member
-    double real;         // number lists, integers too
-    int integer;         // enumeration lists: the index of the enumerator
-    char* text;          // text lists: a text from new char[], owned by the node's user
-  } value = {nullptr};
+    STEPheader* object;  ///< In a list of references; null for an omitted member.
+    double real;         ///< In a list of numbers, integers too.
+    int integer;         ///< In a list of enumerators: the position of the enumerator.
+    char* text;          ///< In a list of texts: from `new char[]`, released by the client.
+  } value = {nullptr};   ///< The member.
 };
 
-// The operations on instances are for reference lists only. Each walks from the head and stops at the first
-// occurrence. A node that cannot be allocated leaves the list as it was: Prepend and Append then do nothing, the two
-// inserts give false.
+/// The head of a chain of nodes.
+///
+/// Operations that take or return an instance are for lists of references only. Each of them searches from the head and
+/// uses the first node that matches. When memory for a node runs out, the list does not change: Prepend and Append do
+/// nothing then, InsertBefore and InsertAfter return false.
 class STEPRT_API STEPaggr {
  public:
-  STEPlist* head = nullptr;
+  STEPlist* head = nullptr;  ///< The first node; null for an empty list.
 
-  void Prepend(STEPheader* object);
-  void Prepend(double real);
+  void Prepend(STEPheader* object);  ///< Adds a node at the head.
+  void Prepend(double real);         ///< The same in a list of numbers. Write 0.0: a plain 0 is ambiguous.
 
-  // Walks the whole list. To build a long one, keep the last link and make the nodes yourself.
+  /// Adds a node at the end. Each call walks the whole list: to build a long list, create the nodes yourself and keep a
+  /// pointer to the last `next`.
   void Append(STEPheader* object);
-  void Append(double real);
+  void Append(double real);  ///< The same in a list of numbers.
 
-  // Puts `object` in front of, or behind, the first node that holds `member`. False, without a change, if none does.
+  /// Adds `object` before the first node that holds `member`. Returns false, without a change, if no node holds it.
   bool InsertBefore(STEPheader* member, STEPheader* object);
+  /// Adds `object` after the first node that holds `member`. Returns false, without a change, if no node holds it.
   bool InsertAfter(STEPheader* member, STEPheader* object);
 
-  // Removes the first node that holds `object`, or the node at `index`, counted from 0. The instance is not destroyed.
-  // False, without a change, if there is no such node.
+  /// Releases the first node that holds `object`; the instance remains. Returns false if no node holds it.
   bool Delete(STEPheader* object);
+  /// Releases the node at `index`, counted from 0; neither an instance nor a text in it is released. Returns false if
+  /// there is no such node.
   bool Delete(int index);
 
-  int GetMemberCount();              // nodes, null members included; a walk
-  int IsMember(STEPheader* object);  // index from 0 of the first node that holds it; -1 if none does
+  int GetMemberCount();              ///< Counts the nodes by a walk, null members too.
+  int IsMember(STEPheader* object);  ///< Returns the position of `object`, counted from 0, or -1 if no node holds it.
 
-  // The first member of exactly this type, subtypes not counted; null if none. Reference lists only.
+  /// Returns the first member whose type is exactly `type`, not a subtype. Returns null if there is none.
   STEPheader* FindFirst(int type);
 
-  // The member behind the first node that holds `object`; null behind the last and for a stranger.
+  /// Returns the member after the first node that holds `object`. Returns null if that node is the last, or if no node
+  /// holds `object`.
   STEPheader* Successor(STEPheader* object);
 
-  // The member in front of the first node that holds `object`; null in front of the first node. A stranger, null
-  // included, gives the last member: so Predecessor(nullptr) is the way to it in a list without null members.
+  /// Returns the member before the first node that holds `object`. Returns null if that node is the first. If no node
+  /// holds `object`, it returns the last member: Predecessor(nullptr) finds the last one of a list without null
+  /// members.
   STEPheader* Predecessor(STEPheader* object);
 };
 
-// Releases every node of the chain and stores null in *head. No instance and no text is released. A null address does
-// nothing.
+/// Releases every node of the chain and sets `*head` to null. Releases no instance and no text. A null `head` is
+/// allowed.
 STEPRT_API void DeleteSTEPlist(STEPlist** head);
 
 #endif

@@ -1,16 +1,17 @@
-// What leaves the library, and the module handle of platforms that have none of their own.
+/// @file
+/// What the library exports, and the module handle on a platform that has no type of its own for it.
 #ifndef STEPRT_EXPORT_H
 #define STEPRT_EXPORT_H
 
-// Everything of the library is hidden but what bears this mark.
 #if defined(__GNUC__)
+/// Marks a name that the library exports. Every other name of the library is hidden.
 #define STEPRT_API __attribute__((visibility("default")))
 #else
 #define STEPRT_API
 #endif
 
-// A loaded module. On POSIX it is what dlopen gives.
 #if !defined(_WIN32)
+/// A loaded module. On POSIX it is the handle that dlopen returns.
 typedef void* HINSTANCE;
 #endif
 

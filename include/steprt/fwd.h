@@ -1,11 +1,12 @@
-// The names of all public types. A header that only passes pointers on needs no more than this.
+/// @file
+/// The names of all public types. A header that only passes pointers on needs no other header of the library.
 #ifndef STEPRT_FWD_H
 #define STEPRT_FWD_H
 
 struct APPobject0;      // a schema's descriptor           schema.h
-struct APPentity;       // one row of it                   schema.h
+struct APPentity;       // one row of a descriptor         schema.h
 struct APPindexNode;    // a node of the schema's index    schema.h
-struct STEPtransfer;    // one read or write of one file; opaque to clients
+struct STEPtransfer;    // one read or one write of one file; opaque to clients
 class STEPheader;       // base class of every instance    instance.h
 class STEPmodel;        // a population of instances       model.h
 class STEPaggr;         // an aggregate                    aggregate.h

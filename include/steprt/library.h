@@ -1,52 +1,66 @@
-// A library that carries a schema, and whether this object has to let go of it.
-//
-//   STEPlib lib(path);
-//   if (lib.LibOpen()) model.SetLib(&lib);
-//
-// The key of a path, by which a loaded module is known, lies in one buffer of the process: one thread at a time.
+/// @file
+/// A loaded library that contains a schema.
+///
+///     STEPlib lib(path);                        // a char*; shares the module if it is in the chain of module.h
+///     if (lib.LibOpen()) model.SetLib(&lib);    // the model must not use it after `lib` has gone
+///
+/// One thread at a time uses the library: the key of a path is in one buffer of the process.
 #ifndef STEPRT_LIBRARY_H
 #define STEPRT_LIBRARY_H
 
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
+/// The handle of a module, and whether this object must release it.
 class STEPRT_API STEPlib {
  public:
-  using Entry = int (*)();
+  using Entry = int (*)();  ///< An entry that LoadFunct fetches.
 
-  // Wraps a module that somebody else loaded and releases. Null too counts as open. A module of another namespace of
-  // the loader (dlmopen) counts as one that has gone: it has no entries here and is not released.
+  /// Wraps a module that someone else loaded and releases. The object is open, whatever the handle is.
+  ///
+  /// The library checks a handle before it uses it. Null and the handle of a module that is no longer loaded have no
+  /// entries and are not released. Two limits: the system may use the handle of an unloaded module again for another
+  /// one, and a module of another namespace of the loader (dlmopen) counts as unloaded.
   STEPlib(HINSTANCE module);
 
-  // Looks for the module among those of the extension chain, and loads it if it is not there. The last component of
-  // the path, behind its last backslash, is the key: upper-cased, and of a longer one its last 19 characters, it is
-  // sought anywhere in a module's own upper-cased path, of which the first 127 characters count. A module that is found
-  // is shared and stays loaded; one that is loaded here is released with this object. A null path loads nothing.
+  /// Searches the chain of extension modules, and loads the module if it is not there. A module that was found is
+  /// shared: this object does not release it. One that was loaded is released with the object.
+  ///
+  /// The search key is the path after its last backslash; a slash does not separate. It is upper-cased, and of a longer
+  /// key the last 19 characters count. The first module matches that has the key anywhere in its own upper-cased path,
+  /// of which the first 127 characters count. So an empty path, or one that ends in a backslash, matches the newest
+  /// module of the chain. A null path loads nothing; neither does an empty one if the chain is empty.
   STEPlib(char* path);
 
-  // Copies the fields. Both objects may own one module then: the caller sees to it that only one of them releases it.
-  // A module that the target of an assignment held is not released.
+  /// Copies the fields and takes no reference of its own. Two objects that own one module would both release it: let
+  /// only one of them do so.
   STEPlib(const STEPlib& other) = default;
+
+  /// Copies the fields, as the copy constructor does. A module that the target had is not released.
   STEPlib& operator=(const STEPlib& other);
 
-  ~STEPlib();
+  ~STEPlib();  ///< Releases the module if the object is open and owns it.
 
-  bool LibOpen();  // whether the module is usable
+  bool LibOpen();  ///< Whether the module can be used.
 
-  // Releases the module `count` times, whoever owns it, but no longer than it is loaded; then destroys this object, by
-  // which an open and owned module is released once more. The object must come from new. It may be of a derived class
-  // that has no virtual functions, no alignment beyond that of new, and STEPlib as its first base; the destructor of
-  // that class, and those of its members, are not run.
+  /// Releases the module `count` times, whoever owns it, but stops when it is no longer loaded. Then destroys this
+  /// object, which releases an open and owned module once more.
+  ///
+  /// The object must come from `new`, and is gone after the call. It may be of a derived class that has STEPlib as its
+  /// first base, no virtual functions, and no greater alignment than `new` provides. The destructors of that class and
+  /// of its members do not run.
   void UnloadDLL(int count);
 
  protected:
-  // Fills `table` with the module's entries number 2, 3, ... Gives 1 when all are there. A missing one stays null in
-  // its place, releases an owned module, closes this object and gives 0. A closed object gives 0 and leaves the table.
+  /// Fetches entries number 2, 3 and so on into `table`. Returns 1 if all of them exist.
+  ///
+  /// At the first that is missing it stores null, releases the module if this object owns it, closes the object and
+  /// returns 0; entries before that one remain in the table. A closed object returns 0 and does not change the table.
   int LoadFunct(Entry* table, int count);
 
-  HINSTANCE handle;  // null after a failed load
-  bool open;         // the handle is usable
-  bool owned;        // this object loaded the module and releases it
+  HINSTANCE handle;  ///< The module; null after a failed load.
+  bool open;         ///< Whether the module can be used.
+  bool owned;        ///< Whether this object loaded the module and releases it.
 };
 
 #endif

@@ -1,190 +1,225 @@
-// A model: a population of instances that is bound to one schema chain, and its way to and from files.
-//
-//   class Building : public STEPmodel {
-//    public:
-//     Building() : STEPmodel(10) { AppObj(&buildingSchema); }
-//   };
-//   Building model;
-//   if (model.Read(false, path) != 0) ...   // reports, or -1; path is a char*
-//
-// A model owns the instances on its list and destroys them; it owns nothing of the schema but the index that it built.
-// One thread at a time uses the library: the current model is one for the whole process, and nothing is locked.
+/// @file
+/// A model: a population of instances of one schema, and its transfers to and from files.
+///
+///     class Building : public STEPmodel {
+///      public:
+///       Building() { AppObj(&buildingSchema); }
+///     };
+///     Building model;
+///     if (model.Read(false, path) != 0) Warn();   // path is a char*
+///
+/// A model destroys the instances on its list with `delete`. It does not own its schema. One thread at a time uses the
+/// library: the process has one current model, and nothing is locked.
 #ifndef STEPRT_MODEL_H
 #define STEPRT_MODEL_H
 
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
+/// A population of instances of one schema. Derive a class that binds it to a descriptor by AppObj.
 class STEPRT_API STEPmodel {
  public:
-  // An empty model, without a schema until the derived class calls AppObj. It becomes the current model.
-  //
-  //   errorLimit  the budget of ErrShow for each transfer
+  /// An empty model without a schema. It becomes the current model.
+  /// @param errorLimit  the budget of ErrShow for each transfer
   explicit STEPmodel(int errorLimit = 10);
 
-  // A second, empty population of another model's schema. It uses the index that the schema has and never removes it.
-  // The current model stays. A null `other` gives a model without a schema.
+  /// A second, empty population of the schema of `other`. It does not become the current model. It uses the schema's
+  /// index and never drops it. If `other` is null, the model has no schema.
   explicit STEPmodel(STEPmodel* other);
 
-  // Copies all fields. A snapshot only: the instances stay those of the source, and the copy's end, or Delete on it,
-  // leaves them alone. It looks at the first of them, so it must come before that one is destroyed.
+  /// Copies all fields, to look at them. The instances still belong to the source: the copy's destructor and its Delete
+  /// do not destroy them. Add none to the copy, and destroy it before them. A copy that is not `shared` drops the
+  /// schema's index when it is destroyed, for the source too.
   STEPmodel(const STEPmodel& other);
 
-  // Destroys the instances and, unless the schema came from another model, drops the schema's index. The current model
-  // is not touched: when it is this one, set another, or null, before anything relies on it.
+  /// Destroys the instances. Then drops the schema's index, whoever built it, unless this model was made from another
+  /// one. It does not change the current model: if that is this model, set another one, or null, before you create an
+  /// instance without a model, call AutoId, or let an error procedure ask for the current model.
   virtual ~STEPmodel();
 
-  // Copies all fields, as the copy constructor does. Instances that the target had are not destroyed.
+  /// Copies all fields, as the copy constructor does. Does not destroy the instances that the target had.
   STEPmodel& operator=(const STEPmodel& other);
 
-  // The file name that Read and Write use by default. Cut at 260 characters, silently. A null text changes nothing.
-  char* Name();
-  void Name(char* text);
-  void Name(const char* text);
+  char* Name();                 ///< The name of the file that transfers use by default.
+  void Name(char* text);        ///< Copies `text`, silently truncated to 260 characters. A null text changes nothing.
+  void Name(const char* text);  ///< The same.
 
-  STEPheader* Inst();  // the first instance; the others follow by STEPheader::NextHead, in the order of appending
-  int IsEmpty();       // 1 or 0
+  STEPheader* Inst();  ///< The first instance of the list, or null. STEPheader::NextHead returns the next one.
+  int IsEmpty();       ///< 1 if the list is empty, otherwise 0.
 
-  // Moves an instance, from its own model if it has one, to the end of this model's list. Null does nothing.
+  /// Moves an instance to the end of this model's list, from the list of its own model if it has one. Null does
+  /// nothing.
   void Insert(STEPheader* object);
 
-  // Takes an instance off the list, a walk from the first; it is not destroyed. A stranger changes nothing. The
-  // instance still names this model: destroy it before the model, or Insert it elsewhere.
+  /// Removes an instance from the list by a walk from the first, and does not destroy it. Does nothing if the instance
+  /// is not on the list. The instance still names this model: destroy it before the model, or Insert it into another
+  /// one.
   void RmInst(STEPheader* object);
 
-  // Destroys all instances and starts the ids of GetEntId anew. Name, schema and flags stay.
+  /// Destroys all instances and restarts the ids of GetEntId at 1. Name, schema and flags remain.
   void Delete();
 
-  STEPheader* FindFirst(int type);  // the first of exactly this type, or null
+  STEPheader* FindFirst(int type);  ///< The first instance of exactly this type, or null.
 
-  // Whether the model differs from what was last read or written. A transfer ends with it false, a failed one too.
+  /// Whether the model was marked as changed since the last transfer. Only STEPheader::Changed and SetChanged mark it:
+  /// constructing, inserting, removing and deleting instances does not. A transfer clears the mark, a failed one too.
   bool Changed();
-  void SetChanged(bool value);
+  void SetChanged(bool value);  ///< Sets or clears that mark.
 
-  // Whether a transfer runs. For the client's own code to look at: nothing refuses to act on a locked model.
+  /// Whether a transfer of this model is running. This is information for the client: no operation refuses a locked
+  /// model.
   bool Locked();
-  void SetLocked(bool value);
+  void SetLocked(bool value);  ///< Sets or clears the lock. The end of a transfer clears it.
 
-  // 1, 2, ... 99999, 0, 1 and so on.
-  int GetEntId();
+  int GetEntId();  ///< Returns the next id of this model: 1, 2 ... 99999, then 0, 1 and so on.
 
-  // ---- files -------------------------------------------------------------------------------------------------------
+  /// @name Transfers
+  /// A client's function may start a transfer of the same model while another one runs. The start of the inner one
+  /// refills the budget of ErrShow, and its end clears the lock of the outer one.
+  /// @{
 
-  // Reads an ISO 10303-21 clear-text file and appends its instances. If the model is still empty then, the same file
-  // is read as XML.
-  //
-  // A FIFO is waited for until somebody writes to it. An empty model that it leaves empty waits once more, for the XML.
-  //
-  //   check  read the DATA section only if FILE_SCHEMA names the model's schema
-  //   name   becomes the model's name; null: the model's own is used. ".stp" is added for opening when what stands
-  //          behind its last backslash has no dot
-  //
-  // Gives 0 for a clean read and above 0 the number of errors reported. For an empty model it gives -1 when the file is
-  // read in neither form: it is missing, belongs to another schema, or has no record that the schema knows. Test for
-  // != 0. After the XML pass the result is that of ReadXml: an error reported behind a fault counts -1 up to 0, and
-  // without an XML service it is 0; the error procedure sees more. What was read before or beside an error stays. While
-  // it runs, the model is locked and is the current one. Without a schema nothing is read and the result is 1. A pass
-  // without memory for its transfer reads and reports nothing; its result is 1 in clear text and 0 in XML.
+  /// Reads a clear-text file (ISO 10303-21) and appends its instances. If the model is still empty after that, reads
+  /// the same file as an XML document.
+  ///
+  /// Returns the number of reports, 0 for a clean read, if the model has an instance after the clear-text pass.
+  /// Otherwise returns the result of ReadXml: -1 for a file that is missing, that belongs to another schema, or that
+  /// has no record of a known entity. So test for != 0. ReadXml lists the cases in which a 0 is not a clean read.
+  /// Whatever is reported, instances that were read remain. Without a schema, nothing is read and the result is 1. When
+  /// memory runs out for a pass itself, it reads and reports nothing, and its result is 1 for clear text and 0 for XML.
+  ///
+  /// During the read this model is locked and is the current model. Afterwards the earlier current model is set again.
+  ///
+  /// Opening a FIFO waits for a writer. If the model remains empty, the XML pass opens it and waits once more.
+  ///
+  /// @param check  read the DATA section only if FILE_SCHEMA names the schema of this model
+  /// @param name   becomes the name of the model, or null for the name it has. To open the file, ".stp" is added if the
+  ///               name has no dot after its last backslash; a slash does not separate
   int Read(bool check, char* name);
 
-  // Writes the instances as an ISO 10303-21 clear-text file.
-  //
-  //   name    null: the model's own; the model does not take it on
-  //   remark  goes into FILE_DESCRIPTION as it is, so it must keep to that text's rules; null counts as empty
-  //
-  // Gives the number of records, or -1; see STEPwrite.
+  /// Writes the instances as a clear-text file (ISO 10303-21). Returns the number of records, or -1; see STEPwrite.
+  ///
+  /// It does not change the current model, which the error procedure may ask for.
+  /// @param name    the file's name, which the model does not take over; null for the name of the model
+  /// @param remark  written unchanged into FILE_DESCRIPTION, so it must double its apostrophes; null counts as empty
   int Write(char* name, const char* remark);
 
-  // Reads an XML document: `text`, or, when that is null, the file of the model's name. Gives the number of errors
-  // reported; a document that is not well formed, or a file that cannot be opened, sets -1, which later reports count
-  // up. Without an XML service: 0, after one message in a message box. Without a schema: 1. Without memory for the
-  // transfer: 0, in silence.
+  /// Reads an XML document from the text `text`, or from the file with the model's name if `text` is null.
+  ///
+  /// Returns the number of reports, 0 for a clean read. A fault that the XML parser finds sets the result to -1, as for
+  /// a document that is not well formed or a file that cannot be opened. Each later report adds 1, so the result of a
+  /// faulty document may be 0. It is also 0 if an instance has no `rid`, which ends the read; if the library was built
+  /// without XML, after one message in a message box; and, without a report, when memory runs out for the transfer. It
+  /// is 1 without a schema. The error procedure receives every fault but the last three.
   int ReadXml(const char* text);
 
-  // Writes the instances as an XML document. Arguments and result as those of Write. A file to which a clear-text
-  // writer writes counts as one that cannot be made; two XML writers share theirs.
+  /// Writes the instances as an XML document. Arguments and result are those of Write. If another writer has the file
+  /// open for clear text, it cannot be created; two writers of XML do not exclude each other.
   int WriteXml(char* fileName, const char* remark);
 
-  // Takes one off the error budget of the running transfer: 1 while there was one left, else 0. For an error procedure
-  // that shows the first few reports only; the library itself delivers every one.
+  /// Takes one from the error budget of the running transfer. Returns 1 if one was left, otherwise 0. It lets an error
+  /// procedure show only the first few reports; the library always delivers all of them.
   int ErrShow();
+  void ErrShow(int limit);  ///< Sets the budget of later transfers.
 
-  // The budget of the transfers to come.
-  void ErrShow(int limit);
+  /// @}
 
-  // ---- the schema --------------------------------------------------------------------------------------------------
-  // Without a schema these do nothing and give the answer for "not found".
+  /// @name The schema
+  /// Without a schema these do nothing and return the answer for "not found". AttachDll needs no schema.
+  /// @{
 
-  const char* EntityName(int type);  // the keyword of a type, "Unknown" without a row; never through the index
-  bool IsSchema(char* name);         // whether the first descriptor bears this name, in any case
+  /// Returns the keyword of a type, or "Unknown" if it has no row. Never uses the index.
+  const char* EntityName(int type);
+  bool IsSchema(char* name);  ///< Whether the first descriptor has this name, case-insensitively. False for null.
 
-  // Builds the schema's index, once. Lookups and subtype expansion then go by it. Names must be spelled as the rows
-  // spell them from then on, and rows that AddModel adds later are not seen. A failed allocation leaves lookups linear,
-  // or single rows unseen.
+  /// Builds the index of the schema, unless it has one. All lookups and ExtractTypes then use it.
+  ///
+  /// Names must now be spelled as in the rows: another case is found only by chance. Rows that AddModel adds later are
+  /// not found until the index is dropped and built again. When memory runs out, lookups remain without an index, or do
+  /// not find single rows.
+  ///
+  /// The index belongs to the first descriptor and contains addresses of rows. Every model of the schema uses it. It is
+  /// dropped with the first of them to be destroyed that was not made from another model. If only models made from
+  /// others are left, it remains: call RemoveHash before a descriptor is unloaded.
   void PrepareHash();
 
-  // Loads a library and, if `entryName` is not null, calls that entry of it with this model; the entry has C linkage,
-  // takes a STEPmodel* and gives a bool. Gives the module, which is the caller's to release, or null: without the
-  // library, without the entry, or when the entry gave false; nothing stays loaded then.
+  /// Loads a library and calls its entry `entryName` with this model. Returns the module, which the caller must release
+  /// (see STEPlib::UnloadDLL). If `entryName` is null, it only loads.
+  ///
+  /// Returns null if the library cannot be loaded, as with a null or empty path, if it has no such entry, or if the
+  /// entry returned false; the module does not stay loaded then. If the entry throws, the exception passes through and
+  /// the module stays loaded, with nobody to release it.
+  /// @param path       the path for dlopen
+  /// @param entryName  a function of the module with C linkage: `bool (STEPmodel*)`
   HINSTANCE AttachDll(const char* path, const char* entryName);
 
-  // Links the first descriptor of another model's schema behind this one's chain, unless one of that name is there.
-  // What followed that descriptor is cut off from it, for the other model as well. Gives 1, or 0 when either model has
-  // no schema.
+  /// Appends the first descriptor of another model's schema to the chain of this one, unless the chain has a schema of
+  /// that name (case-insensitively). The descriptor loses what followed it, for the other model too. Returns 1, or 0 if
+  /// one of the models has no schema or `other` is null.
   int AddModel(STEPmodel* other);
 
-  // The library of the first descriptor of the chain that bears this name, in any case; null if none.
+  /// Returns the library of the first descriptor of the chain with this name, case-insensitively. Returns null if there
+  /// is no such descriptor, or none is recorded with it.
   STEPlib* GetLib(const char* schemaName);
+  void SetLib(STEPlib* lib);  ///< Records a library with the first descriptor. The caller still owns it.
 
-  // Records a library with the first descriptor. It stays the caller's.
-  void SetLib(STEPlib* lib);
+  /// @}
 
-  // ---- queries -----------------------------------------------------------------------------------------------------
-  // A query gives new nodes in the order of its source. They are the caller's: DeleteSTEPlist on the head, then delete
-  // the aggregate. At most 31 types count, the asked one included; which of more are dropped follows from the order of
-  // ExtractTypes. A node that cannot be allocated ends the result there.
-  //
-  //   depth  below 2: the type alone, with or without a row; 2: with two levels of subtypes, and so on. All: 31 levels
+  /// @name Queries
+  /// A result consists of new nodes in the order of the source and belongs to the caller: call DeleteSTEPlist with its
+  /// head, then delete the aggregate. At most 31 types count, the given one included; ExtractTypes determines which
+  /// ones are dropped. When memory runs out for a node, the result ends there.
+  ///
+  /// With a `depth` below 2, only the given type counts, and it needs no row. With 2, two levels of subtypes count too,
+  /// and so on.
+  /// @{
 
-  STEPlist* GetSTEPlist(int type, int depth);                    // null if nothing matches
-  STEPaggr* GetSTEPaggr(int type, int depth);                    // an empty aggregate if nothing matches; null
-  STEPaggr* GetSTEPaggrAll(int type);                            //   only without memory for the aggregate
-  STEPaggr* GetSTEPaggr(STEPaggr* source, int type, int depth);  // over a reference list; null members are skipped,
-  STEPaggr* GetSTEPaggrAll(STEPaggr* source, int type);          //   a null source counts as empty
+  STEPlist* GetSTEPlist(int type, int depth);  ///< The instances of a type; null if there is none.
+  STEPaggr* GetSTEPaggr(int type, int depth);  ///< The same in an aggregate; null only when memory runs out for that.
+  STEPaggr* GetSTEPaggrAll(int type);          ///< The same with a depth of 31.
 
-  // ---- fields, open to derived classes and to the library; change them through the operations -----------------------
+  /// The members of a list of references that are of a type. Null members are skipped; a null source counts as empty.
+  STEPaggr* GetSTEPaggr(STEPaggr* source, int type, int depth);
+  STEPaggr* GetSTEPaggrAll(STEPaggr* source, int type);  ///< The same with a depth of 31.
+  /// @}
 
-  char name[261];      // see Name
-  STEPheader* first;   // see Inst
-  STEPheader** tail;   // the link that ends the list
-  APPobject0* schema;  // head of the schema chain
-  bool changed;        // see Changed
-  bool locked;         // see Locked
-  bool shared;         // the schema's index belongs to another model
-  int errorsLeft;      // what is left of the running transfer's budget
-  int errorLimit;      // what each transfer starts with
-  int lastId;          // what GetEntId or AutoId gave last, 0 to 99999
+  /// @name Fields
+  /// Derived classes and the library use them directly. Change them through the operations above.
+  /// @{
+  char name[261];      ///< See Name.
+  STEPheader* first;   ///< See Inst.
+  STEPheader** tail;   ///< The link that ends the list: the last instance's `next`, or `first`.
+  APPobject0* schema;  ///< The first descriptor of the schema, or null.
+  bool changed;        ///< See Changed.
+  bool locked;         ///< See Locked.
+  bool shared;         ///< The model was made from another one, so it never drops the schema's index.
+  int errorsLeft;      ///< What is left of the running transfer's budget.
+  int errorLimit;      ///< The budget at the start of each transfer.
+  int lastId;          ///< The last id of GetEntId or AutoId, 0 to 99999.
+                       /// @}
 
  protected:
-  // Appends without a look at the instance's model or at other lists.
+  /// Appends an instance without changing its `model`, and without removing it from another list. Null does nothing.
   void AddInst(STEPheader* object);
 
-  // Binds the model to a schema. Nothing else happens.
+  /// Binds the model to a schema and does nothing else. Null unbinds it.
   void AppObj(APPobject0* descriptor);
 
-  // Drops the schema's index, for all models that use it; lookups are linear again.
+  /// Drops the schema's index for all models that use it. Lookups then walk the rows again.
   void RemoveHash();
 };
 
-// The model that an instance constructed without a model joins; null until a model is constructed. Set by
-// STEPmodel(int), by CurrentModel(STEPmodel*), and by Read and ReadXml for as long as they run.
+/// Returns the model that an instance constructed without a model joins. It is null until the first model is
+/// constructed, and may be a model that has been destroyed: see ~STEPmodel. An error procedure must check for null:
+/// Write and WriteXml set no current model.
 STEPRT_API STEPmodel* CurrentModel();
+
+/// Sets the current model; null for none. STEPmodel(int) sets it too; Read and ReadXml set it while they run.
 STEPRT_API void CurrentModel(STEPmodel* model);
 
-// The prefix, cut at 63 characters, with the next id of the current model behind it. The text lies in a buffer of the
-// library that the next call overwrites. Without a current model the id is 0.
-//
-//   reserved  not looked at
+/// Returns `prefix`, truncated to 63 characters, followed by the next id of the current model, or by 0 if there is
+/// none. The text is in a buffer of the library that the next call overwrites. A null prefix counts as empty.
+/// @param reserved  not used
+/// @param prefix    the start of the text
 STEPRT_API char* AutoId(int reserved, const char* prefix);
 
 #endif

@@ -1,53 +1,57 @@
-// For the writer of a module: a shared object that carries a schema and is loaded at run time.
-//
-// Numbered entries. A module offers them through one table of its own, which its function STEPentries gives:
-//
-//   static const STEPentryFunc kEntries[] = {nullptr, CountDoors, CountWindows};   // 1 is free; 2 and 3
-//   static const STEPentryTable kTable = {3, kEntries};
-//   const STEPentryTable* STEPentries() { return &kTable; }
-//
-// STEPlib::LoadFunct fetches from number 2 upward. A function of another type goes through a reinterpret_cast there and
-// back.
-//
-// The chain of extension modules. A module joins it by one object at namespace scope, and stands in it from its load to
-// its unload, the newest first:
-//
-//   static STEPmodule thisModule;
-//
-// STEPlib(char*) then finds it and shares it. The library itself stands in no chain. Nothing is locked: modules are
-// loaded and unloaded on the thread that uses the library.
+/// @file
+/// For the author of a module: a shared object that contains a schema and is loaded at run time.
+///
+/// Entries by number. A module offers them in a table, which its function STEPentries returns:
+///
+///     static const STEPentryFunc kEntries[] = {nullptr, CountDoors, CountWindows};   // 1 is unused; 2 and 3
+///     static const STEPentryTable kTable = {3, kEntries};
+///     const STEPentryTable* STEPentries() { return &kTable; }
+///
+/// STEPlib::LoadFunct fetches entries from number 2 on. A function of another type needs a reinterpret_cast on both
+/// sides.
+///
+/// The chain of extension modules. A module joins it by one object at namespace scope and remains in it until it is
+/// unloaded; the newest module comes first:
+///
+///     static STEPmodule thisModule;
+///
+/// STEPlib(char*) finds such a module and shares it. The library itself is in no chain. One thread at a time uses the
+/// library: load and unload modules on that thread.
 #ifndef STEPRT_MODULE_H
 #define STEPRT_MODULE_H
 
 #include <steprt/export.h>
 
+/// An entry of a module.
 using STEPentryFunc = int (*)();
 
+/// The numbered entries of a module.
 struct STEPentryTable {
-  int count;
-  const STEPentryFunc* entries;  // entry number n is entries[n - 1]; null where the module has none
+  int count;                     ///< The greatest number.
+  const STEPentryFunc* entries;  ///< entries[n - 1] is entry number n; null if the module has no such entry.
 };
 
 extern "C" {
 
-// Each module defines its own; a module without it has no numbered entries. The library looks it up in the module. Do
-// not call it: the name may mean that of another module.
+/// Returns the table of a module. Each module defines its own; a module without it has no numbered entries. Never call
+/// it: the call may reach the function of another module. The library looks it up in the module itself.
 STEPRT_API const STEPentryTable* STEPentries();
 
 }  // extern "C"
 
+/// A link of the chain of extension modules.
 class STEPRT_API STEPmodule {
  public:
-  // Joins the chain with the module in which this object lies. One that lies in no module, but on the stack or the
-  // heap or in the program, joins nothing; nor does one in a module of another namespace of the loader (dlmopen).
+  /// Adds the module that contains this object to the chain. An object outside of all modules (on the stack, on the
+  /// heap, in the program) is not added, nor is one in a module of another namespace of the loader (dlmopen).
   STEPmodule();
-  ~STEPmodule();  // leaves it
+  ~STEPmodule();  ///< Removes it from the chain.
 
   STEPmodule(const STEPmodule&) = delete;
   STEPmodule& operator=(const STEPmodule&) = delete;
 
-  STEPmodule* next;  // null at the end
-  HINSTANCE module;  // not a reference of its own: the chain keeps no module loaded
+  STEPmodule* next;  ///< The next link; null at the end.
+  HINSTANCE module;  ///< The module. The chain takes no reference: it keeps no module loaded.
 };
 
 #endif

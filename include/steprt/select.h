@@ -1,60 +1,67 @@
-// The value of a SELECT attribute: one value whose kind shows at run time.
-//
-//   if (owner.Type() == STEPselect::SEL_OBJ) Visit(owner.GetSTEPobj());
-//
-// Getters never convert: asking for another kind than the one held gives 0, 0.0 or null. Setters never release: a text
-// that is replaced goes back to the caller, who takes it with GetCharPtr first and releases it by delete[].
+/// @file
+/// The value of a SELECT attribute, whose kind is known at run time only.
+///
+///     STEPselect& width = door->width;
+///     if (width.Type() == STEPselect::SEL_REAL) Show(width.GetReal());
+///     width.SetReal(2.5);
+///
+/// One thread at a time uses the library.
 #ifndef STEPRT_SELECT_H
 #define STEPRT_SELECT_H
 
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
+/// A value and its kind. It owns a text, but not an instance.
+///
+/// A getter does not convert: if the value is of another kind, it returns 0, 0.0 or null. A setter does not release the
+/// text that it replaces: call GetCharPtr before, and `delete[]` that text after. rSTEPsel does not release it either.
 class STEPRT_API STEPselect {
  public:
+  /// The kinds of value.
   enum SelType : int {
-    SEL_NONE = 0,  // nothing, the state after construction
-    SEL_INT = 1,
-    SEL_REAL = 2,
-    SEL_TEXT = 3,  // a text from new char[], owned by the select
-    SEL_OBJ = 4    // an instance, not owned; null stands for an omitted value
+    SEL_NONE = 0,  ///< No value. A new select is in this state.
+    SEL_INT = 1,   ///< An integer.
+    SEL_REAL = 2,  ///< A real.
+    SEL_TEXT = 3,  ///< A text from `new char[]`, which the select owns.
+    SEL_OBJ = 4    ///< An instance, which the select does not own. Null is an omitted value.
   };
 
-  STEPselect();
+  STEPselect();  ///< A select without a value.
 
-  // Takes value and kind; a text is duplicated. Without memory for the copy the new select holds nothing.
+  /// Copies kind and value, and duplicates a text. When memory runs out for the text, the new select has no value.
   STEPselect(const STEPselect& other);
 
-  ~STEPselect();  // releases a text
+  ~STEPselect();  ///< Releases a text.
 
-  // Takes value and kind as raw data: a text is then held by both selects and would be released by both. Give one of
-  // them another kind through a setter before it is destroyed. A text that the target held is not released.
+  /// Copies kind and value without duplicating a text, and does not release the text that the target had. Afterwards
+  /// both selects own the same text: set another kind in one of them before it is destroyed.
   STEPselect& operator=(const STEPselect& other);
 
-  SelType Type();
+  SelType Type();  ///< The kind of the value.
 
-  int GetInt();
-  double GetReal();
-  char* GetCharPtr();  // stays the select's
-  STEPheader* GetSTEPobj();
+  int GetInt();              ///< The integer, or 0.
+  double GetReal();          ///< The real, or 0.0.
+  char* GetCharPtr();        ///< The text, or null. The select still owns it.
+  STEPheader* GetSTEPobj();  ///< The instance, or null.
 
-  void SetInt(int integer);
-  void SetReal(double real);
-  void SetCharPtr(char* text);  // from new char[], handed over; no literal, no buffer of the caller's
-  void SetSTEPobj(STEPheader* object);
+  void SetInt(int integer);             ///< Stores an integer.
+  void SetReal(double real);            ///< Stores a real.
+  void SetCharPtr(char* text);          ///< Stores a text from `new char[]` and takes ownership. Never pass a literal.
+  void SetSTEPobj(STEPheader* object);  ///< Stores an instance; null for an omitted value, which is written as `$`.
 
-  // Where the value lies, whatever the kind. A pointer stored there is what GetSTEPobj gives once the kind is SEL_OBJ;
-  // the kind is not changed.
+  /// The address of the value, whatever its kind. After a pointer has been stored there, GetSTEPobj returns it only if
+  /// the kind is SEL_OBJ already: this operation does not change the kind.
   void** GetSTEPObjAddr();
 
   union {
-    void* address;  // the arm that covers all eight bytes
-    int integer;
-    double real;
-    char* text;
-    STEPheader* object;
-  } value;
-  SelType tag;
+    void* address;       ///< Covers all bytes of the union.
+    int integer;         ///< If the kind is SEL_INT.
+    double real;         ///< If the kind is SEL_REAL.
+    char* text;          ///< If the kind is SEL_TEXT.
+    STEPheader* object;  ///< If the kind is SEL_OBJ.
+  } value;               ///< The value. Use the getters and setters.
+  SelType tag;           ///< The kind of the value.
 };
 
 #endif
