@@ -1,7 +1,8 @@
-// The input of a target as a row of small decisions. Behind its end everything is 0.
+// The input of a check as a row of small decisions. After its end everything is 0.
 #ifndef STEPRT_FUZZ_BYTES_H
 #define STEPRT_FUZZ_BYTES_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -11,15 +12,14 @@ namespace fuzz {
 
 class Bytes {
  public:
-  Bytes(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+  explicit Bytes(const std::string& all) : data_(all.data()), size_(all.size()) {}
 
   bool IsEmpty() const { return size_ == 0; }
-  std::size_t Left() const { return size_; }
 
   std::uint8_t Byte() {
     if (size_ == 0) return 0;
     --size_;
-    return *data_++;
+    return static_cast<std::uint8_t>(*data_++);
   }
 
   // 0 to count - 1, for a count of 256 at most.
@@ -29,7 +29,7 @@ class Bytes {
   template <typename Number>
   Number Any() {
     Number number = {};
-    const std::size_t taken = size_ < sizeof number ? size_ : sizeof number;
+    const std::size_t taken = std::min(size_, sizeof number);
     if (taken > 0) std::memcpy(&number, data_, taken);
     data_ += taken;
     size_ -= taken;
@@ -47,8 +47,15 @@ class Bytes {
     return text;
   }
 
+  // All that is left, up to the first byte that is 0.
+  std::string Rest() {
+    const std::string rest(data_, size_);
+    size_ = 0;
+    return rest.c_str();
+  }
+
  private:
-  const std::uint8_t* data_;
+  const char* data_;
   std::size_t size_;
 };
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "host/plain_host.h"
 #include "read/transfer/record.h"
 #include "xml/values/kind.h"
 #include "xml/values/lists.h"
@@ -120,6 +121,7 @@ void CheckQuoted(std::string text) {
 }  // namespace
 
 void CheckXmlValues(const std::string& text) {
+  const steprt_test::PlainHost plain;
   EXPECT_EQ(ClassifyText(text.c_str()), KindByPattern(text));
   EXPECT_EQ(IsRealText(text.c_str()), IsRealByPattern(text));
   CheckReferences(text);

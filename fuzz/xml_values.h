@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-// Ends the program at a difference. There is no byte of 0 in the text.
+// A difference is a failure of Google Test. There is no byte of 0 in the text.
 void CheckXmlValues(const std::string& text);
 
 }  // namespace fuzz

@@ -18,57 +18,6 @@ namespace {
 
 // ---- comma ---------------------------------------------------------------------------------------------------------
 
-// A decimal comma, digits in groups, small letters above 0x7F, and an i whose capital is none of A to Z.
-const char kDefinition[] = R"(comment_char %
-escape_char /
-LC_NUMERIC
-decimal_point "<U002C>"
-thousands_sep "<U002E>"
-grouping 3;3
-END LC_NUMERIC
-LC_CTYPE
-upper <U0041>..<U005A>;<U00C0>..<U00D6>;<U0130>
-lower <U0061>..<U007A>;<U00E0>..<U00F6>;<U0131>
-digit <U0030>..<U0039>
-space <U0009>..<U000D>;<U0020>;<U00A0>
-blank <U0009>;<U0020>;<U00A0>
-punct <U0021>..<U002F>;<U003A>..<U0040>;<U005B>..<U0060>;<U007B>..<U007E>;<U00B7>
-toupper @upper@(<U0069>,<U0130>);(<U0131>,<U0049>)
-tolower @lower@(<U0049>,<U0131>);(<U0130>,<U0069>)
-END LC_CTYPE
-)";
-const char kCharacters[] = R"(<code_set_name> TURKISH
-<comment_char> %
-<escape_char> /
-CHARMAP
-<U0000>..<U00DC> /x00 as in Latin 1
-<U0130> /xdd I WITH DOT
-<U00DE>..<U00FC> /xde as in Latin 1
-<U0131> /xfd DOTLESS I
-<U00FE> /xfe as in Latin 1
-<U00FF> /xff as in Latin 1
-END CHARMAP
-)";
-
-// Pairs of letters but for the i, as "(<U0061>,<U0041>);"
-std::string Pairs(bool toUpper) {
-  std::string pairs;
-  for (int upper = 'A'; upper <= 'Z'; ++upper) {
-    char pair[32];
-    const int lower = upper + 'a' - 'A';
-    std::snprintf(pair, sizeof pair, "(<U%04X>,<U%04X>);", toUpper ? lower : upper, toUpper ? upper : lower);
-    if (upper != 'I') pairs += pair;
-  }
-  return pairs;
-}
-
-std::string Definition() {
-  std::string definition = kDefinition;
-  definition.replace(definition.find("@upper@"), 7, Pairs(true));
-  definition.replace(definition.find("@lower@"), 7, Pairs(false));
-  return definition;
-}
-
 bool IsCommaInForce() {
   std::ostringstream stream;
   stream << 1234567 << ' ' << 2.5;
@@ -76,12 +25,12 @@ bool IsCommaInForce() {
   return std::strtod("2,5", nullptr) == 2.5 && stream.str() == "1.234.567 2,5" && toupper(i) == 0xDD && isalpha(0xE4);
 }
 
+// From comma.def and comma.map beside this file.
 bool UseComma() {
-  const std::string definition = MakeFile("comma.def", Definition());
-  const std::string characters = MakeFile("comma.map", kCharacters);
   const std::string log = TempPath("localedef.log");
   // It warns of the categories that are missing, and says so in its result.
-  const std::string command = "localedef -c --no-archive -f " + characters + " -i " + definition + " " +
+  const std::string command = "localedef -c --no-archive -f " STEPRT_TEST_HOST "/comma.map -i " STEPRT_TEST_HOST
+                              "/comma.def " +
                               TempPath("comma") + " >" + log + " 2>&1";
   const int result = system(command.c_str());
   setenv("LOCPATH", TempPath("").c_str(), 1);

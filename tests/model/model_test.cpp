@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "support/failing_new.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
@@ -22,36 +20,6 @@ Objects ListOf(STEPmodel& model) {
   EXPECT_EQ(model.tail, link);
   EXPECT_EQ(model.IsEmpty(), list.empty() ? 1 : 0);
   return list;
-}
-
-// Against a plain list, over many random steps. What is on no list, and null, is taken off without harm.
-TEST(Model, RandomEditsKeepTwoModelsInOrder) {
-  ProjModel models[2];
-  Objects expected[2];
-  std::mt19937 random(1);
-  for (int step = 0; step < 20000; ++step) {
-    const unsigned which = random() % 2;
-    Objects& list = expected[which];
-    const std::size_t place = list.empty() ? 0 : random() % list.size();
-    const unsigned action = list.size() < 3 ? 0 : random() % 4;
-    STEPheader* object = action == 0 ? new STEPheader(&models[which]) : list[place];
-    if (action > 0) list.erase(list.begin() + static_cast<std::ptrdiff_t>(place));
-    if (action == 1) {
-      models[1 - which].RmInst(object);
-      models[which].RmInst(object);
-      EXPECT_EQ(object->Model(), &models[which]) << "what was taken out keeps its model";
-      models[which].RmInst(object);
-      delete object;
-    } else if (action > 1) {
-      models[action == 2 ? which : 1 - which].Insert(object);
-    }
-    if (action != 1) expected[action == 3 ? 1 - which : which].push_back(object);
-    if (step % 100 != 0) continue;
-    models[which].RmInst(nullptr);
-    models[which].Insert(nullptr);
-    ASSERT_EQ(ListOf(models[0]), expected[0]) << step;
-    ASSERT_EQ(ListOf(models[1]), expected[1]) << step;
-  }
 }
 
 TEST(Model, DeleteDestroysTheInstancesAndStartsTheIdsAnew) {

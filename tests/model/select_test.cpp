@@ -15,33 +15,6 @@ char* HeapText(const std::string& text) {
   return Copy(copy, text.c_str(), static_cast<int>(text.size()));
 }
 
-TEST(Select, GivesTheKindThatItHoldsAndNeutralValuesForTheOthers) {
-  ProjModel model;
-  STEPheader* object = new Entity(kWall);
-  char* text = HeapText("text");
-  STEPselect select;
-  const auto expect = [&](STEPselect::SelType type, int integer, double real, const char* held, STEPheader* reference) {
-    EXPECT_EQ(select.Type(), type);
-    EXPECT_EQ(select.GetInt(), integer);
-    EXPECT_EQ(select.GetReal(), real);
-    EXPECT_EQ(select.GetCharPtr(), held);
-    EXPECT_EQ(select.GetSTEPobj(), reference);
-  };
-  expect(STEPselect::SEL_NONE, 0, 0.0, nullptr, nullptr);
-  select.SetInt(-7);
-  expect(STEPselect::SEL_INT, -7, 0.0, nullptr, nullptr);
-  select.SetReal(2.5);
-  expect(STEPselect::SEL_REAL, 0, 2.5, nullptr, nullptr);
-  select.SetSTEPobj(object);
-  expect(STEPselect::SEL_OBJ, 0, 0.0, nullptr, object);
-  select.SetSTEPobj(nullptr);
-  expect(STEPselect::SEL_OBJ, 0, 0.0, nullptr, nullptr);
-  *select.GetSTEPObjAddr() = object;  // where an instance belongs
-  expect(STEPselect::SEL_OBJ, 0, 0.0, nullptr, object);
-  select.SetCharPtr(text);
-  expect(STEPselect::SEL_TEXT, 0, 0.0, text, nullptr);
-}
-
 TEST(Select, ATextGoesWithTheSelectUnlessAnotherKindIsSet) {
   const long before = LiveBlocks();
   char* kept = HeapText("kept");

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check_consumer.sh WAY COMPILER SOURCE PREFIX FOLDER - builds the client in FOLDER as a consumer does who comes by this
-# WAY, and runs it:
+# check_consumer.sh WAY COMPILER SOURCE PREFIX FOLDER - builds two of the examples in FOLDER as a consumer does who comes
+# by this WAY, and runs them. Each is a client that checks what it reads and writes.
 #
 #   find_package, pkg_config    on the package installed in PREFIX
 #   subdirectory, without_xml   on the tree in SOURCE, with and without the XML reader
@@ -18,18 +18,26 @@ build_by_pkg_config() {
   PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name steprt.pc)")
   local flags
   read -ra flags <<<"$(pkg-config --cflags --libs steprt)"
-  "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$here/client.cpp" -o "$folder/client" "${flags[@]}"
+  for client in edit_and_write stp_xml_convert; do
+    "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$source/examples/$client.cpp" \
+      "$source/examples/proj/schema.cpp" -o "$folder/$client" "${flags[@]}"
+  done
   export LD_LIBRARY_PATH
   LD_LIBRARY_PATH=$(pkg-config --variable=libdir steprt)
 }
 
 rm -rf "$folder"
 mkdir -p "$folder"
-xml=xml
 case $way in
   find_package) build_by_cmake find_package -DCMAKE_PREFIX_PATH="$prefix" ;;
   pkg_config) build_by_pkg_config ;;
   subdirectory) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" ;;
-  without_xml) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" -DSTEPRT_XML=OFF && xml= ;;
+  without_xml) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" -DSTEPRT_XML=OFF ;;
 esac
-"$folder/client" "$folder" $xml
+"$folder/edit_and_write" "$folder"
+# Without the XML reader nothing comes of a document, which this client says in its result.
+if [ "$way" = without_xml ]; then
+  ! "$folder/stp_xml_convert" "$folder"
+else
+  "$folder/stp_xml_convert" "$folder"
+fi
