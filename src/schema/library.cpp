@@ -1,7 +1,6 @@
 #include "steprt/library.h"
 
 #include <cstring>
-#include <new>
 
 #include "platform/modules.h"
 #include "support/ascii.h"

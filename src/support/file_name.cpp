@@ -1,7 +1,6 @@
 #include "support/file_name.h"
 
 #include <cstring>
-#include <string_view>
 
 namespace steprt {
 

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <string_view>
 #include <utility>

@@ -4,7 +4,6 @@
 #ifndef STEPRT_SUPPORT_NUMBER_MAP_H
 #define STEPRT_SUPPORT_NUMBER_MAP_H
 
-#include <cstddef>
 #include <cstdint>
 
 namespace steprt {

@@ -2,7 +2,6 @@
 #ifndef STEPRT_SUPPORT_POOL_H
 #define STEPRT_SUPPORT_POOL_H
 
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 

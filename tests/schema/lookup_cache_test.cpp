@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <list>
 
 #include "schema/generated_chain.h"
 #include "schema/lookup.h"

@@ -45,8 +45,8 @@ void EntryIndex::Observe(std::uint32_t bits) {
 // records from 1 come in any order.
 bool EntryIndex::WillBeFull() const { return falls_ > Count() / 4 && highest_ < 1.25 * expected_; }
 
-// What pages hold beside the entries taken may grow by 9 bytes a number, and a little to begin with: a scattered entry needs
-// 24 bytes and its place in a map 14, so that a record never holds more than 48.
+// What pages hold beside the entries taken may grow by 9 bytes a number, and a little to begin with: a scattered entry
+// needs 24 bytes and its place in a map 14, so that a record never holds more than 48.
 bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   constexpr double kSparePerNumber = 9;
   constexpr double kSpare = 1 << 14;

@@ -1,10 +1,10 @@
-// Holds the entries of the instance table and finds them by number without a walk. Numbers that stand close together, as
-// an exporter gives them, lie in pages of 256 neighbours, in a directory by number, where a entry is one look away;
-// scattered ones, for which pages would be wasteful, lie in a pool and are found through hash maps. A entry never moves.
+// Holds the entries of the instance table and finds them by number without a walk. Numbers that stand close together,
+// as an exporter gives them, lie in pages of 256 neighbours, in a directory by number, where a entry is one look away;
+// scattered ones, for which pages would be wasteful, lie in a pool and are found through hash maps. A entry never
+// moves.
 #ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 #define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
-#include <cstddef>
 #include <cstdint>
 
 #include "steprt/instance.h"

@@ -1,7 +1,7 @@
-// Asks memory early for the entries of the instance table that the references further on in the block will need, and for
-// the objects behind them. Where numbers come far from in order, each is a wait; asked for some numbers ahead, they are
-// there in time.
-// Only time depends on it: a number taken for one by mistake, such as one inside a text, does no harm.
+// Asks memory early for the entries of the instance table that the references further on in the block will need, and
+// for the objects behind them. Where numbers come far from in order, each is a wait; asked for some numbers ahead, they
+// are there in time. Only time depends on it: a number taken for one by mistake, such as one inside a text, does no
+// harm.
 #ifndef STEPRT_READ_TRANSFER_PREFETCH_H
 #define STEPRT_READ_TRANSFER_PREFETCH_H
 
@@ -34,8 +34,8 @@ class Prefetcher {
   std::uint32_t block_ = 0;        // of the file, that has been begun
   const char* scanned_ = nullptr;  // its part whose numbers have been asked for
 
-  static constexpr int kBatch = 8;  // numbers that are asked for together
-  const STEPentry* entries_[kBatch];   // that were asked for last, and will have come; null for one in a map
+  static constexpr int kBatch = 8;    // numbers that are asked for together
+  const STEPentry* entries_[kBatch];  // that were asked for last, and will have come; null for one in a map
   int count_ = 0;
 };
 
