@@ -12,7 +12,8 @@
 
 #include "bytes.h"
 #include "host/plain_host.h"
-#include "support/number.h"
+#include "support/number_parse.h"
+#include "support/number_print.h"
 #include "xml_values.h"
 
 namespace fuzz {

@@ -2,8 +2,9 @@
 set(STEPRT_SOURCES
     support/copy.cpp
     support/file_name.cpp
-    support/number.cpp
-    support/number_map.cpp
+    support/number_parse.cpp
+    support/number_print.cpp
+    support/seed.cpp
     support/text_buffer.cpp
     platform/posix/clock.cpp
     platform/posix/file_calls.cpp
@@ -27,7 +28,7 @@ set(STEPRT_SOURCES
     model/select.cpp
     model/string.cpp
     model/type_queries.cpp
-    read/transfer/element_index.cpp
+    read/transfer/elements.cpp
     read/transfer/entry_index.cpp
     read/transfer/instance_table.cpp
     read/transfer/keywords.cpp

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "steprt/text.h"
-#include "support/number.h"
+#include "support/number_print.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "support/number.h"
+#include "support/number_parse.h"
 
 namespace steprt {
 

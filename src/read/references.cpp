@@ -10,7 +10,7 @@
 #include "steprt/read.h"
 #include "steprt/select.h"
 #include "support/memory.h"
-#include "support/number.h"
+#include "support/number_parse.h"
 #include "xml/values/element.h"
 #include "xml/values/kind.h"
 

@@ -5,7 +5,7 @@
 #include "read/transfer/report.h"
 #include "steprt/read.h"
 #include "support/empty_text.h"
-#include "support/number.h"
+#include "support/number_parse.h"
 #include "xml/values/element.h"
 
 namespace {

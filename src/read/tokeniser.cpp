@@ -6,7 +6,7 @@
 #include "read/char_class.h"
 #include "read/transfer/report.h"
 #include "support/ascii.h"
-#include "support/number.h"
+#include "support/number_parse.h"
 
 namespace steprt {
 namespace {

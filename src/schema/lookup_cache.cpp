@@ -12,49 +12,8 @@
 namespace steprt {
 namespace {
 
-constexpr std::uint64_t kMixer = 0x9e3779b97f4a7c15ull;
-
-// The same for names that differ in case alone; setting one bit of every byte folds more than letters, which does not
-// matter to a hash.
-std::uint32_t HashFolded(const char* name) {
-  constexpr std::uint64_t kCaseBits = 0x2020202020202020ull;
-  std::size_t length = std::strlen(name);
-  std::uint64_t sum = length;
-  while (length > 0) {
-    const std::size_t count = length < 8 ? length : 8;
-    std::uint64_t word = 0;
-    std::memcpy(&word, name, count);
-    sum = (sum ^ (word | kCaseBits)) * kMixer;
-    sum ^= sum >> 32;
-    name += count;
-    length -= count;
-  }
-  return static_cast<std::uint32_t>(sum * kMixer >> 32);  // in which every character counts
-}
-
-std::uint32_t HashType(int type) { return static_cast<std::uint32_t>(static_cast<std::uint32_t>(type) * kMixer >> 32); }
-
-// A place for a name or a pair of types among `count` of them, a power of two. Of a name it sees the length and both
-// ends, eight characters each.
-std::size_t PlaceOf(const char* name, std::size_t length, int count) {
-  std::uint64_t head = 0;
-  std::uint64_t tail = 0;
-  if (length >= sizeof head) {
-    std::memcpy(&head, name, sizeof head);
-    std::memcpy(&tail, name + length - sizeof tail, sizeof tail);
-  } else {
-    std::memcpy(&head, name, length);
-  }
-  return ((head ^ tail * 3) + length) * kMixer >> 32 & static_cast<std::size_t>(count - 1);
-}
-
-std::size_t PlaceOf(int expected, int actual, int count) {
-  const auto pair = static_cast<std::uint64_t>(static_cast<std::uint32_t>(expected)) << 32;
-  return (pair | static_cast<std::uint32_t>(actual)) * kMixer >> 32 & static_cast<std::size_t>(count - 1);
-}
-
-int CountRows(APPobject0* schema) {
-  int count = 0;
+std::size_t CountRows(APPobject0* schema) {
+  std::size_t count = 0;
   ForEachRow(schema, [&](APPentity&) { ++count; });
   return count;
 }
@@ -66,24 +25,25 @@ void ForEachNode(APPindexNode** index, Action action) {
   }
 }
 
-int CountNodes(APPindexNode** index) {
-  int count = 0;
+std::size_t CountNodes(APPindexNode** index) {
+  std::size_t count = 0;
   ForEachNode(index, [&](APPentity*, int) { ++count; });
   return count;
+}
+
+// The place for a question among the latest answers. A collision costs a walk, so the hash needs no seed.
+std::size_t AnswerPlace(int expected, int actual, std::size_t places) {
+  const auto a = static_cast<std::uint32_t>(expected);
+  const auto b = static_cast<std::uint32_t>(actual);
+  return (a * 0x9e3779b1u ^ b) % places;
 }
 
 }  // namespace
 
 APPentity* LookupCache::FindEntityByName(const char* name) {
   if (!IsCurrent() && !Build()) return steprt::FindEntityByName(name, schema_);
-  const std::size_t length = std::strlen(name);
-  NameAnswer& answer = nameAnswers_[PlaceOf(name, length, kAnswers)];
-  if (answer.row && answer.length == length && std::memcmp(answer.row->name, name, length) == 0) return answer.row;
   const int node = FindName(name);
-  if (node == kNone) return nullptr;
-  APPentity* row = nodes_[node].row;
-  if (std::strcmp(row->name, name) == 0) answer = {row, length};
-  return row;
+  return node == kNone ? nullptr : nodes_[node].row;
 }
 
 APPentity* LookupCache::FindEntityByType(int type) {
@@ -95,14 +55,14 @@ APPentity* LookupCache::FindEntityByType(int type) {
 bool LookupCache::IsSubtype(int expected, int actual) {
   if (expected < 0 || expected == actual) return true;
   if (!IsCurrent() && !Build()) return steprt::IsSubtype(schema_, expected, actual);
-  SubtypeAnswer& latest = subtypeAnswers_[PlaceOf(expected, actual, kAnswers)];
+  SubtypeAnswer& latest = subtypeAnswers_[AnswerPlace(expected, actual, kAnswers)];
   if (latest.expected != expected || latest.actual != actual) {
     latest = {expected, actual, FindSubtype(expected, actual)};
   }
   return latest.answer;
 }
 
-// The walk of lookup.cpp, over nodes.
+// The walk of lookup.cpp, over the nodes of the snapshot.
 bool LookupCache::FindSubtype(int expected, int actual) {
   int node = FindType(actual);
   int mark = kNone;
@@ -115,29 +75,36 @@ bool LookupCache::FindSubtype(int expected, int actual) {
   return false;
 }
 
-bool LookupCache::IsCurrent() const { return names_ && generation_ == schemaGeneration && index_ == schema_->index; }
+bool LookupCache::IsCurrent() const { return nodes_ && generation_ == schemaGeneration && index_ == schema_->index; }
 
-// A change that concerns other chains leaves the picture as it is, or as impossible as it is.
+// Builds the snapshot, unless what has changed since concerns other chains only. Returns false when memory runs out; it
+// is not tried again before the chain or its index changes.
 bool LookupCache::Build() {
-  if (built_ && index_ == schema_->index && !HasChanged(schema_, generation_)) {
+  if (wasTried_ && index_ == schema_->index && !HasChanged(schema_, generation_)) {
     generation_ = schemaGeneration;
-    return names_ != nullptr;
+    return nodes_ != nullptr;
   }
   Forget();
-  built_ = true;
+  wasTried_ = true;
   generation_ = schemaGeneration;
   index_ = schema_->index;
-  const int count = index_ ? CountNodes(index_) : CountRows(schema_);
-  std::uint32_t size = 16;
-  while (size < 2u * static_cast<unsigned>(count)) size *= 2;
-  mask_ = size - 1;
-  nodes_ = MakeArrayOrNull<Node>(static_cast<std::size_t>(count) * 2 + 1);
-  names_ = MakeArrayOrNull<NameSlot>(size);
-  types_ = MakeArrayOrNull<int>(size);
-  if (!nodes_ || !names_ || !types_) return Forget(), false;
-  for (std::uint32_t i = 0; i < size; ++i) names_[i].node = types_[i] = kNone;
-  index_ ? BuildIndexed() : BuildLinear();
+  if (!Reserve(index_ ? CountNodes(index_) : CountRows(schema_))) {
+    Forget();
+    return false;
+  }
+  if (index_) {
+    BuildIndexed();
+  } else {
+    BuildLinear();
+  }
   return true;
+}
+
+// A name and a type of one row may have a node each.
+bool LookupCache::Reserve(std::size_t rows) {
+  const auto noneMoves = [](const auto&) { return std::uint64_t{0}; };
+  nodes_ = MakeArrayOrNull<Node>(rows * 2 + 1);
+  return nodes_ && names_.Reserve(rows, noneMoves) && types_.Reserve(rows, noneMoves);
 }
 
 void LookupCache::BuildLinear() {
@@ -157,23 +124,28 @@ void LookupCache::BuildIndexed() {
 // The first row of a name or of a type wins, as it does in the walks.
 void LookupCache::AddName(APPentity* row, int bucket) {
   NameSlot* slot = NameSlotOf(row->name, bucket);
-  if (slot->node == kNone) *slot = {HashFolded(row->name), bucket, NodeOf(row)};
+  if (!slot->IsFree()) return;
+  *slot = {static_cast<std::uint32_t>(HashNoCase(row->name, seed_)), bucket, PlaceOf(row)};
+  names_.NoteTaken();
 }
 
 void LookupCache::AddType(APPentity* row) {
-  int* slot = TypeSlotOf(row->type);
-  if (*slot == kNone) *slot = NodeOf(row);
+  TypeSlot* slot = TypeSlotOf(row->type);
+  if (!slot->IsFree()) return;
+  *slot = {row->type, PlaceOf(row)};
+  types_.NoteTaken();
 }
 
-int LookupCache::NodeOf(APPentity* row) {
-  if (nodeCount_ > 0 && nodes_[nodeCount_ - 1].row == row) return nodeCount_ - 1;
-  nodes_[nodeCount_] = {row, row->type, row->super ? kNotSought : kNone};
-  return nodeCount_++;
+int LookupCache::PlaceOf(APPentity* row) {
+  if (nodeCount_ == 0 || nodes_[nodeCount_ - 1].row != row) {
+    nodes_[nodeCount_++] = {row, row->type, row->super ? kNotSought : kNone};
+  }
+  return nodeCount_;
 }
 
-int LookupCache::FindName(const char* name) { return NameSlotOf(name, index_ ? HashName(name) : 0)->node; }
+int LookupCache::FindName(const char* name) const { return NameSlotOf(name, index_ ? HashName(name) : 0)->place - 1; }
 
-int LookupCache::FindType(int type) const { return *TypeSlotOf(type); }
+int LookupCache::FindType(int type) const { return TypeSlotOf(type)->place - 1; }
 
 int LookupCache::ParentOf(Node& node) {
   if (node.parent == kNotSought) node.parent = FindName(node.row->super);
@@ -182,31 +154,25 @@ int LookupCache::ParentOf(Node& node) {
 
 // The slot that holds the name, or the free one where it belongs.
 LookupCache::NameSlot* LookupCache::NameSlotOf(const char* name, int bucket) const {
-  const std::uint32_t hash = HashFolded(name);
-  for (std::uint32_t i = (hash + static_cast<std::uint32_t>(bucket)) & mask_;; i = (i + 1) & mask_) {
-    NameSlot& slot = names_[i];
-    if (slot.node == kNone) return &slot;
-    if (slot.hash != hash || slot.bucket != bucket) continue;
-    const char* held = nodes_[slot.node].row->name;
-    if (std::strcmp(held, name) == 0 || EqualNoCase(held, name)) return &slot;
-  }
+  const std::uint64_t hash = HashNoCase(name, seed_);
+  return names_.Find(hash, [&](const NameSlot& slot) {
+    if (slot.hash != static_cast<std::uint32_t>(hash) || slot.bucket != bucket) return false;
+    const char* held = nodes_[slot.place - 1].row->name;
+    return std::strcmp(held, name) == 0 || EqualNoCase(held, name);
+  });
 }
 
-int* LookupCache::TypeSlotOf(int type) const {
-  for (std::uint32_t i = HashType(type) & mask_;; i = (i + 1) & mask_) {
-    if (types_[i] == kNone || nodes_[types_[i]].type == type) return &types_[i];
-  }
+LookupCache::TypeSlot* LookupCache::TypeSlotOf(int type) const {
+  const std::uint64_t hash = HashNumber(static_cast<std::uint32_t>(type), seed_);
+  return types_.Find(hash, [=](const TypeSlot& slot) { return slot.type == type; });
 }
 
 void LookupCache::Forget() {
   delete[] nodes_;
-  delete[] names_;
-  delete[] types_;
   nodes_ = nullptr;
-  names_ = nullptr;
-  types_ = nullptr;
   nodeCount_ = 0;
-  for (NameAnswer& answer : nameAnswers_) answer.row = nullptr;
+  names_.Clear(0);
+  types_.Clear(0);
   for (SubtypeAnswer& answer : subtypeAnswers_) answer.expected = -1;
 }
 

@@ -1,13 +1,19 @@
-// What a transfer remembers of a schema's lookups: a picture of the path in force, linear or indexed, in two hash
-// tables. Every answer is that of lookup.h at the same moment. The picture is drawn at the first question and drawn
-// anew when the library has changed the chain or its index since; without memory for it the questions go to lookup.h.
+// What one transfer remembers of the lookups in its schema.
+//
+// A lookup walks the chain of descriptors, or a bucket of the schema's index. A transfer asks for the same few names
+// and types again and again, so it keeps a *snapshot* of all rows in two hash tables. Every answer is the one that
+// lookup.h gives at the same moment: the snapshot is built at the first lookup, and again when the library has changed
+// the chain or its index since. When memory for it runs out, lookup.h answers.
 #ifndef STEPRT_SCHEMA_LOOKUP_CACHE_H
 #define STEPRT_SCHEMA_LOOKUP_CACHE_H
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "steprt/schema.h"
+#include "support/hash.h"
+#include "support/hash_table.h"
 
 namespace steprt {
 
@@ -23,56 +29,61 @@ class LookupCache {
   bool IsSubtype(int expected, int actual);
 
  private:
+  // A row of the snapshot.
   struct Node {
     APPentity* row;
     int type;
     int parent;  // index of the supertype's node, or one of the marks below
   };
-  struct NameSlot {
-    std::uint32_t hash;
-    int bucket;  // of the index, whose lookups by name see one bucket only; 0 on the linear path
-    int node;    // kNone: free
-  };
   static constexpr int kNone = -1;
   static constexpr int kNotSought = -2;
 
-  // The latest answers, each in the one place that its question hashes to.
-  struct NameAnswer {
-    APPentity* row;      // found by its name as the row spells it; null: none yet
-    std::size_t length;  // of the name
+  // Slots hold the index of a node, counted from 1, so that a zeroed one is free.
+  struct NameSlot {
+    std::uint32_t hash;
+    int bucket;  // of the index: its lookups by name search one bucket only. 0 if there is no index
+    int place;
+    bool IsFree() const { return place == 0; }
   };
+  struct TypeSlot {
+    int type;
+    int place;
+    bool IsFree() const { return place == 0; }
+  };
+
+  // The latest answers of IsSubtype, each at the one place that its question hashes to.
   struct SubtypeAnswer {
     int expected;  // negative: none yet
     int actual;
     bool answer;
   };
-  static constexpr int kAnswers = 256;
+  static constexpr std::size_t kAnswers = 256;
 
   bool IsCurrent() const;
   bool FindSubtype(int expected, int actual);
   bool Build();
+  bool Reserve(std::size_t rows);
   void BuildLinear();
   void BuildIndexed();
   void AddName(APPentity* row, int bucket);
   void AddType(APPentity* row);
-  int NodeOf(APPentity* row);
-  int FindName(const char* name);
+  int PlaceOf(APPentity* row);
+  int FindName(const char* name) const;
   int FindType(int type) const;
   int ParentOf(Node& node);
   NameSlot* NameSlotOf(const char* name, int bucket) const;
-  int* TypeSlotOf(int type) const;
+  TypeSlot* TypeSlotOf(int type) const;
   void Forget();
 
   APPobject0* const schema_;
-  APPindexNode** index_ = nullptr;  // the schema's index when the picture was drawn
-  unsigned generation_ = 0;         // and the generation
-  bool built_ = false;
-  Node* nodes_ = nullptr;
+  const HashSeed seed_ = ProcessSeed();
+  APPindexNode** index_ = nullptr;  // the schema's index when the snapshot was built
+  unsigned generation_ = 0;         // and the generation, see generation.h
+  bool wasTried_ = false;           // to build it
+  Node* nodes_ = nullptr;           // null: there is no snapshot
   int nodeCount_ = 0;
-  NameSlot* names_ = nullptr;  // null: no memory for a picture
-  int* types_ = nullptr;       // nodes, kNone for free slots
-  std::uint32_t mask_ = 0;     // of both tables, whose sizes are one power of two
-  NameAnswer nameAnswers_[kAnswers];
+  HashTable<NameSlot, 4> names_;
+  HashTable<TypeSlot, 4> types_;
   SubtypeAnswer subtypeAnswers_[kAnswers];
 };
 

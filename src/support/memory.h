@@ -1,11 +1,13 @@
-// The one place that says `new`: each operation gives null when memory is exhausted, and each caller has an answer.
+// The only place that says `new`. Each operation returns null when memory runs out, and each caller has an answer.
 #ifndef STEPRT_SUPPORT_MEMORY_H
 #define STEPRT_SUPPORT_MEMORY_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <new>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace steprt {
@@ -15,16 +17,30 @@ template <typename T, typename... Args>
   return new (std::nothrow) T(std::forward<Args>(args)...);
 }
 
-// Zeroed, for delete[].
+// Zeroed. Release it with delete[].
 template <typename T>
 [[nodiscard]] T* MakeArrayOrNull(std::size_t count) {
   return new (std::nothrow) T[count]();
 }
 
-// Room for `count` characters, not initialised, for delete[].
+// A buffer of `count` characters, not initialised. Release it with delete[].
 [[nodiscard]] inline char* MakeBufferOrNull(std::size_t count) { return new (std::nothrow) char[count]; }
 
-// A text of its own with a terminator behind it, for delete[].
+// A larger array with the first `used` items of `items`, for whatever grows: at least twice *capacity items and at
+// least `wanted`, which *capacity then says. The caller releases the old array. Null, without a change, when memory
+// runs out.
+template <typename T>
+[[nodiscard]] T* MakeLargerOrNull(const T* items, std::size_t used, std::size_t* capacity, std::size_t wanted) {
+  static_assert(std::is_trivially_copyable_v<T>);
+  const std::size_t larger = std::max(wanted, *capacity * 2);
+  T* const made = new (std::nothrow) T[larger];
+  if (!made) return nullptr;
+  if (used > 0) std::memcpy(static_cast<void*>(made), items, used * sizeof(T));
+  *capacity = larger;
+  return made;
+}
+
+// A copy of the text with a terminator. Release it with delete[].
 [[nodiscard]] inline char* CopyTextOrNull(std::string_view text) {
   char* copy = MakeBufferOrNull(text.size() + 1);
   if (!copy) return nullptr;

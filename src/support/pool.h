@@ -3,7 +3,6 @@
 #define STEPRT_SUPPORT_POOL_H
 
 #include <cstdint>
-#include <cstring>
 
 #include "support/memory.h"
 
@@ -14,25 +13,27 @@ class Pool {
  public:
   Pool() = default;
   ~Pool() {
-    for (std::uint32_t i = 0; i < chunks_; ++i) delete[] directory_[i];
+    for (std::size_t i = 0; i < chunks_; ++i) delete[] directory_[i];
     delete[] directory_;
   }
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
 
-  // A zeroed record, or null when memory is exhausted.
+  // A zeroed record, or null when memory runs out.
   [[nodiscard]] T* Make() {
     if (count_ == chunks_ * kChunk && !AddChunk()) return nullptr;
     return &At(count_++);
   }
 
-  // The records in the order of their making.
+  // The records in the order in which they were made.
   T& At(std::uint32_t i) const { return directory_[i / kChunk][i % kChunk]; }
   std::uint32_t Count() const { return count_; }
 
  private:
+  static constexpr std::size_t kLeastChunks = 16;
+
   bool AddChunk() {
-    if (chunks_ == room_ && !GrowDirectory()) return false;
+    if (chunks_ == capacity_ && !GrowDirectory()) return false;
     T* chunk = MakeArrayOrNull<T>(kChunk);
     if (!chunk) return false;
     directory_[chunks_++] = chunk;
@@ -40,19 +41,16 @@ class Pool {
   }
 
   bool GrowDirectory() {
-    const std::uint32_t room = room_ ? room_ * 2 : 16;
-    T** larger = MakeArrayOrNull<T*>(room);
+    T** larger = MakeLargerOrNull(directory_, chunks_, &capacity_, kLeastChunks);
     if (!larger) return false;
-    if (directory_) std::memcpy(larger, directory_, chunks_ * sizeof(T*));
     delete[] directory_;
     directory_ = larger;
-    room_ = room;
     return true;
   }
 
   T** directory_ = nullptr;
-  std::uint32_t room_ = 0;    // of the directory
-  std::uint32_t chunks_ = 0;  // in it
+  std::size_t capacity_ = 0;  // of the directory
+  std::size_t chunks_ = 0;    // in it
   std::uint32_t count_ = 0;   // of records
 };
 

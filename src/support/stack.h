@@ -1,26 +1,22 @@
-// A stack of plain records that needs the heap only when it outgrows its own room.
+// A stack of plain records. It needs the heap only when it outgrows the buffer inside it.
 #ifndef STEPRT_SUPPORT_STACK_H
 #define STEPRT_SUPPORT_STACK_H
 
 #include <cstddef>
-#include <cstring>
-#include <type_traits>
 
 #include "support/memory.h"
 
 namespace steprt {
 
-template <typename T, int kRoom>
+template <typename T, int kOwn>
 class Stack {
-  static_assert(std::is_trivially_copyable_v<T>);
-
  public:
   Stack() = default;
   ~Stack() { delete[] heap_; }
   Stack(const Stack&) = delete;
   Stack& operator=(const Stack&) = delete;
 
-  // False, without a change, when memory is exhausted.
+  // Returns false, without a change, when memory runs out.
   [[nodiscard]] bool Push(const T& item) {
     if (count_ == capacity_ && !Grow()) return false;
     items_[count_++] = item;
@@ -29,24 +25,22 @@ class Stack {
 
   void Pop() { --count_; }
   T& Top() { return items_[count_ - 1]; }
-  int Count() const { return count_; }
+  int Count() const { return static_cast<int>(count_); }
 
  private:
   bool Grow() {
-    T* larger = MakeArrayOrNull<T>(static_cast<std::size_t>(capacity_) * 2);
+    T* larger = MakeLargerOrNull(items_, count_, &capacity_, 0);
     if (!larger) return false;
-    std::memcpy(larger, items_, static_cast<std::size_t>(count_) * sizeof(T));
     delete[] heap_;
     heap_ = items_ = larger;
-    capacity_ *= 2;
     return true;
   }
 
-  T room_[kRoom];
+  T own_[kOwn];
   T* heap_ = nullptr;
-  T* items_ = room_;
-  int count_ = 0;
-  int capacity_ = kRoom;
+  T* items_ = own_;
+  std::size_t count_ = 0;
+  std::size_t capacity_ = kOwn;
 };
 
 }  // namespace steprt

@@ -9,8 +9,9 @@
 namespace steprt {
 
 TextBuffer& TextBuffer::Add(std::string_view text) {
-  const std::size_t fits = Reserve(length_ + text.size()) ? text.size() : std::min(text.size(), capacity_ - length_);
-  char* start = heap_ ? heap_ : room_;
+  const bool hasSpace = Reserve(length_ + text.size() + 1);
+  const std::size_t fits = hasSpace ? text.size() : std::min(text.size(), capacity_ - 1 - length_);
+  char* start = heap_ ? heap_ : own_;
   if (fits > 0) std::memcpy(start + length_, text.data(), fits);
   length_ += fits;
   isCut_ = isCut_ || fits < text.size();
@@ -24,16 +25,13 @@ TextBuffer& TextBuffer::Add(int number) {
   return Add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
-// Makes room for `length` characters. On failure the room stays as it is.
-bool TextBuffer::Reserve(std::size_t length) {
-  if (length <= capacity_) return true;
-  const std::size_t wanted = std::max(length, capacity_ * 2);
-  char* larger = MakeBufferOrNull(wanted + 1);
+// Returns false, without a change, when memory runs out.
+bool TextBuffer::Reserve(std::size_t size) {
+  if (size <= capacity_) return true;
+  char* larger = MakeLargerOrNull(Text(), length_ + 1, &capacity_, size);
   if (!larger) return false;
-  std::memcpy(larger, Text(), length_ + 1);
   delete[] heap_;
   heap_ = larger;
-  capacity_ = wanted;
   return true;
 }
 

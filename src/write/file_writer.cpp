@@ -9,7 +9,7 @@
 #include "steprt/text.h"
 #include "steprt/write.h"
 #include "support/file_name.h"
-#include "support/number.h"
+#include "support/number_print.h"
 #include "write/frame.h"
 #include "write/record_loop.h"
 

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "read/transfer/keywords.h"
-#include "support/number.h"
+#include "support/number_print.h"
 #include "write/numbering.h"
 #include "xml/values/escape.h"
 

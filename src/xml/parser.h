@@ -15,11 +15,6 @@ namespace steprt {
 // its row is called, which finds the child elements in the transfer.
 class XmlParser : public SAXContentHandlerImpl {
  public:
-  XmlParser() = default;
-  ~XmlParser() override;
-  XmlParser(const XmlParser&) = delete;
-  XmlParser& operator=(const XmlParser&) = delete;
-
   SaxResult StartDocument() override;
   SaxResult StartElement(std::u16string_view localName, SaxAttributes& attributes) override;
   SaxResult EndElement() override;
@@ -44,14 +39,6 @@ class XmlParser : public SAXContentHandlerImpl {
   void StartChild(std::size_t nameLength);
   void ReadInstance();
   std::size_t NarrowText(std::u16string_view units);  // into `text`; gives its length
-  STEPelement* NewElement();
-  void LoseElement();
-  bool Keep(STEPelement* used);
-  void ResetElements();
-
-  STEPelement* spare_ = nullptr;  // elements of earlier entities
-  int spares_ = 0;
-  std::size_t spareRoom_ = 0;  // of all of them
 };
 
 }  // namespace steprt

@@ -8,7 +8,7 @@
 #include "schema/chain.h"
 #include "steprt/text.h"
 #include "support/file_name.h"
-#include "support/number.h"
+#include "support/number_print.h"
 #include "write/frame.h"
 #include "write/record_loop.h"
 

@@ -10,7 +10,8 @@
 
 #include "fuzz/value_checks.h"
 #include "host/plain_host.h"
-#include "support/number.h"
+#include "support/number_parse.h"
+#include "support/number_print.h"
 
 namespace {
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <new>
+
+#include "support/memory.h"
 
 namespace steprt {
 namespace {
@@ -77,12 +78,10 @@ const char16_t* Utf16Buffer::PutBytes(std::string_view bytes) {
 }
 
 bool Utf16Buffer::Grow(std::size_t bytes) {
-  const std::size_t capacity = std::max(bytes, capacity_ * 2);
-  auto* larger = new (std::nothrow) char16_t[capacity];
+  char16_t* larger = MakeLargerOrNull(units_, 0, &capacity_, bytes);
   if (!larger) return false;
   delete[] heap_;
   heap_ = units_ = larger;
-  capacity_ = capacity;
   return true;
 }
 

@@ -7,7 +7,7 @@
 namespace steprt {
 
 EntryIndex::Page::Page(std::uint32_t key) : entries() {
-  for (std::uint32_t i = 0; i < kPageSize; ++i) entries[i].number = static_cast<int>(~(key * kPageSize + i));
+  for (std::uint32_t i = 0; i < kPageSize; ++i) entries[i].number = FreeNumber(key * kPageSize + i);
 }
 
 EntryIndex::~EntryIndex() {
@@ -41,18 +41,22 @@ void EntryIndex::Observe(std::uint32_t bits) {
   highest_ = std::max(highest_, bits);
 }
 
-// Whether pages will be full in the end, however empty they are now: where the numbers of a file that counts its
-// records from 1 come in any order.
-bool EntryIndex::WillBeFull() const { return falls_ > Count() / 4 && highest_ < 1.25 * expected_; }
+// Whether the pages will be full in the end, however empty they are now: the numbers fall often, so they come in no
+// order, and the highest is not far above the count that is expected, so they are dense.
+bool EntryIndex::WillBeFull() const {
+  constexpr std::uint32_t kFallsOfShuffled = 4;  // every fourth number; every second falls where all are shuffled
+  constexpr double kSlack = 1.25;                // the expected count is an estimate from the length of the records
+  return falls_ > Count() / kFallsOfShuffled && highest_ < kSlack * expected_;
+}
 
-// What pages hold beside the entries taken may grow by 9 bytes a number, and a little to begin with: a scattered entry
-// needs 24 bytes and its place in a map 14, so that a record never holds more than 48.
+// A scattered entry takes 24 bytes and its slot up to 14. What pages hold besides the entries taken may grow by 9 bytes
+// a number, and a little at the start. So a record holds at most 24 + 14 + 9 bytes, below the 48 that are promised.
 bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   constexpr double kSparePerNumber = 9;
-  constexpr double kSpare = 1 << 14;
+  constexpr double kSpareAtStart = 1 << 14;
   const double held = (pages_ + 1.0) * sizeof(Page) + static_cast<double>(directorySize) * sizeof(void*);
   const double spare = held - static_cast<double>(inPages_) * sizeof(STEPentry);
-  return WillBeFull() || spare <= kSpare + kSparePerNumber * Count();
+  return WillBeFull() || spare <= kSpareAtStart + kSparePerNumber * Count();
 }
 
 bool EntryIndex::GrowDirectory(std::uint32_t size) {
@@ -67,15 +71,18 @@ bool EntryIndex::GrowDirectory(std::uint32_t size) {
 }
 
 STEPentry* EntryIndex::FindScattered(int number) {
-  const std::uint32_t place = maps_[MapOf(number)].Find(static_cast<std::uint32_t>(number));
-  return place ? &scattered_.At(place - 1) : nullptr;
+  const Slot* slot = FindSlot(static_cast<std::uint32_t>(number));
+  return slot && !slot->IsFree() ? &scattered_.At(slot->place - 1) : nullptr;
 }
 
 STEPentry* EntryIndex::AddScattered(int number) {
-  std::uint32_t* place = maps_[MapOf(number)].FindOrAdd(static_cast<std::uint32_t>(number));
-  STEPentry* entry = place ? scattered_.Make() : nullptr;
+  const auto bits = static_cast<std::uint32_t>(number);
+  Table& table = tables_[TableIndex(bits)];
+  if (!table.Reserve(1, [this](const Slot& slot) { return HashNumber(slot.number, seed_); })) return nullptr;
+  STEPentry* entry = scattered_.Make();
   if (!entry) return nullptr;
-  *place = scattered_.Count();
+  *FindSlot(bits) = {bits, scattered_.Count()};
+  table.NoteTaken();
   *entry = {nullptr, number, -1, nullptr};
   return entry;
 }

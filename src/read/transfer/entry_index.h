@@ -1,14 +1,17 @@
-// Holds the entries of the instance table and finds them by number without a walk. Numbers that stand close together,
-// as an exporter gives them, lie in pages of 256 neighbours, in a directory by number, where a entry is one look away;
-// scattered ones, for which pages would be wasteful, lie in a pool and are found through hash maps. A entry never
-// moves.
+// The entries of the instance table, found by number in constant time.
+//
+// Exporters number their instances densely. Entries of close numbers are therefore in pages of 256 neighbours, which a
+// directory finds by number. Scattered numbers, for which pages would waste memory, are in a pool and are found through
+// hash tables. An entry never moves.
 #ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 #define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "steprt/instance.h"
-#include "support/number_map.h"
+#include "support/hash.h"
+#include "support/hash_table.h"
 #include "support/pool.h"
 
 // One entry of the instance table.
@@ -21,7 +24,7 @@ struct STEPentry {
 
 namespace steprt {
 
-// Asks memory for what a reference to the object is tested against.
+// Prefetches what the test of a reference to the object reads.
 inline void PrefetchType(const STEPheader* object) {
   if (object) __builtin_prefetch(&object->type);
 }
@@ -33,36 +36,50 @@ class EntryIndex {
   EntryIndex(const EntryIndex&) = delete;
   EntryIndex& operator=(const EntryIndex&) = delete;
 
-  // The number's entry; null for a number that is not there.
+  // Returns the number's entry, or null if it has none.
   STEPentry* Find(int number) {
     STEPentry* entry = EntryInPage(static_cast<std::uint32_t>(number));
     if (entry && entry->number == number) return entry;
     return scattered_.Count() == 0 ? nullptr : FindScattered(number);
   }
 
-  // Asks memory for the number's entry, which is given, or for its place in a map: null.
+  // Prefetches the place of the number's entry. Returns that place if it is in a page, and null otherwise.
   const STEPentry* Prefetch(int number) const {
     const auto bits = static_cast<std::uint32_t>(number);
     const STEPentry* entry = EntryInPage(bits);
-    entry ? __builtin_prefetch(entry, 1) : maps_[MapOf(number)].Prefetch(bits);
+    const void* place = entry ? static_cast<const void*>(entry) : TableOf(bits).Start(HashNumber(bits, seed_));
+    __builtin_prefetch(place, 1);
     return entry;
   }
 
-  // A entry for a number that has none, in no bucket yet and without an object. Null when memory is exhausted.
+  // Makes an entry for a number that has none, in no bucket and without an object. Null when memory runs out.
   [[nodiscard]] STEPentry* Add(int number);
 
   std::uint32_t Count() const { return inPages_ + scattered_.Count(); }
 
-  // Tells how many numbers there will be, as far as one can know: where they come in any order, pages are made at once.
+  // Says how many numbers are expected. If they come in any order, that decides early whether pages are worth it.
   void Expect(double count) { expected_ = count; }
 
  private:
   static constexpr std::uint32_t kPageSize = 256;
-  static constexpr std::uint32_t kMaps = 64;
+  static constexpr std::uint32_t kTables = 64;
+
   struct Page {
     explicit Page(std::uint32_t key);
-    STEPentry entries[kPageSize];  // one without its own number is free
+    STEPentry entries[kPageSize];
   };
+
+  // A scattered number and the place of its entry in the pool, counted from 1. With seven eighths full and growth by
+  // half, a number takes at most 14 bytes here.
+  struct Slot {
+    std::uint32_t number;
+    std::uint32_t place;
+    bool IsFree() const { return place == 0; }
+  };
+  using Table = HashTable<Slot, 7>;
+
+  // The number that a free entry of a page has: one that is never in its place.
+  static int FreeNumber(std::uint32_t placeNumber) { return static_cast<int>(~placeNumber); }
 
   STEPentry* EntryInPage(std::uint32_t bits) const {
     const std::uint32_t key = bits / kPageSize;
@@ -77,9 +94,11 @@ class EntryIndex {
 
   STEPentry* FindScattered(int number);
   STEPentry* AddScattered(int number);
-  static std::uint32_t MapOf(int number) {
-    return static_cast<std::uint32_t>(number) * 0x9e3779b1u / (~0u / kMaps + 1);
+  Slot* FindSlot(std::uint32_t bits) const {
+    return TableOf(bits).Find(HashNumber(bits, seed_), [=](const Slot& slot) { return slot.number == bits; });
   }
+  static std::uint32_t TableIndex(std::uint32_t bits) { return bits * 0x9e3779b1u / (~0u / kTables + 1); }
+  const Table& TableOf(std::uint32_t bits) const { return tables_[TableIndex(bits)]; }
 
   Page** directory_ = nullptr;  // by number / 256; null where there is no page
   std::uint32_t directorySize_ = 0;
@@ -87,12 +106,13 @@ class EntryIndex {
   std::uint32_t inPages_ = 0;  // entries taken
 
   double expected_ = 0;
-  std::uint32_t highest_ = 0;  // number
-  std::uint32_t last_ = 0;     // number
-  std::uint32_t falls_ = 0;    // numbers below the one before
+  std::uint32_t highest_ = 0;  // number so far
+  std::uint32_t last_ = 0;     // number added
+  std::uint32_t falls_ = 0;    // numbers lower than the one before
 
   Pool<STEPentry> scattered_;
-  NumberMap maps_[kMaps];  // to the place in scattered_, counted from 1; many, so that few numbers move when one grows
+  Table tables_[kTables];  // many, so that few slots move when one grows
+  const HashSeed seed_ = ProcessSeed();
 };
 
 }  // namespace steprt

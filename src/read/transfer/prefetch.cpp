@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
-#include "support/number.h"
+#include "support/number_parse.h"
 
 namespace steprt {
 

@@ -5,7 +5,7 @@
 
 #include "platform/input_file.h"
 #include "platform/output_file.h"
-#include "read/transfer/element_index.h"
+#include "read/transfer/elements.h"
 #include "read/transfer/entry_index.h"
 #include "read/transfer/prefetch.h"
 #include "schema/lookup_cache.h"
@@ -39,19 +39,6 @@ struct STEPfixup {
   int number;         // the instance number referred to
   int expected;       // required type, -1 for none
   STEPheader** slot;  // where the instance's address belongs once it is known
-};
-
-// One collected child element of the XML entity being read.
-struct STEPelement {
-  STEPelement* next;  // in document order
-  char name[64];      // local name, cut to 63 characters
-  char* value;        // narrowed text, from new char[]; null while no character data has arrived
-
-  // Behind the record proper: what makes it fast.
-  std::uint64_t key;   // of the name, see NameKey
-  std::size_t length;  // of the text that `value` is
-  char* room;          // what `value` points at once it is not null; stays when the element serves the next entity
-  std::size_t capacity;
 };
 
 inline constexpr int kTableBuckets = 4096;
@@ -94,7 +81,7 @@ struct STEPtransfer {
   steprt::EntryIndex entries;  // the rows of `table`
   steprt::Prefetcher prefetcher;
   steprt::Pool<STEPfixup> fixupPool;
-  steprt::ElementIndex elementIndex;  // of `elements`
+  steprt::ChildElements childElements{&elements, &elementsTail};
 };
 
 #endif

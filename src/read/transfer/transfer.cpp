@@ -17,13 +17,8 @@ TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobje
 }
 
 void FreeTransfer(STEPtransfer* t) {
-  for (STEPelement* element = t->elements; element;) {
-    STEPelement* next = element->next;
-    delete element;  // its text has gone with the parser that it belonged to
-    element = next;
-  }
   DeleteTextAggr(t->schemas);
-  t->~STEPtransfer();  // the pools release fixups and entries
+  t->~STEPtransfer();  // releases fixups, entries and elements, which their owners hold
   ::operator delete(t);
 }
 

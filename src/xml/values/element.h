@@ -1,4 +1,4 @@
-// The text of an attribute in the XML entity being read.
+// The text of an attribute in the XML entity that is being read.
 #ifndef STEPRT_XML_VALUES_ELEMENT_H
 #define STEPRT_XML_VALUES_ELEMENT_H
 
@@ -6,8 +6,8 @@
 
 namespace steprt {
 
-// The text of the first child element of this name, in any case; the empty text, to which nobody writes, when there is
-// none or when it has no character data. It lives until the next entity begins.
+// Returns the text of the first child element of this name, compared case-insensitively. It is valid until the next
+// entity begins. Returns the empty text, which must not be written to, if there is no such element or it has no text.
 char* ElementValue(STEPtransfer* t, const char* name);
 
 }  // namespace steprt

@@ -2,7 +2,7 @@
 
 #include "read/transfer/record.h"
 #include "support/ascii.h"
-#include "support/number.h"
+#include "support/number_parse.h"
 
 namespace steprt {
 namespace {

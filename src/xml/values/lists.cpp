@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "support/ascii.h"
-#include "support/number.h"
+#include "support/number_parse.h"
 
 namespace steprt {
 namespace {

@@ -1,4 +1,6 @@
-#include "support/number.h"
+// Text to numbers. A short decimal is one product or quotient of two exact doubles; std::from_chars converts the rest,
+// with what it does differently from the C functions put right.
+#include "support/number_parse.h"
 
 #include <algorithm>
 #include <bit>
@@ -10,12 +12,15 @@
 #include <cstdint>
 #include <string_view>
 
+#include "support/ascii.h"
+#include "support/powers_of_ten.h"
+
 namespace steprt {
 namespace {
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-// Holds rounding to nearest for its own life, so that a host's other mode changes no number.
+// Rounds to nearest as long as it lives, so that another mode of the host changes no number.
 class NearestRounding {
  public:
   NearestRounding() : mode_(std::fegetround()) {
@@ -31,33 +36,31 @@ class NearestRounding {
   int mode_;
 };
 
-// Much cheaper than to ask: only rounding to nearest makes both of these vanish against 1.
+// Much cheaper than std::fegetround. Only when rounding to nearest do both sums give 1.
 bool RoundsToNearest() {
   static const volatile double tiny = DBL_MIN;
   const double epsilon = tiny;
   return 1.0 + epsilon == 1.0 - epsilon;
 }
 
-constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr int kLargestExactPower = 22;
 constexpr std::uint64_t kLargestExactInteger = 1ull << 53;
 
-// Whether a number that from_chars found out of range lies above the range (an infinity) or below it (0). Only the
-// place of the first digit and the exponent decide.
+// Whether a number that from_chars found out of range is above the range (an infinity) or below it (0). Only the place
+// of the first digit and the exponent decide.
 bool IsTooLarge(std::string_view text, bool hexadecimal) {
   const char marker = hexadecimal ? 'p' : 'e';
-  long long place = 0;  // of the first digit that is not 0: above 0 left of the point
+  long long place = 0;  // of the first digit that is not 0: positive left of the point
   bool found = false;
-  bool behindPoint = false;
+  bool afterPoint = false;
   std::size_t i = 0;
   for (; i < text.size() && ToLower(text[i]) != marker; ++i) {
     if (text[i] == '.') {
-      behindPoint = true;
+      afterPoint = true;
     } else {
       found = found || text[i] != '0';
-      if (found && !behindPoint) ++place;
-      if (!found && behindPoint) --place;
+      if (found && !afterPoint) ++place;
+      if (!found && afterPoint) --place;
     }
   }
   if (hexadecimal) place *= 4;
@@ -88,8 +91,8 @@ bool StartsHexadecimal(const char* text) {
   return IsHexDigit(text[2] == '.' ? text[3] : text[2]);
 }
 
-// What is converted ends where no number goes on, so that a long text behind it costs nothing. from_chars itself would
-// take two signs behind the p.
+// Only the number itself is handed on, so that a long text after it costs nothing. from_chars would accept two signs
+// after the p.
 double HexadecimalToReal(const char* text) {
   const char* end = text;
   while (IsHexDigit(*end) || *end == '.') ++end;
@@ -108,7 +111,7 @@ double NameToReal(const char* text) {
   return UnsignedToReal({text, length}, std::chars_format::general);
 }
 
-// The exponent behind a number's digits, 0 if there is none.
+// Stores the exponent after a number's digits in *exponent, 0 if there is none, and returns its end.
 const char* ScanExponent(const char* text, int* exponent) {
   *exponent = 0;
   if (*text != 'e' && *text != 'E') return text;
@@ -121,7 +124,7 @@ const char* ScanExponent(const char* text, int* exponent) {
   return end;
 }
 
-// digits [. digits] [(e | E) [sign] digits], with a digit in it; 0 without one.
+// Converts digits [. digits] [(e | E) [sign] digits]. Returns 0 if there is no digit.
 double DigitsToReal(const char* text) {
   Digits digits = {0, 0};
   const char* end = ScanDigits(text, &digits);
@@ -170,7 +173,7 @@ double TextToReal(const char* text) {
   text = SkipSpaces(text);
   const bool negative = *text == '-';
   if (*text == '-' || *text == '+') ++text;
-  if (*text == '-' || *text == '+') return 0.0;  // from_chars would take a second minus
+  if (*text == '-' || *text == '+') return 0.0;  // from_chars would accept a second minus
   const double value = UnsignedTextToReal(text);
   const bool isNumber = value != 0.0 || IsDigit(text[*text == '.' ? 1 : 0]);
   return negative && isNumber ? -value : value;  // a lone sign is 0, not -0
@@ -185,8 +188,8 @@ double DecimalToReal(std::string_view text) {
 
 bool SmallDecimalToReal(unsigned long long mantissa, int exponent, double* result) {
   if (mantissa > kLargestExactInteger || exponent > kLargestExactPower || exponent < -kLargestExactPower) return false;
-  // Signed: a compiler may convert an unsigned 64-bit number by a difference, which makes a 0 negative when the host
-  // rounds downward.
+  // The conversion is from a signed number: a compiler may convert an unsigned 64-bit number by a difference, and then
+  // 0 becomes negative when the host rounds downward.
   const double exact = static_cast<double>(static_cast<long long>(mantissa));
   if (exponent == 0) {
     *result = exact;
@@ -195,67 +198,6 @@ bool SmallDecimalToReal(unsigned long long mantissa, int exponent, double* resul
   if (!RoundsToNearest()) return false;
   *result = exponent < 0 ? exact / kPowersOfTen[-exponent] : exact * kPowersOfTen[exponent];
   return true;
-}
-
-char* IntToText(char* room, int value) { return std::to_chars(room, room + kIntBuffer, value).ptr; }
-
-namespace {
-
-// Prints digits and a point for 0 < value < 10^6, or gives null where the sixth digit is in doubt: one product of two
-// doubles is off by less than 1e-9 here, so only a rest that close to one half needs the exact road.
-char* ShortRealToText(char* room, double value) {
-  constexpr double kDoubt = 1e-7;
-  int decimals = 0;  // behind the point, so that six digits remain in all
-  if (value >= 100000.0) {
-    decimals = 0;
-  } else {
-    decimals = 5;
-    for (double bound = 10.0; value >= bound; bound *= 10.0) --decimals;
-    if (value < 1.0) decimals = value >= 0.1 ? 6 : value >= 0.01 ? 7 : value >= 0.001 ? 8 : 9;
-  }
-  const double scaled = value * kPowersOfTen[decimals];
-  std::uint32_t digits = static_cast<std::uint32_t>(scaled);
-  const double rest = scaled - digits;
-  if (rest > 0.5 - kDoubt && rest < 0.5 + kDoubt) return nullptr;
-  if (rest > 0.5) ++digits;
-  if (digits >= 1000000) return nullptr;  // rounded up to a seventh digit
-  while (decimals > 0 && digits % 10 == 0) {
-    digits /= 10;
-    --decimals;
-  }
-  char text[12];
-  char* end = std::to_chars(text, text + sizeof text, digits).ptr;
-  const int count = static_cast<int>(end - text);
-  const int whole = count - decimals;
-  if (whole > 0) {
-    room = std::copy(text, text + whole, room);
-    if (decimals == 0) return room;
-    *room++ = '.';
-    return std::copy(text + whole, end, room);
-  }
-  *room++ = '0';
-  *room++ = '.';
-  for (int zeros = -whole; zeros > 0; --zeros) *room++ = '0';
-  return std::copy(text, end, room);
-}
-
-}  // namespace
-
-// Bits of magnitudes compare as the values do, and a NaN raises no floating-point exception in them.
-char* RealToText(char* room, double value) {
-  constexpr auto bitsOf = [](double real) { return std::bit_cast<std::uint64_t>(real); };
-  const double magnitude = std::fabs(value);
-  const std::uint64_t bits = bitsOf(magnitude);
-  if (bits > bitsOf(HUGE_VAL))
-    return std::ranges::copy(std::string_view(std::signbit(value) ? "-nan" : "nan"), room).out;
-  if (bits >= bitsOf(1e-4) && bits < bitsOf(999999.0)) {
-    char* start = room;
-    if (value < 0) *start++ = '-';
-    const int whole = static_cast<int>(magnitude);
-    if (whole == magnitude) return IntToText(start, whole);
-    if (char* end = ShortRealToText(start, magnitude)) return end;
-  }
-  return std::to_chars(room, room + kRealBuffer, value, std::chars_format::general, 6).ptr;
 }
 
 }  // namespace steprt
