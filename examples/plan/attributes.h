@@ -23,7 +23,7 @@ class Attributes {
  public:
   virtual ~Attributes() = default;
 
-  virtual void Text(const char* name, STEPstring& value) = 0;  // an empty text stands for an omitted one
+  virtual void Text(const char* name, STEPstring& value) = 0;  // an empty text is an omitted one
   virtual void Integer(const char* name, int& value) = 0;
   virtual void Real(const char* name, double& value) = 0;
   virtual void Boolean(const char* name, bool& value) = 0;
@@ -65,7 +65,7 @@ class Entity : public STEPheader {
   virtual void Describe(Attributes& attributes) = 0;
 };
 
-// A new instance in the current model, or null without memory. The model destroys it.
+// Returns a new instance in the current model, or null when memory runs out. The model destroys it.
 template <class T>
 T* Make() {
   T* entity = new (std::nothrow) T;

@@ -54,7 +54,7 @@ class Speller : public Attributes {
  private:
   void Put(const char* name, std::string value) { attributes.push_back({name, {std::move(value)}}); }
 
-  // In front of the members stands whether there is a list.
+  // Whether there is a list comes before its members.
   template <class Spell>
   void PutList(const char* name, const List& list, Spell spell) {
     attributes.push_back({name, {list.aggregate ? "list" : "no list"}});

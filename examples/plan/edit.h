@@ -12,7 +12,7 @@ struct EditResult {
   std::string wall;      // the label of the wall that was moved; empty if no wall would do
   std::string storey;    // the label of its storey
   double moved = 0;      // metres
-  double doorWidth = 0;  // metres; 0 without memory for the door
+  double doorWidth = 0;  // metres; 0 if memory ran out for the door
 };
 
 // Moves a wall that has room for a door, across its own length, and adds a door there: opening, door, the relations

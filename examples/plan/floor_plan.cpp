@@ -71,7 +71,7 @@ class Builder {
     if (!region.empty()) regions->push_back(std::move(region));
   }
 
-  // A wall of several bodies gives a region for each, since bodies that touch may overlap.
+  // A wall of several bodies has a region for each, since bodies that touch may overlap.
   void AddWall(const Solid& wall, FloorPlan* plan) {
     if (wall.heights.low > height || wall.heights.high < height) return;
     std::vector<Region> parts;

@@ -31,7 +31,7 @@ int HexValue(const char* text, int digits) {
   return value;
 }
 
-// Decodes the directive at `text` and gives what stands behind it; null if it is none.
+// Decodes the directive at `text` and returns what follows it, or null if there is no directive.
 const char* Decode(const char* text, std::string* out) {
   if (std::strncmp(text, "\\S\\", 3) == 0 && text[3]) {
     AppendUtf8(0x80U + static_cast<unsigned char>(text[3]), out);

@@ -12,10 +12,10 @@ namespace plan {
 // and bytes above 127 are taken as ISO 8859-1.
 std::string LabelOf(const char* text);
 
-// A name for a file: letters and digits, with one `_` for all that stands between them.
+// A name for a file: letters and digits, with one `_` for everything between them.
 std::string FileNameOf(const std::string& label);
 
-// A number as it stands on a sheet: "12.50".
+// A number as a sheet shows it: "12.50".
 std::string NumberText(double value, int decimals);
 
 }  // namespace plan

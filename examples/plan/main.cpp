@@ -86,7 +86,7 @@ std::string ProjectName(STEPmodel& model) {
 // The middle of the title block.
 std::string Title(STEPmodel& model, bool isEdited) { return isEdited ? kEditNote : ProjectName(model); }
 
-// Draws every storey; `prefix`, empty before the edit, goes in front of the names of the files. `only`: the one storey
+// Draws every storey; `prefix`, empty before the edit, precedes the names of the files. `only`: the one storey
 // to draw, or empty.
 bool DrawPlans(STEPmodel& model, const Job& job, const char* prefix, const std::string& only) {
   const std::vector<FloorPlan> plans = FloorPlans(model);

@@ -42,7 +42,7 @@ class List {
 
   STEPlist* Head() const { return aggregate ? aggregate->head : nullptr; }
 
-  // The aggregate, made now if there is none yet; null without memory.
+  // Returns the aggregate, and creates it if there is none yet; null when memory runs out.
   STEPaggr* Need() {
     if (!aggregate) aggregate = new (std::nothrow) STEPaggr;
     return aggregate;

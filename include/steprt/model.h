@@ -158,7 +158,7 @@ class STEPRT_API STEPmodel {
   int AddModel(STEPmodel* other);
 
   /// Returns the library of the first descriptor of the chain with this name, case-insensitively. Returns null if there
-  /// is no such descriptor, or none is recorded with it.
+  /// is no such descriptor, if it has no library, or if the name is null.
   STEPlib* GetLib(const char* schemaName);
   void SetLib(STEPlib* lib);  ///< Records a library with the first descriptor. The caller still owns it.
 

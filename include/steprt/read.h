@@ -67,8 +67,9 @@ STEPRT_API bool rSTEPbool(STEPtransfer* t, const char* name);
 /// Reads `.T.` as 1, `.F.` as 0, `.U.` as -1. `$` is -1; in XML, `$` and a missing element are reported too.
 STEPRT_API int rSTEPlog(STEPtransfer* t, const char* name);
 
-/// Reads an enumerator and returns its position in `names`. The names include their dots and are compared
-/// case-insensitively. `$` is 0; in XML, `$` and a missing element are reported too.
+/// Reads an enumerator and returns its position in `names`, an array of `count` texts (`const char*[]`). The names
+/// include their dots and are compared case-insensitively. `$` is 0; in XML, `$` and a missing element are reported
+/// too.
 STEPRT_API int rSTEPenum(STEPtransfer* t, const char* name, const char** names, int count);
 
 /// Reads an integer, a real, a text or a reference of any type. Does not release what the select had.
@@ -93,7 +94,7 @@ STEPRT_API void rSTEPsel(STEPtransfer* t, const char* name, STEPselect* select);
 /// when the transfer ends; if there is no such instance, it is reported then and `*slot` does not change.
 /// @param t          the transfer
 /// @param name       the attribute
-/// @param slot       where the reference is stored; never null
+/// @param slot       the address of a `STEPheader*`, not of a pointer to a derived class; never null
 /// @param expected   the required type, which may have subtypes; negative for any type
 /// @param allowNull  not used: `$` is always allowed
 STEPRT_API void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, int expected, bool allowNull);

@@ -19,8 +19,9 @@
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
-/// Receives one complete report without a line end. The text is valid during the call only. The procedure must not
-/// destroy or move an instance while a transfer runs.
+/// Receives one complete report without a line end, such as "STEP error: a.stp (12) [WALL]Missing integer": the file,
+/// the line, the entity or operation, and the message. A message of the XML parser comes alone. The text is valid
+/// during the call only. The procedure must not destroy or move an instance while a transfer runs.
 using STEPerrorProc = void (*)(const char* text);
 
 /// Creates one instance with `new` and reads its attributes by the readers of read.h, supertype attributes first.
