@@ -37,7 +37,7 @@ class STEPRT_API STEPheader {
   /// Copies all fields, `next` and `model` too, and repairs no list: what follows a target on its list is lost there.
   STEPheader& operator=(const STEPheader& other);
 
-  /// A text of the client's. No file has it; the report "Reference to wrong object type '%s'" shows it.
+  /// A text of the client's, which is not written to files. The report "Reference to wrong object type '%s'" shows it.
   char* Id();
   void Id(char* text);        ///< Copies `text`, silently truncated to 63 characters. A null text changes nothing.
   void Id(const char* text);  ///< The same.
@@ -65,11 +65,12 @@ class STEPRT_API STEPheader {
   /// @name Fields
   /// Derived classes and the library use them directly. Change them through the operations above.
   /// @{
-  STEPheader* next;  ///< See NextHead. Null without a model.
+  STEPheader* next;  ///< See NextHead. Null if the instance never had a model.
   int type;          ///< See Type.
-  int number;   ///< Number in the file last written or in the XML document last read; 0 before. A read of clear text
-                ///< does not set it.
-  char id[64];  ///< See Id.
+  /// The number in the file last written, or in the XML document last read; 0 before. A read of clear text does not set
+  /// it.
+  int number;
+  char id[64];       ///< See Id.
   STEPmodel* model;  ///< See Model.
   /// @}
 };

@@ -27,9 +27,9 @@ class STEPRT_API STEPlib {
   /// shared: this object does not release it. One that was loaded is released with the object.
   ///
   /// The search key is the path after its last backslash; a slash does not separate. It is upper-cased, and of a longer
-  /// key the last 19 characters count. The first module matches that has the key anywhere in its own upper-cased path,
-  /// of which the first 127 characters count. So an empty path, or one that ends in a backslash, matches the newest
-  /// module of the chain. A null path loads nothing; neither does an empty one if the chain is empty.
+  /// key the last 19 characters count. The first module matches whose own upper-cased path contains the key; the first
+  /// 127 characters of that path count. So an empty path, or one that ends in a backslash, matches the newest module of
+  /// the chain. A null path loads nothing; neither does an empty one if the chain is empty.
   STEPlib(char* path);
 
   /// Copies the fields and takes no reference of its own. Two objects that own one module would both release it: let

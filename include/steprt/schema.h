@@ -40,13 +40,15 @@ using STEPwriteFunc = void (*)(STEPtransfer* transfer, STEPheader* object);
 
 /// One row of a descriptor: one entity.
 struct APPentity {
-  const char* name;   ///< The keyword, matched case-insensitively without an index. Null ends the table. Documents are
-                      ///< read only for keywords of at most 63 characters, clear text for at most 256.
-  STEPreadFunc read;  ///< Null: a record of this entity is a syntax error in clear text and is ignored in XML.
+  /// The keyword, matched case-insensitively without an index. Null ends the table. A keyword of more than 63
+  /// characters is not found in XML, and one of more than 256 not in clear text.
+  const char* name;
+  STEPreadFunc read;    ///< Null: a record of this entity is a syntax error in clear text and is ignored in XML.
   STEPwriteFunc write;  ///< Null: instances of this entity are left out of a written file.
   int type;             ///< The type number, 0 or greater. Choose one range for each schema of a chain.
-  const char* super;    ///< Keyword of the supertype, which may be in another descriptor of the chain; null for a root.
-                        ///< Supertypes must not form a ring.
+  /// The keyword of the supertype, which may be in another descriptor of the chain; null for a root. Supertypes must
+  /// not form a ring.
+  const char* super;
 };
 
 /// One node of the index that STEPmodel::PrepareHash builds. A row has a node for its name and another for its type.
