@@ -2,8 +2,6 @@
 // with what it does differently from the C functions put right.
 #include "support/number_parse.h"
 
-#include <algorithm>
-#include <bit>
 #include <cfenv>
 #include <cfloat>
 #include <charconv>

@@ -37,7 +37,7 @@ esac
 "$folder/edit_and_write" "$folder"
 # Without the XML reader nothing comes of a document, which this client says in its result.
 if [ "$way" = without_xml ]; then
-  ! "$folder/stp_xml_convert" "$folder"
+  if "$folder/stp_xml_convert" "$folder"; then exit 1; fi
 else
   "$folder/stp_xml_convert" "$folder"
 fi

@@ -6,7 +6,6 @@
 #ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 #define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
-#include <cstddef>
 #include <cstdint>
 
 #include "steprt/instance.h"
