@@ -118,12 +118,22 @@ void CheckQuoted(std::string text) {
   EXPECT_EQ(ScanQuotedItem(&cursor), nullptr);
 }
 
+void CheckWithoutText() {
+  const char* none = nullptr;
+  char* noText = nullptr;
+  ScannedReal last;
+  EXPECT_EQ(ScanRefItem(&none), -1);
+  EXPECT_EQ(ScanRealItem(&none, &last), 0.0);
+  EXPECT_EQ(ScanQuotedItem(&noText), nullptr);
+}
+
 }  // namespace
 
 void CheckXmlValues(const std::string& text) {
   const steprt_test::PlainHost plain;
   EXPECT_EQ(ClassifyText(text.c_str()), KindByPattern(text));
   EXPECT_EQ(IsRealText(text.c_str()), IsRealByPattern(text));
+  CheckWithoutText();
   CheckReferences(text);
   CheckReals(text);
   CheckQuoted(text);
