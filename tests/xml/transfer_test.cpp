@@ -1,8 +1,6 @@
 // The drivers, and a model's way through them.
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "xml/documents.h"
 
 namespace {
@@ -109,35 +107,6 @@ TEST_F(XmlTransfer, AReadInsideAReadKeepsThemApart) {
   EXPECT_EQ(outer.ReadXml("<PROJ><PERSON rid='#2'/><PROBE rid='#1'><A>7</A></PROBE></PROJ>"), 0);
   EXPECT_EQ(Population(outer), (Texts{"PERSON(0)", "PERSON(7)"}));
   EXPECT_EQ(Population(inner), Texts{"DOOR(null)"});
-}
-
-// ---- exceptions of the client --------------------------------------------------------------------------------------
-
-TEST_F(XmlTransfer, WhatTheClientsFunctionsThrowComesOutAndLeavesTheModelSound) {
-  ProjModel model;
-  ProjModel other;
-  int calls = 0;
-  const auto fail = [&](STEPtransfer*) -> STEPheader* { throw std::out_of_range(std::to_string(++calls)); };
-  SetProbe({"", -1, fail, fail});
-  const std::string document = "<PROJ><PERSON rid='#1'/><PROBE rid='#2'><A>1</A></PROBE><PROBE rid='#3'/></PROJ>";
-  model.Name(MakeFile("throwing.xml", document).c_str());
-  EXPECT_THROW(model.ReadXml(document.c_str()), std::out_of_range);
-  EXPECT_FALSE(model.Locked());
-  EXPECT_EQ(CurrentModel(), &other);
-  EXPECT_THROW(model.ReadXml(nullptr), std::out_of_range);
-  EXPECT_FALSE(model.Locked());
-  EXPECT_EQ(CurrentModel(), &other);
-  EXPECT_EQ(calls, 2) << "one for each read";
-  EXPECT_EQ(Population(model), (Texts{"PERSON(0)", "PERSON(0)"}));
-  new Entity(kProbe, &model);
-  EXPECT_THROW(model.WriteXml(nullptr, nullptr), std::out_of_range);
-  EXPECT_FALSE(model.Locked());
-  ProjSchema()->errorProc = [](const char* text) { throw std::range_error(text); };
-  for (const char* each : {"<PROJ><PERSON/></PROJ>", "<PROJ", "<PROJ><DOOR rid='#1'><Host>#2</Host></DOOR></PROJ>",
-                           "<PROJ><DOOR rid='#1'/><DOOR rid='#1'/></PROJ>"}) {
-    EXPECT_THROW(model.ReadXml(each), std::range_error) << each;
-    EXPECT_FALSE(model.Locked());
-  }
 }
 
 }  // namespace
