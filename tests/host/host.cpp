@@ -29,7 +29,9 @@ bool IsCommaInForce() {
 bool UseComma() {
   const std::string log = TempPath("localedef.log");
   // It warns of the categories that are missing, and says so in its result.
-  const std::string command = "localedef -c --no-archive -f " STEPRT_TEST_HOST "/comma.map -i " STEPRT_TEST_HOST
+  const std::string command = "localedef -c --no-archive -f " STEPRT_TEST_FOLDER
+                              "/host/comma.map -i " STEPRT_TEST_FOLDER
+                              "/host"
                               "/comma.def " +
                               TempPath("comma") + " >" + log + " 2>&1";
   const int result = system(command.c_str());

@@ -16,9 +16,12 @@ inline Texts ReportsOf(const std::string& cell) {
   return reports;
 }
 
-// Kinds, data, population, reports. The type that references are of may stand behind the kinds, as in "f:11".
-inline void ExpectRows(const char* table, const std::function<Outcome(const std::string&)>& read = ReadData) {
-  for (const Texts& row : Table(table, 4)) {
+// The rows of a file: kinds, data, population, reports. The type that references are of may follow the kinds, as in
+// "f:11".
+inline void ExpectRows(const std::string& file, const std::function<Outcome(const std::string&)>& read) {
+  const std::vector<Texts> rows = TableOf(file, 4);
+  EXPECT_GT(rows.size(), 20u) << file;
+  for (const Texts& row : rows) {
     const std::size_t colon = row[0].find(':');
     SetProbe({row[0].substr(0, colon), colon == std::string::npos ? -1 : std::stoi(row[0].substr(colon + 1))});
     const Texts reports = ReportsOf(row[3]);

@@ -1,5 +1,7 @@
 #include "support/table.h"
 
+#include "support/temp_files.h"
+
 namespace steprt_test {
 namespace {
 
@@ -46,6 +48,10 @@ std::vector<Texts> Table(const std::string& lines, std::size_t cells) {
     row.resize(cells);
   }
   return rows;
+}
+
+std::vector<Texts> TableOf(const std::string& file, std::size_t cells) {
+  return Table(BytesOf(STEPRT_TEST_FOLDER "/" + file), cells);
 }
 
 Texts ItemsOf(const std::string& cell) { return cell.empty() ? Texts() : Split(cell, " & "); }

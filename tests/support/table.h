@@ -14,6 +14,9 @@ namespace steprt_test {
 // them; \n, \r and \xHH in a cell are the bytes they name. Lines that are empty or begin with // are no rows.
 std::vector<Texts> Table(const std::string& lines, std::size_t cells);
 
+// The table in a file of the tests' folder, such as "read/sections.rows".
+std::vector<Texts> TableOf(const std::string& file, std::size_t cells);
+
 // What " & " parts in a cell; an empty one holds nothing.
 Texts ItemsOf(const std::string& cell);
 
