@@ -1,7 +1,6 @@
 #include "names.h"
 
 #include <unordered_set>
-#include <utility>
 
 namespace express {
 

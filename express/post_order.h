@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace express {
