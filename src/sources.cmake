@@ -50,8 +50,9 @@ set(STEPRT_SOURCES
     read/references.cpp
     read/list_appender.cpp
     read/lists.cpp
-    write/record_loop.cpp
+    write/driver.cpp
     write/frame.cpp
+    write/record_loop.cpp
     write/file_writer.cpp
     write/values.cpp
     write/scalars.cpp

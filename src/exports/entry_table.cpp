@@ -1,5 +1,7 @@
-// The library's own table of numbered entries. An entry is declared by the symbol that the linker knows, since neither
-// a constructor nor a destructor has an address in the language.
+// The library's own table of numbered entries.
+//
+// entries.def lists them. Each is declared by its linker symbol, because in C++ a constructor or destructor has no
+// address.
 #include "steprt/module.h"
 
 #define STEPRT_NAME(symbol, name)

@@ -1,4 +1,4 @@
-// The library's load hook. It makes the library known to the layer of modules, and puts it into no chain.
+// The library's load hook. It makes the library known to platform/modules. It adds it to no chain of libraries.
 #include "exports/load_hook.h"
 
 #include "platform/modules.h"

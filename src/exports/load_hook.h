@@ -1,4 +1,4 @@
-// Called when the library is loaded and unloaded; entry number 1.
+// Called when the library is loaded and unloaded. It is entry number 1.
 #ifndef STEPRT_EXPORTS_LOAD_HOOK_H
 #define STEPRT_EXPORTS_LOAD_HOOK_H
 
@@ -11,7 +11,7 @@ inline constexpr unsigned kProcessAttach = 1;
 
 }  // namespace steprt
 
-// Gives 1, or 0 when the library could not be made known at its load. Other reasons do nothing.
+// Returns 1. Returns 0 if the library could not be made known at its load. Other reasons do nothing.
 extern "C" STEPRT_API int DllMain(HINSTANCE module, unsigned reason, void* reserved);
 
 #endif

@@ -1,4 +1,5 @@
-// The members of STEPmodel that move it to and from files.
+// The members of STEPmodel that read and write files. They are the frame around the drivers: a locked model, a current
+// model for the time of a read, and the two forms tried in turn.
 #include "model/current_model.h"
 #include "steprt/model.h"
 #include "steprt/read.h"
@@ -8,15 +9,18 @@
 
 namespace {
 
-// A transfer's frame: the budget is filled and the model locked; on every way out it is neither changed nor locked,
-// whatever the transfer gave.
+// Locks the model and fills its error budget for the time of a transfer. At the end the model is neither locked nor
+// changed, whatever the transfer returned and even if the client's code threw.
 class TransferScope {
  public:
   explicit TransferScope(STEPmodel* model) : model_(model) {
     model_->errorsLeft = model_->errorLimit;
     model_->locked = true;
   }
-  ~TransferScope() { model_->changed = model_->locked = false; }
+  ~TransferScope() {
+    model_->changed = false;
+    model_->locked = false;
+  }
   TransferScope(const TransferScope&) = delete;
   TransferScope& operator=(const TransferScope&) = delete;
 
@@ -26,7 +30,8 @@ class TransferScope {
 
 }  // namespace
 
-// A model that is still empty, whatever the clear-text pass said, gets the file as XML, and with it that pass's result.
+// If the model is still empty after the clear-text pass, whatever that reported, the file is read again as XML, and the
+// result is that of the XML pass.
 int STEPmodel::Read(bool check, char* fileName) {
   Name(fileName);
   const TransferScope transfer(this);

@@ -1,4 +1,4 @@
-// What all attribute readers share.
+// What the attribute readers share: how to reach an attribute's token, and how to continue after a bad one.
 #ifndef STEPRT_READ_ATTRIBUTE_H
 #define STEPRT_READ_ATTRIBUTE_H
 
@@ -6,13 +6,15 @@
 
 namespace steprt {
 
-// An attribute's token, behind one comma if there is one. From the record's `;` on it gives TOK_SEMI and reads nothing.
+// Returns the kind of the attribute's first token, after a comma if there is one. A `;` closes the record: from then on
+// it returns TOK_SEMI and reads nothing, so each further reader returns its neutral value.
 int NextAttrToken(STEPtransfer* t);
 
-// Gets past a bad attribute, whose token has been read. Brackets are not counted: the first `)` ends a bracketed one.
+// Skips a bad attribute whose first token has been read. Brackets are not counted: the first `)` ends a bracketed one.
+// A `;` is pushed back for the next reader.
 void SkipAttribute(STEPtransfer* t, int token);
 
-// The first position of `text` in `names`, in any case; -1 if there is none.
+// Returns the first position of `text` in `names`, compared case-insensitively, or -1 if it is not there.
 int FindKeyword(const char* text, const char* const* names, int count);
 
 }  // namespace steprt

@@ -1,4 +1,4 @@
-// Which bytes end a word and which part tokens.
+// The classes of bytes by which the tokeniser scans. They do not depend on a locale.
 #ifndef STEPRT_READ_CHAR_CLASS_H
 #define STEPRT_READ_CHAR_CLASS_H
 
@@ -7,9 +7,9 @@
 
 namespace steprt {
 
-// Star, dot, slash, signs, double quote and underscore do not end a word.
+// A word ends before one of these. Star, dot, slash, signs, double quote and underscore belong to words.
 inline constexpr std::string_view kDelimiters = "' ()\n;=,\r$\t#";
-inline constexpr std::string_view kBlanks = " \t\r";  // a line feed is one too, but it is counted
+inline constexpr std::string_view kBlanks = " \t\r";  // a line feed is a blank too, but it counts a line
 
 using ByteSet = std::array<bool, 256>;
 

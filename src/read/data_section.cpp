@@ -14,8 +14,10 @@ void RefuseRecord(STEPtransfer* t, const char* message) {
   SkipToSemicolon(t);
 }
 
-// ( attributes ), of which only the brackets are looked at here. What stands in place of the `)` is given back, so that
-// a `;` ends the skip at once; a token in place of the `(` is not, so that a `;` there takes the next record with it.
+// "(" attributes ")", with the attributes left to the row's read function.
+//
+// A token in place of the `)` is pushed back, so that a `;` ends the skip at once. A token in place of the `(` is not,
+// so a `;` there takes the next record with it. It is meant (Sections.*, sections.rows).
 void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   if (!row.read || NextToken(t, '(', TOK_OPEN) != TOK_OPEN) return RefuseRecord(t, kSyntax);
   t->lastToken = kNoToken;
@@ -27,17 +29,20 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   RefuseRecord(t, kSyntax);
 }
 
-// From the length of the records so far, now and again.
+// Tells the instance table now and then how many numbers to expect, from the length of the records so far.
 void ExpectFurther(STEPtransfer* t) {
   constexpr std::uint32_t kRecords = 16;
-  const std::uint32_t count = t->entries.Count();
-  if (count % kRecords == 0) t->entries.Expect(count * t->file.in->Growth());
+  EntryIndex& entries = t->store->entries;
+  const std::uint32_t count = entries.Count();
+  if (count % kRecords == 0) entries.Expect(count * t->file.in->Growth());
 }
 
-// One record, whose number has been read. The number counts as used from here on, whatever becomes of the record.
-// False where the record breaks off before its keyword, as that of a complex instance does.
+// record = "#" number "=" NAME "(" attributes ")" ";", of which the number has been read
+//
+// The number counts as used from here on, even if the record turns out to be bad. Returns false if the record breaks
+// off before its keyword. The record of a complex instance does.
 bool ReadRecord(STEPtransfer* t, int number) {
-  t->prefetcher.SeeRecord(number);
+  t->store->prefetcher.SeeRecord(number);
   ExpectFurther(t);
   STEPentry* entry = RegisterEntry(t, number);
   if (!entry) {
@@ -62,7 +67,7 @@ int ReadDataSection(STEPtransfer* t) {
     const int token = NextToken(t, ';', TOK_SEMI);
     if (token == TOK_EOF) return SEC_NONE;
     if (token == TOK_NAME) return SectionCode(t->value.text);
-    if (token != TOK_REF) continue;  // the `;` behind a record as well
+    if (token != TOK_REF) continue;  // the `;` after a record as well
     if (!ReadRecord(t, t->value.integer)) return SEC_NONE;
   }
 }

@@ -1,4 +1,5 @@
-// The data of a file: records `#n = NAME(...);`, each handed to the read function of its entity's row.
+// The DATA section of a file: records `#n = NAME(...);`. The read function of the entity's row reads what is in the
+// brackets.
 #ifndef STEPRT_READ_DATA_SECTION_H
 #define STEPRT_READ_DATA_SECTION_H
 
@@ -6,8 +7,8 @@
 
 namespace steprt {
 
-// Reads the records up to and including the name that ends the section, and gives its section code. SEC_NONE for a
-// word that is no keyword, at the end of the file, and where a record breaks off before its keyword.
+// Reads the records and the name after them, and returns the section code of that name. Returns SEC_NONE if it is no
+// section keyword, at the end of the file, and if a record breaks off before its keyword.
 int ReadDataSection(STEPtransfer* t);
 
 }  // namespace steprt

@@ -1,4 +1,12 @@
-// STEPread: from the opening of a file to its count of errors.
+// STEPread: the driver of a clear-text read, from the opening of a file to the count of its errors.
+//
+//   file = ("ISO-10303-21" | "STEP") ";" { header | data } ("END-ISO-10303-21" | "ENDSTEP") ";"
+//   header = "HEADER" ";" { record } "ENDSEC" ";"
+//   data = "DATA" ";" { record } "ENDSEC" ";"
+//
+// Anything between the keywords of sections is skipped.
+#include <memory>
+
 #include "platform/input_file.h"
 #include "read/data_section.h"
 #include "read/header_section.h"
@@ -8,8 +16,6 @@
 #include "read/transfer/transfer.h"
 #include "schema/chain.h"
 #include "steprt/read.h"
-#include "steprt/text.h"
-#include "support/file_name.h"
 
 namespace {
 
@@ -23,6 +29,7 @@ int ReadHeader(STEPtransfer* t) {
   return code;
 }
 
+// Data of another schema ends the read.
 int ReadData(STEPtransfer* t, bool check) {
   const char* schemaName = NameOf(*t->schema);
   if (check && SchemaNotListed(t, schemaName)) {
@@ -34,7 +41,7 @@ int ReadData(STEPtransfer* t, bool check) {
   return code;
 }
 
-// A section out of place costs a report and no more; the end of the file ends the loop wherever it is met.
+// A keyword that does not belong where it is costs one report. The end of the file ends the loop wherever it is met.
 void ReadSections(STEPtransfer* t, bool check) {
   int code;
   do {
@@ -50,19 +57,21 @@ void ReadSections(STEPtransfer* t, bool check) {
   } while (code != SEC_NONE);
 }
 
+void ReadFile(STEPtransfer* t, bool check) {
+  const std::unique_ptr<InputFile> file(InputFile::OpenOrNull(t->fileName));
+  if (!file) return ReportError(t, kFileNotFound);
+  t->file.in = file.get();
+  if (NextSection(t) != SEC_START) return ReportError(t, kNotAStepFile);
+  ReadSections(t, check);
+  ResolveFixups(t);
+}
+
 }  // namespace
 
 int STEPread(char* name, APPobject0* schema, bool check) {
   if (!name || !schema) return kNoTransfer;
-  TextBuffer room;
-  const TransferOwner t = NewTransfer(DefaultFileName(room, name), ErrorProcOf(schema), schema, false);
+  const TransferOwner t = BeginRead(name, schema, false);
   if (!t) return kNoTransfer;
-  Copy(t->where, "Read", kWhereLimit);
-  const std::unique_ptr<InputFile> file(InputFile::OpenOrNull(t->fileName));
-  t->file.in = file.get();
-  if (!file) return ReportError(t.get(), kFileNotFound), t->errors;
-  if (NextSection(t.get()) != SEC_START) return ReportError(t.get(), kNotAStepFile), t->errors;
-  ReadSections(t.get(), check);
-  ResolveFixups(t.get());
+  ReadFile(t.get(), check);
   return t->errors;
 }

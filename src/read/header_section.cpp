@@ -4,6 +4,7 @@
 
 #include "read/sections.h"
 #include "read/tokeniser.h"
+#include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
 #include "read/transfer/transfer.h"
 #include "schema/lookup.h"
@@ -14,7 +15,7 @@
 namespace steprt {
 namespace {
 
-// Reads up to the record's `;` and gives that back: the header takes it in place of `)`.
+// Skips the record. The `;` is pushed back: ReadHeaderRecord accepts it in place of the `)`.
 STEPheader* ReadFileSkip(STEPtransfer* t) {
   t->pushedToken = SkipToSemicolon(t);
   return nullptr;
@@ -25,17 +26,19 @@ struct NameList {
   ~NameList() { DeleteTextAggr(aggr); }
 };
 
-// The names of a later record take the place of the earlier ones; a record without names leaves them.
+// The names of a later record replace the earlier ones. A record without names keeps them.
 STEPheader* ReadFileSchema(STEPtransfer* t) {
   NameList names;
   xrSTEPtextAggr(t, nullptr, &names.aggr);
   if (!names.aggr || (t->schemas && !names.aggr->head)) return nullptr;
   std::swap(t->schemas, names.aggr);
-  t->listedSchema = nullptr;
+  t->store->listedSchema = nullptr;
   return nullptr;
 }
 
-// One record, whose keyword has been read. A row without a read function takes an empty bracket.
+// record = NAME "(" attributes (")" | ";"), of which the name has been read
+//
+// Returns false at a token that does not belong there. For a row without a read function the bracket must be empty.
 bool ReadHeaderRecord(STEPtransfer* t, const APPentity& row) {
   Copy(t->where, t->buffer, kWhereLimit);
   if (NextToken(t) != TOK_OPEN) return false;
@@ -73,19 +76,19 @@ int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
     if (row) {
       ReportError(t, kSyntaxErrorIn, row->name);
     } else {
-      ReportError(t, kUnknownEntity, t->value.text);  // `where` still shows what it showed before
+      ReportError(t, kUnknownEntity, t->value.text);  // `where` still shows the record before
     }
     SkipToSemicolon(t);
   }
 }
 
-// Only whole names count, and a file without FILE_SCHEMA lists none. A name that was found is not looked for again: a
-// file may hold many names and many DATA sections. One that is not found ends the read.
+// A file without FILE_SCHEMA lists no name. The search is not repeated for the name that was found last, because a file
+// may have many names and many DATA sections.
 bool SchemaNotListed(STEPtransfer* t, const char* schemaName) {
-  if (t->listedSchema && t->listedSchema == schemaName) return false;
+  if (t->store->listedSchema && t->store->listedSchema == schemaName) return false;
   for (const STEPlist* node = t->schemas ? t->schemas->head : nullptr; node; node = node->next) {
     if (!EqualNoCase(node->value.text, schemaName)) continue;
-    t->listedSchema = schemaName;
+    t->store->listedSchema = schemaName;
     return false;
   }
   return true;

@@ -1,4 +1,4 @@
-// The header of a file: only the names of its schemas are kept.
+// The HEADER section of a file. Of its records only the names of FILE_SCHEMA are kept.
 #ifndef STEPRT_READ_HEADER_SECTION_H
 #define STEPRT_READ_HEADER_SECTION_H
 
@@ -6,13 +6,14 @@
 
 namespace steprt {
 
-// The library's own descriptor of the header's records.
+// Returns the library's own descriptor of the header's records.
 APPobject0* HeaderSchema();
 
-// Reads the records up to and including ENDSEC; gives SEC_ENDSEC, or SEC_NONE at the end of the file.
+// Reads the records and the ENDSEC after them. Returns SEC_ENDSEC, or SEC_NONE at the end of the file. Unlike in DATA,
+// no other keyword ends the section.
 int ReadHeaderSection(STEPtransfer* t, APPobject0* table);
 
-// Whether none of the names that the header gave is this one, in any case.
+// Returns whether FILE_SCHEMA did not list this name, compared case-insensitively.
 bool SchemaNotListed(STEPtransfer* t, const char* schemaName);
 
 }  // namespace steprt

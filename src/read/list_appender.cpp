@@ -8,44 +8,40 @@
 
 namespace steprt {
 
-STEPaggr* NewAggr() { return MakeOrNull<STEPaggr>(); }
-
-STEPlist* NewListNode() { return MakeOrNull<STEPlist>(); }
-
 bool ListAppender::Begin() {
   if (!out_) return true;
-  if (!*out_) *out_ = NewAggr();
+  if (!*out_) *out_ = MakeOrNull<STEPaggr>();
   if (!*out_) return Refuse(t_, kOutOfMemory, false);
   tail_ = &(*out_)->head;
   return true;
 }
 
-void ListAppender::AddReal(double real) {
+void ListAppender::AppendReal(double real) {
   STEPlist* node = MakeNode();
   if (!node) return;
   node->value.real = real;
   Link(node);
 }
 
-void ListAppender::AddInteger(int integer) {
+void ListAppender::AppendInteger(int integer) {
   STEPlist* node = MakeNode();
   if (!node) return;
   node->value.integer = integer;
   Link(node);
 }
 
-void ListAppender::AddNull() {
+void ListAppender::AppendNull() {
   if (STEPlist* node = MakeNode()) Link(node);
 }
 
-void ListAppender::AddText(const char* text) {
+void ListAppender::AppendText(const char* text) {
   std::unique_ptr<STEPlist> node(MakeNode());
   if (!node) return;
   node->value.text = CopyTextOrNull(text);
   if (node->value.text) Link(node.release());
 }
 
-void ListAppender::AddReference(int number, int expected) {
+void ListAppender::AppendReference(int number, int expected) {
   std::unique_ptr<STEPlist> node(MakeNode());
   if (!node) return;
   const StoredReference stored = StoreReference(t_, number, expected, &node->value.object);
@@ -54,10 +50,10 @@ void ListAppender::AddReference(int number, int expected) {
   CheckType(t_, stored, expected);
 }
 
-// Null without an `out`, and when memory is exhausted.
+// Null if the items are dropped, and when memory runs out, which is reported.
 STEPlist* ListAppender::MakeNode() {
   if (!tail_) return nullptr;
-  STEPlist* node = NewListNode();
+  STEPlist* node = MakeOrNull<STEPlist>();
   return node ? node : Refuse(t_, kOutOfMemory, node);
 }
 

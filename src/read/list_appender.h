@@ -1,4 +1,4 @@
-// Builds the list of an aggregate attribute, node by node, in the order of the file and for both forms.
+// Builds the list of an aggregate attribute for both forms: one node for each item, in the order of the file.
 #ifndef STEPRT_READ_LIST_APPENDER_H
 #define STEPRT_READ_LIST_APPENDER_H
 
@@ -6,25 +6,26 @@
 
 namespace steprt {
 
-// A null STEPaggr or STEPlist when memory is exhausted.
-STEPaggr* NewAggr();
-STEPlist* NewListNode();
-
 class ListAppender {
  public:
-  // `out` may be null: the items are then read and dropped.
+  // If `out` is null, the items are read and dropped.
   ListAppender(STEPtransfer* t, STEPaggr** out) : t_(t), out_(out) {}
 
-  // Sees to it that *out holds an aggregate. False, with a report, when memory is exhausted. Links start at its head:
-  // the first item takes the place of nodes that were there.
+  // Makes an aggregate in *out if there is none. Returns false, with a report, when memory runs out. The first item
+  // becomes the head: an aggregate that has nodes loses them, and they leak.
   [[nodiscard]] bool Begin();
 
-  // Each makes one node and links it. Without memory the item is reported and lost.
-  void AddReal(double real);
-  void AddInteger(int integer);
-  void AddNull();
-  void AddText(const char* text);               // copied; a text that cannot be copied is lost without a report
-  void AddReference(int number, int expected);  // a number that stands for no instance is reported and left out
+  // Each makes one node and links it. When memory runs out for the node, that is reported and the item is lost.
+  void AppendReal(double real);
+  void AppendInteger(int integer);
+  void AppendNull();
+
+  // Copies the text. When memory runs out for the copy, the item is lost without a report.
+  void AppendText(const char* text);
+
+  // A number that stands for no instance is reported and left out. An instance of a wrong type is linked first and
+  // reported then, so an error procedure that looks at the list sees it.
+  void AppendReference(int number, int expected);
 
  private:
   STEPlist* MakeNode();

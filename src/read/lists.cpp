@@ -1,5 +1,8 @@
-// The readers of aggregate attributes.
+// The readers of aggregate attributes. Each takes the items from tokens in clear text (...FromTokens), or from the text
+// of the element of its name in XML (...FromElement). A ListAppender makes the nodes for both.
 #include "xml/values/lists.h"
+
+#include <algorithm>
 
 #include "read/attribute.h"
 #include "read/list_appender.h"
@@ -14,15 +17,17 @@ using namespace steprt;
 
 int NextItemToken(STEPtransfer* t) {
   const int token = NextToken(t, ',', TOK_COMMA);
-  return token == TOK_COMMA ? NextToken(t) : token;  // a `;` is not noted here
+  return token == TOK_COMMA ? NextToken(t) : token;  // unlike NextAttrToken, a `;` does not close the record
 }
 
 enum class NullList { kAccepted, kRefused };
 
-// ( items ), each of which `takeItem` takes or refuses. One that is refused ends the list: the first skip reads through
-// the next `)`, the second acts on the token itself, so that a list nested one deep is passed whole.
-template <typename TakeItem>
-void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const char* message, TakeItem takeItem) {
+// list = "$" | "(" { [","] item } ")"
+//
+// `appendItem` appends an item or refuses it. A refused one ends the list: the first skip reads through the next `)`,
+// the second acts on the refused token. So a list that is nested one deep is skipped whole.
+template <typename AppendItem>
+void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const char* message, AppendItem appendItem) {
   int token = NextAttrToken(t);
   if (token == TOK_SEMI) return;
   ListAppender list(t, out);
@@ -32,111 +37,130 @@ void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const ch
     do {
       token = NextItemToken(t);
       if (token == TOK_CLOSE) return;
-    } while (takeItem(token, list));
+    } while (appendItem(token, list));
     SkipAttribute(t, TOK_OPEN);
   }
   SkipAttribute(t, token);
   ReportError(t, message);
 }
 
-bool TakeReference(STEPtransfer* t, int token, ListAppender& list, int expected, bool allowNull) {
-  if (token == TOK_REF) return list.AddReference(t->value.integer, expected), true;
-  if (token == TOK_NULL && allowNull) return list.AddNull(), true;
-  return false;
-}
-
-bool TakeReal(STEPtransfer* t, int token, ListAppender& list) {
-  if (token == TOK_REAL) return list.AddReal(t->value.real), true;
-  if (token == TOK_INT) return list.AddReal(t->value.integer), true;
-  if (token == TOK_NULL) return list.AddReal(0.0), true;
-  return false;
-}
-
-// An unknown name is reported and counts as the first one.
-bool TakeEnumerator(STEPtransfer* t, int token, ListAppender& list, const char** names, int count) {
-  if (token == TOK_NULL) return list.AddInteger(0), true;
-  if (token != TOK_ENUM) return false;
-  const int position = FindKeyword(t->value.text, names, count);
-  if (position < 0) ReportError(t, kUnknownEnumeration, t->value.text);
-  list.AddInteger(position < 0 ? 0 : position);
+bool AppendReference(STEPtransfer* t, int token, ListAppender& list, int expected, bool allowNull) {
+  if (token == TOK_REF) {
+    list.AppendReference(t->value.integer, expected);
+    return true;
+  }
+  if (token != TOK_NULL || !allowNull) return false;
+  list.AppendNull();
   return true;
 }
 
-bool TakeText(STEPtransfer* t, int token, ListAppender& list) {
+// A `$` is 0.0 here.
+bool AppendReal(STEPtransfer* t, int token, ListAppender& list) {
+  switch (token) {
+    case TOK_REAL:
+      list.AppendReal(t->value.real);
+      return true;
+    case TOK_INT:
+      list.AppendReal(t->value.integer);
+      return true;
+    case TOK_NULL:
+      list.AppendReal(0.0);
+      return true;
+    default:
+      return false;
+  }
+}
+
+// A `$` counts as the first name. So does an unknown name, which is reported.
+bool AppendEnumerator(STEPtransfer* t, int token, ListAppender& list, const char** names, int count) {
+  if (token != TOK_NULL && token != TOK_ENUM) return false;
+  int position = 0;
+  if (token == TOK_ENUM) position = FindKeyword(t->value.text, names, count);
+  if (position < 0) ReportError(t, kUnknownEnumeration, t->value.text);
+  list.AppendInteger(std::max(position, 0));
+  return true;
+}
+
+bool AppendText(STEPtransfer* t, int token, ListAppender& list) {
   if (token != TOK_TEXT) return false;
-  list.AddText(t->value.text);
+  list.AppendText(t->value.text);
   return true;
 }
 
 void ReferencesFromTokens(STEPtransfer* t, STEPaggr** out, int expected, bool allowNull) {
   ListFromTokens(t, out, NullList::kAccepted, kMissingReference,
-                 [=](int token, ListAppender& list) { return TakeReference(t, token, list, expected, allowNull); });
+                 [=](int token, ListAppender& list) { return AppendReference(t, token, list, expected, allowNull); });
 }
 
-// A null item that is not allowed is reported and left out, and the list goes on.
+// A null item that is not allowed is reported and left out. Unlike in clear text, the list goes on.
 void ReferencesFromElement(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
   const char* cursor = ElementValue(t, name);
   ListAppender list(t, out);
   if (!list.Begin()) return;
   for (int number = ScanRefItem(&cursor); number >= 0; number = ScanRefItem(&cursor)) {
-    if (number > 0)
-      list.AddReference(number, expected);
-    else if (allowNull)
-      list.AddNull();
-    else
+    if (number > 0) {
+      list.AppendReference(number, expected);
+    } else if (allowNull) {
+      list.AppendNull();
+    } else {
       ReportError(t, kMissingReference);
+    }
   }
 }
 
 void RealsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
-                 [=](int token, ListAppender& list) { return TakeReal(t, token, list); });
+                 [=](int token, ListAppender& list) { return AppendReal(t, token, list); });
 }
 
-// What is no number is 0, without a word.
+// An item that is no number is 0, without a report.
 void RealsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
   const char* cursor = ElementValue(t, name);
   ListAppender list(t, out);
   if (!list.Begin()) return;
   ScannedReal last;
-  for (double real = ScanRealItem(&cursor, &last); cursor; real = ScanRealItem(&cursor, &last)) list.AddReal(real);
+  for (double real = ScanRealItem(&cursor, &last); cursor; real = ScanRealItem(&cursor, &last)) list.AppendReal(real);
 }
 
 void EnumeratorsFromTokens(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
   ListFromTokens(t, out, NullList::kRefused, kMissingPrimitive,
-                 [=](int token, ListAppender& list) { return TakeEnumerator(t, token, list, names, count); });
+                 [=](int token, ListAppender& list) { return AppendEnumerator(t, token, list, names, count); });
 }
 
-// The list has no name, so no element can hold it: what there is of it is an empty one.
+// The list has no name, so no element can hold it. The result is an empty list.
 void EnumeratorsFromElement(STEPtransfer* t, STEPaggr** out) { static_cast<void>(ListAppender(t, out).Begin()); }
 
 void TextsFromTokens(STEPtransfer* t, STEPaggr** out) {
   ListFromTokens(t, out, NullList::kRefused, kMissingTextInList,
-                 [=](int token, ListAppender& list) { return TakeText(t, token, list); });
+                 [=](int token, ListAppender& list) { return AppendText(t, token, list); });
 }
 
-// The scan cuts the element's text, without an `out` too.
+// The scan cuts the element's text, even if `out` is null.
 void TextsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
   char* cursor = ElementValue(t, name);
   ListAppender list(t, out);
   if (!list.Begin()) return;
-  while (const char* item = ScanQuotedItem(&cursor)) list.AddText(item);
+  while (const char* item = ScanQuotedItem(&cursor)) list.AppendText(item);
 }
 
 }  // namespace
 
 void xrSTEPaggr(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
-  t->xml ? ReferencesFromElement(t, name, out, expected, allowNull) : ReferencesFromTokens(t, out, expected, allowNull);
+  if (t->xml) return ReferencesFromElement(t, name, out, expected, allowNull);
+  ReferencesFromTokens(t, out, expected, allowNull);
 }
 
 void xrSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr** out) {
-  t->xml ? RealsFromElement(t, name, out) : RealsFromTokens(t, out);
+  if (t->xml) return RealsFromElement(t, name, out);
+  RealsFromTokens(t, out);
 }
 
 void xrSTEPaggrEnum(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
-  t->xml ? EnumeratorsFromElement(t, out) : EnumeratorsFromTokens(t, out, names, count);
+  if (t->xml) return EnumeratorsFromElement(t, out);
+  EnumeratorsFromTokens(t, out, names, count);
 }
 
 void xrSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr** out) {
-  t->xml ? TextsFromElement(t, name, out) : TextsFromTokens(t, out);
+  if (t->xml) return TextsFromElement(t, name, out);
+  TextsFromTokens(t, out);
 }

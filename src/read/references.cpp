@@ -1,4 +1,5 @@
-// The readers of single references and of selects.
+// The readers of single references and of selects. Each reads tokens in clear text (...FromTokens), or the element of
+// its name in XML (...FromElement). Both forms resolve a number in the same way.
 #include "read/transfer/references.h"
 
 #include <cstring>
@@ -20,7 +21,8 @@ using namespace steprt;
 
 constexpr int kAnyType = -1;
 
-// The skip runs before the report here, so that the report names the line that the skip has reached.
+// The skip comes before the report, unlike for scalars: the report names the line that the skip has reached. It is
+// meant (References.BehindAndAheadAreFoundAndTheirTypesTestedThen).
 void RefuseReference(STEPtransfer* t, int token) {
   SkipAttribute(t, token);
   ReportError(t, kMissingReference);
@@ -45,7 +47,7 @@ void ReferenceFromTokens(STEPtransfer* t, STEPheader** slot, int expected) {
   }
 }
 
-// Whatever is no reference is a null one, without a word.
+// Any text that is no reference is a null one, without a report.
 void ReferenceFromElement(STEPtransfer* t, const char* name, STEPheader** slot, int expected) {
   const char* text = ElementValue(t, name);
   const int number = *text == '#' ? TextToInt(text + 1) : 0;
@@ -53,7 +55,8 @@ void ReferenceFromElement(STEPtransfer* t, const char* name, STEPheader** slot, 
   *slot = nullptr;
 }
 
-// A number that stands for no instance is a null object, without a word, and no type is tested.
+// A number of a record that made no instance is a null object, without a report. No type is tested: the select takes
+// every one. A forward reference is a null object until the end of the transfer.
 void SelectReference(STEPtransfer* t, int number, STEPselect* select) {
   if (const STEPentry* entry = FindEntry(t, number)) return select->SetSTEPobj(entry->object);
   if (!AddFixup(t, number, kAnyType, &select->value.object)) return ReportError(t, kOutOfMemory);
@@ -85,7 +88,7 @@ void SelectFromTokens(STEPtransfer* t, STEPselect* select) {
   }
 }
 
-// A text of another kind, an enumeration's or an empty one, leaves the select as it was, without a word.
+// An empty text, a name and an enumerator leave the select as it was, without a report.
 void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
   const char* text = ElementValue(t, name);
   switch (ClassifyText(text)) {
@@ -97,7 +100,7 @@ void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
       return select->SetReal(TextToReal(text));
     case TOK_TEXT:
       return SelectText(select, text);
-    case TOK_REF:  // blanks and signs may stand in front of it
+    case TOK_REF:  // blanks and signs may precede it
       return SelectReference(t, TextToInt(std::strchr(text, '#') + 1), select);
     default:
       return;
@@ -106,10 +109,13 @@ void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
 
 }  // namespace
 
+// `$` is accepted whatever `allowNull` says. It is meant (see there the rows with a `$`).
 void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, int expected, bool /*allowNull*/) {
-  t->xml ? ReferenceFromElement(t, name, slot, expected) : ReferenceFromTokens(t, slot, expected);
+  if (t->xml) return ReferenceFromElement(t, name, slot, expected);
+  ReferenceFromTokens(t, slot, expected);
 }
 
 void rSTEPsel(STEPtransfer* t, const char* name, STEPselect* select) {
-  t->xml ? SelectFromElement(t, name, select) : SelectFromTokens(t, select);
+  if (t->xml) return SelectFromElement(t, name, select);
+  SelectFromTokens(t, select);
 }

@@ -1,4 +1,5 @@
-// The readers of scalar attributes.
+// The readers of scalar attributes. Each reads a token in clear text (...FromTokens), or the text of the element of its
+// name in XML (...FromElement). A `;` in place of the attribute is its neutral value without a report.
 #include "read/attribute.h"
 #include "read/tokeniser.h"
 #include "read/transfer/keywords.h"
@@ -12,7 +13,7 @@ namespace {
 
 using namespace steprt;
 
-// Reports a token that is no value of the attribute, gets past it, and gives the neutral value.
+// Reports a token that is no value of the attribute, skips the attribute, and returns the neutral value.
 template <typename Value>
 Value RefuseAttribute(STEPtransfer* t, const char* message, int token, Value neutral) {
   ReportError(t, message);
@@ -20,9 +21,10 @@ Value RefuseAttribute(STEPtransfer* t, const char* message, int token, Value neu
   return neutral;
 }
 
-// A number's token stays for the next reader: each further number reader of the record reports it once more.
+// Reports a token that is no number and pushes it back, so each further number reader of the record reports it again.
+// It is meant (Attributes.GiveWhatTheirRowsSay).
 template <typename Value>
-Value GiveBack(STEPtransfer* t, const char* message, int token, Value neutral) {
+Value PushBack(STEPtransfer* t, const char* message, int token, Value neutral) {
   ReportError(t, message);
   t->pushedToken = token;
   return neutral;
@@ -35,17 +37,17 @@ char* TextFromTokens(STEPtransfer* t) {
   return RefuseAttribute(t, kMissingText, token, EmptyText());
 }
 
-// What is returned is the element's own text.
+// Returns the element's own text.
 char* TextFromElement(STEPtransfer* t, const char* name) { return ElementValue(t, name); }
 
 int IntFromTokens(STEPtransfer* t) {
   const int token = NextAttrToken(t);
   if (token == TOK_INT) return t->value.integer;
   if (token == TOK_SEMI) return 0;
-  return GiveBack(t, kMissingInteger, token, 0);
+  return PushBack(t, kMissingInteger, token, 0);
 }
 
-// Any text is a number here, as far as one can be seen in it: no text is refused.
+// No text is refused here: the number ends where its digits end.
 int IntFromElement(STEPtransfer* t, const char* name) { return TextToInt(ElementValue(t, name)); }
 
 double RealFromTokens(STEPtransfer* t) {
@@ -53,25 +55,24 @@ double RealFromTokens(STEPtransfer* t) {
   if (token == TOK_REAL) return t->value.real;
   if (token == TOK_INT) return t->value.integer;
   if (token == TOK_SEMI) return 0.0;
-  return GiveBack(t, kMissingReal, token, 0.0);
+  return PushBack(t, kMissingReal, token, 0.0);
 }
 
 double RealFromElement(STEPtransfer* t, const char* name) { return TextToReal(ElementValue(t, name)); }
 
-// A family of keywords: their texts and count, the position that stands for a value that is not there, and what is said
-// about a token that is no keyword at all, or an unknown one.
+// A family of keywords.
 struct Keywords {
   const char* const* names;
   int count;
-  int neutral;
-  const char* missing;
-  const char* unknown;
+  int neutral;          // position of the value when there is none
+  const char* missing;  // message for a token that is no keyword
+  const char* unknown;  // message for a keyword that is not in `names`
 };
 
 constexpr Keywords kBools = {kBoolKeywords, 2, 0, kMissingBool, kUnknownBool};
 constexpr Keywords kLogicals = {kLogicalKeywords, 3, 0, kMissingLogical, kUnknownLogical};
 
-// An unknown keyword is reported; its token or element is the whole attribute, so nothing is left to get past.
+// Reports an unknown keyword. Its token is the whole attribute, so nothing is left to skip.
 int MatchKeyword(STEPtransfer* t, const Keywords& keywords, const char* text) {
   const int position = FindKeyword(text, keywords.names, keywords.count);
   if (position >= 0) return position;

@@ -1,4 +1,4 @@
-// Moves through a file by its section keywords.
+// Moves through a file by its section keywords and its semicolons.
 #ifndef STEPRT_READ_SECTIONS_H
 #define STEPRT_READ_SECTIONS_H
 
@@ -7,7 +7,7 @@
 
 namespace steprt {
 
-// Passes over everything up to the next section keyword and returns its code. Returns SEC_NONE at the end of the file.
+// Skips everything before the next section keyword, reads that, and returns its code. Returns SEC_NONE at the end of the file.
 int NextSection(STEPtransfer* t);
 
 // Reads tokens up to the next `;` or the end of the file. Returns the kind of that last token, which has been read.

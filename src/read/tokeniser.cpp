@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "read/char_class.h"
+#include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
 #include "support/ascii.h"
 #include "support/number_parse.h"
@@ -15,7 +16,9 @@ void CountLine(STEPtransfer* t) {
   if (t->line < INT_MAX) ++t->line;
 }
 
-// The first byte that is no blank, or InputFile::kEnd.
+// Reads up to the first byte that is no blank, and returns that byte, or InputFile::kEnd at the end of the file.
+//
+// blanks = {" " | tab | carriage return | line feed}
 int SkipBlanks(STEPtransfer* t) {
   InputFile& in = *t->file.in;
   for (const char* p = in.Cursor();;) {
@@ -35,18 +38,29 @@ int SkipBlanks(STEPtransfer* t) {
   }
 }
 
-// ---- numbers that lie inside the block ------------------------------------------------------------------------------
-
 double WordToReal(std::string_view word, Digits digits, int exponent) {
   double value;
   if (digits.count > kMantissaDigits || !SmallDecimalToReal(digits.value, exponent, &value)) return DecimalToReal(word);
   return word.front() == '-' ? -value : value;
 }
 
-// number = ["+" | "-"] digits ["." digits] ["E" ["+" | "-"] digits], with a digit in front of the E
+// exponent = ("E" | "e") ["+" | "-"] digit {digit}, at `p`
 //
-// The fast road, which leaves the word in the block: gives TOK_INT or TOK_REAL, or kNoToken, with nothing read, for
-// every word that is longer than that, needs a closer look, or reaches the block's end.
+// Adds its value to *exponent and returns its end. Returns null if there is no digit, or more than an int surely holds.
+const char* ScanExponent(const char* p, int* exponent) {
+  const bool isNegative = p[1] == '-';
+  p += p[1] == '-' || p[1] == '+' ? 2 : 1;
+  Digits power = {0, 0};
+  p = ScanDigitsFast(p, &power);
+  if (power.count == 0 || power.count > kIntDigits) return nullptr;
+  *exponent += isNegative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
+  return p;
+}
+
+// number = ["+" | "-"] {digit} ["." {digit}] [exponent], with a digit before the exponent
+//
+// The fast path, which converts a number inside the block. Returns TOK_INT or TOK_REAL. Returns kNoToken, with nothing
+// read, for every other word: WordToken must look at it.
 int ScanNumber(STEPtransfer* t, const char* const start) {
   InputFile& in = *t->file.in;
   const char* p = start;
@@ -63,12 +77,8 @@ int ScanNumber(STEPtransfer* t, const char* const start) {
   }
   if ((*p == 'E' || *p == 'e') && digits.count > 0) {
     kind = TOK_REAL;
-    const bool negative = p[1] == '-';
-    p += p[1] == '-' || p[1] == '+' ? 2 : 1;
-    Digits power = {0, 0};
-    p = ScanDigitsFast(p, &power);
-    if (power.count == 0 || power.count > kIntDigits) return kNoToken;
-    exponent += negative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
+    p = ScanExponent(p, &exponent);
+    if (!p) return kNoToken;
   }
   if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || p - start > kTokenLimit) return kNoToken;
   if (kind == TOK_INT) {
@@ -81,7 +91,9 @@ int ScanNumber(STEPtransfer* t, const char* const start) {
   return kind;
 }
 
-// The same for # and at most nine digits.
+// reference = "#" digit {digit}, with at most nine digits
+//
+// The fast path, as for numbers.
 int ScanReference(STEPtransfer* t, const char* const mark) {
   InputFile& in = *t->file.in;
   Digits digits = {0, 0};
@@ -89,13 +101,12 @@ int ScanReference(STEPtransfer* t, const char* const mark) {
   if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || digits.count > kIntDigits) return kNoToken;
   t->value.integer = static_cast<int>(digits.value);
   in.MoveTo(p);
-  if (t->prefetcher.IsDue()) t->prefetcher.Prefetch(in, t->entries);
+  ReadStore& store = *t->store;
+  if (store.prefetcher.IsDue()) store.prefetcher.Prefetch(in, store.entries);
   return TOK_REF;
 }
 
-// ---- words and texts ------------------------------------------------------------------------------------------------
-
-// Stores what fits behind `target` and counts the rest; terminated by End.
+// Stores the bytes of a long word or text from `target` on, as many as the buffer holds, and counts the others.
 class Sink {
  public:
   Sink(STEPtransfer* t, char* target) : target_(target), end_(t->buffer + kTokenLimit) {}
@@ -124,7 +135,7 @@ void StoreScanned(STEPtransfer* t, char* target, const char* end) {
   target[length] = '\0';
 }
 
-// A word, byte by byte: one that crosses the block's end or is longer than the buffer.
+// The slow path of ScanWord, for a word that crosses the end of the block or is longer than the buffer.
 bool ScanLongWord(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   Sink sink(t, target);
@@ -137,7 +148,9 @@ bool ScanLongWord(STEPtransfer* t, char* target) {
   return c != InputFile::kEnd || !sink.IsEmpty();
 }
 
-// word = {any byte but a delimiter}. The first one is behind. False when the file ended before another.
+// word = byte {any byte but a delimiter}, of which the first byte has been read
+//
+// Returns false if the file ends before another byte.
 bool ScanWord(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   const char* p = in.Cursor();
@@ -148,17 +161,18 @@ bool ScanWord(STEPtransfer* t, char* target) {
   return true;
 }
 
-// A text, byte by byte. A line feed is counted behind its own report, so that this names the line of the text.
+// The slow path of ScanText, for a text that has a doubled apostrophe, does not end on its line, crosses the end of the
+// block, or is longer than the buffer. The line feed is counted after its report, which so names the line of the text.
 bool ScanLongText(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   Sink sink(t, target);
   for (;;) {
     const int c = in.Get();
     if (c == '\r') continue;
-    if (c == '\'' && in.Peek() == '\'')
+    if (c == '\'') {
+      if (in.Peek() != '\'') break;
       in.Get();
-    else if (c == '\'')
-      break;
+    }
     if (c != InputFile::kEnd && c != '\n') {
       sink.Put(static_cast<char>(c));
       continue;
@@ -173,8 +187,9 @@ bool ScanLongText(STEPtransfer* t, char* target) {
   return true;
 }
 
-// text = {any byte but an apostrophe or a line feed | "''"} "'". The opening one is behind. A carriage return vanishes.
-// False when the file ended before another byte.
+// text = "'" {any byte but an apostrophe or a line feed | "''"} "'", of which the opening apostrophe has been read
+//
+// A carriage return is dropped. Returns false if the file ends before another byte.
 bool ScanText(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   const char* p = in.Cursor();
@@ -186,6 +201,9 @@ bool ScanText(STEPtransfer* t, char* target) {
   return true;
 }
 
+// Decides the kind of the word in the buffer by its first characters, and converts it.
+//
+// word = "#" number | letter {byte} | "." letter {byte} | [sign] digit {digit} | any other, which is a real
 int ClassifyWord(STEPtransfer* t) {
   char* const word = t->buffer;
   if (word[0] == '#') {
@@ -216,13 +234,13 @@ int TextToken(STEPtransfer* t) {
   return TOK_TEXT;
 }
 
-// A number or reference that starts here and ends inside the block; else kNoToken, with nothing read.
+// Reads a number or reference by the fast path. Returns kNoToken, with nothing read, if there is none at `start`.
 int NumberToken(STEPtransfer* t, const char* start) {
   if (!IsIn(kStartsNumber, *start)) return kNoToken;
   return *start == '#' ? ScanReference(t, start) : ScanNumber(t, start);
 }
 
-// Any token, blanks in front of it included.
+// Reads any token, with the blanks before it.
 [[gnu::noinline]] int AnyToken(STEPtransfer* t) {
   const int c = SkipBlanks(t);
   switch (c) {

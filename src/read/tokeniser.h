@@ -1,16 +1,21 @@
-// The tokens of ISO 10303-21 clear text. There are no comments and no texts over several lines.
+// The tokens of ISO 10303-21 clear text.
+//
+//   token = word | text | "$" | "*" | "=" | "(" | ")" | "," | ";"
+//
+// Any number of blanks, tabs and line ends may precede a token. There are no comments, and no texts over several lines.
 #ifndef STEPRT_READ_TOKENISER_H
 #define STEPRT_READ_TOKENISER_H
 
+#include "platform/input_file.h"
 #include "read/transfer/record.h"
 
 namespace steprt {
 
-// The kind of the next token; its value lies in t->value, a text in t->buffer too, until a further token is read from
-// the file. A caller gives a token back by storing its kind in t->pushedToken; there is room for one.
+// Reads the next token and returns its kind. t->value holds its value, and t->buffer its text, until the next token is
+// read from the file. A caller pushes a token back by storing its kind in t->pushedToken, which holds one.
 int NextToken(STEPtransfer* t);
 
-// The same where one delimiter is likely to come next: `c`, whose kind is `kind`.
+// The same, faster if the next byte is the delimiter `c`, whose kind is `kind`.
 inline int NextToken(STEPtransfer* t, char c, int kind) {
   InputFile& in = *t->file.in;
   if (t->pushedToken != kNoToken || *in.Cursor() != c || in.Cursor() == in.Limit()) return NextToken(t);

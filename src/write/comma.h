@@ -1,4 +1,4 @@
-// The comma rule of clear text.
+// The comma rule of clear text: a comma precedes each item of a bracket but the first.
 #ifndef STEPRT_WRITE_COMMA_H
 #define STEPRT_WRITE_COMMA_H
 
@@ -6,7 +6,8 @@
 
 namespace steprt {
 
-// Puts the comma in front of an attribute, unless its bracket has just been opened, and notes what comes behind it.
+// Writes the comma before an item, unless its bracket has just been opened. `kind` is the token kind of the item that
+// follows.
 inline void PutComma(STEPtransfer* t, int kind) {
   if (t->lastToken != TOK_OPEN) t->file.out->Put(',');
   t->lastToken = kind;

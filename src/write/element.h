@@ -1,4 +1,4 @@
-// The tags of an attribute in XML.
+// The XML element of an attribute: its value between two tags.
 #ifndef STEPRT_WRITE_ELEMENT_H
 #define STEPRT_WRITE_ELEMENT_H
 
@@ -9,21 +9,21 @@
 
 namespace steprt {
 
-// `start` is "<" or "</". A tag of usual length goes out in one piece.
+// `start` is "<" or "</". A tag of usual length is composed in the file's own block.
 inline void PutTag(OutputFile& out, std::string_view start, std::string_view name) {
-  constexpr std::size_t kRoom = 64;
-  if (start.size() + name.size() + 1 > kRoom) {
+  constexpr std::size_t kBuffer = 64;
+  if (start.size() + name.size() + 1 > kBuffer) {
     out.Put(start);
     out.Put(name);
     return out.Put('>');
   }
-  char* end = std::copy(start.begin(), start.end(), out.Room(kRoom));
+  char* end = std::copy(start.begin(), start.end(), out.Room(kBuffer));
   end = std::copy(name.begin(), name.end(), end);
   *end = '>';
   out.Advance(end + 1);
 }
 
-// Puts the element of an attribute about the value that `putValue` prints. The name goes out unchanged.
+// Writes the element of an attribute. `putValue` writes the value between the tags. The name is written unchanged.
 template <typename PutValue>
 void PutElement(STEPtransfer* t, const char* name, PutValue putValue) {
   const std::string_view tag = name;

@@ -1,30 +1,36 @@
-// STEPwrite: the frame of a clear-text file and the records in it.
-#include <memory>
-
+// STEPwrite: the clear-text form of a written file.
+//
+//   ISO-10303-21;
+//
+//   HEADER;
+//   FILE_DESCRIPTION(...);
+//   FILE_NAME(...);
+//   FILE_SCHEMA(('SCHEMA'));
+//   ENDSEC;
+//
+//   DATA;
+//   #1 = NAME(...);
+//   ENDSEC;
+//
+//   END-ISO-10303-21;
 #include "platform/output_file.h"
 #include "read/transfer/keywords.h"
-#include "read/transfer/report.h"
-#include "read/transfer/transfer.h"
 #include "schema/chain.h"
-#include "steprt/text.h"
 #include "steprt/write.h"
 #include "support/file_name.h"
-#include "support/number_print.h"
+#include "write/driver.h"
 #include "write/frame.h"
-#include "write/record_loop.h"
+#include "write/values.h"
 
 namespace {
 
 using namespace steprt;
 
-constexpr int kFailed = -1;
-constexpr int kFirstRecordLine = 10;
-
 void PutSectionChange(STEPtransfer* t, int ended, int begun) {
   Put(t, {SectionKeyword(ended), ";\n\n", SectionKeyword(begun), ";\n"});
 }
 
-void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
+void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
   PutSectionChange(t, SEC_START, SEC_HEADER);
   PutFileDescription(t, remark);
   Put(t, {"\n"});
@@ -34,31 +40,32 @@ void WriteHead(STEPtransfer* t, const char* shownName, const char* remark) {
 }
 
 void OpenRecord(STEPtransfer* t, const APPentity& row, int number) {
-  OutputFile& out = *t->file.out;
-  out.Put('#');
-  out.Advance(IntToText(out.Room(kIntBuffer), number));
+  t->file.out->Put('#');
+  PutInt(t, number);
   Put(t, {" = ", row.name, "("});
 }
 
 void CloseRecord(STEPtransfer* t, const APPentity& /*row*/) { t->file.out->Put(");\n"); }
 
+void PutTail(STEPtransfer* t) {
+  EndFile(t, {SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"});
+}
+
+constexpr int kFirstRecordLine = 10;  // see the form above
+
+constexpr FileForm kClearText = {
+    .xml = false,
+    .sharing = OutputFile::Sharing::kDenyWrite,
+    .spellName = QuoteFileName,
+    .putHead = PutHead,
+    .firstLine = kFirstRecordLine,
+    .openRecord = OpenRecord,
+    .closeRecord = CloseRecord,
+    .putTail = PutTail,
+};
+
 }  // namespace
 
 int STEPwrite(char* fileName, const char* remark, STEPheader* first, APPobject0* schema) {
-  if (!fileName || !schema) return kFailed;
-  TextBuffer room;
-  const TransferOwner t = NewTransfer(DefaultFileName(room, fileName), ErrorProcOf(schema), schema, false);
-  if (!t) return kFailed;
-  Copy(t->where, "Write", kWhereLimit);
-  TextBuffer quoted;
-  const char* shownName = QuoteFileName(quoted, fileName);  // no file is made without it
-  const std::unique_ptr<OutputFile> file(
-      shownName ? OutputFile::CreateOrNull(t->fileName, OutputFile::Sharing::kDenyWrite) : nullptr);
-  t->file.out = file.get();
-  if (!file) return Refuse(t.get(), kCannotCreateFile, kFailed);
-  WriteHead(t.get(), shownName, remark ? remark : "");
-  t->line = kFirstRecordLine;
-  const int count = WriteRecords(t.get(), first, {OpenRecord, CloseRecord});
-  file->End({SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"});
-  return count;
+  return WriteFile(kClearText, fileName, remark, first, schema);
 }

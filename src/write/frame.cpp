@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kOriginator[] = "QVN";
 
-// "%02u"
+// With a leading zero below 10.
 void AddTwoDigits(TextBuffer& text, int number) {
   if (number < 10) text.Add('0');
   text.Add(number);
@@ -27,7 +27,7 @@ void PutFileDescription(STEPtransfer* t, const char* remark) {
           "','", remark, "'));"});
 }
 
-// Day and year without leading zeros, no seconds.
+// The date is that of the host's time zone. Day and year have no leading zeros, and there are no seconds.
 void PutFileName(STEPtransfer* t, const char* shownName) {
   const DateAndTime now = LocalNow();
   TextBuffer date;
@@ -39,6 +39,8 @@ void PutFileName(STEPtransfer* t, const char* shownName) {
   AddTwoDigits(date, now.minute);
   Put(t, {"FILE_NAME('", shownName, "','", date.Text(), "');"});
 }
+
+void EndFile(STEPtransfer* t, std::initializer_list<std::string_view> tail) { t->file.out->End(tail); }
 
 }  // namespace steprt
 

@@ -1,4 +1,4 @@
-// Pieces that the frames of both file forms are made of.
+// The pieces of which both forms make the head and the tail of a file.
 #ifndef STEPRT_WRITE_FRAME_H
 #define STEPRT_WRITE_FRAME_H
 
@@ -11,10 +11,14 @@ namespace steprt {
 
 void Put(STEPtransfer* t, std::initializer_list<std::string_view> pieces);
 
-// FILE_DESCRIPTION(...); and FILE_NAME(...); as clear text has them, without a line end. `shownName` is the file name
-// in the form's own spelling.
+// Write FILE_DESCRIPTION(...); and FILE_NAME(...); as in clear text, without a line end. Both texts are written
+// unchanged: the form must have spelled `shownName` so that it cannot end the record.
 void PutFileDescription(STEPtransfer* t, const char* remark);
 void PutFileName(STEPtransfer* t, const char* shownName);
+
+// Ends the file with the tail. After a write that failed, the tail follows the last whole record for which there is
+// space.
+void EndFile(STEPtransfer* t, std::initializer_list<std::string_view> tail);
 
 }  // namespace steprt
 

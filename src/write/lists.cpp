@@ -1,4 +1,5 @@
-// The writers of aggregate attributes.
+// The writers of aggregate attributes. Clear text has a list in brackets, whose items the writers of scalars and
+// references write with their commas. XML has the items in one element, with a separator between them.
 #include "steprt/aggregate.h"
 #include "steprt/write.h"
 #include "write/comma.h"
@@ -9,7 +10,7 @@ namespace {
 
 using namespace steprt;
 
-// ( items ). The items bring their own commas; a null aggregate is an empty one.
+// "(" items ")". `putItem` writes an item with its comma. A null aggregate is an empty one.
 template <typename PutItem>
 void ListToTokens(STEPtransfer* t, const STEPaggr* aggr, PutItem putItem) {
   PutComma(t, TOK_OPEN);
@@ -19,7 +20,7 @@ void ListToTokens(STEPtransfer* t, const STEPaggr* aggr, PutItem putItem) {
   t->lastToken = TOK_CLOSE;
 }
 
-// An element with the items between its tags, and `separator` between them.
+// An element with the items between its tags. `putItem` writes an item alone.
 template <typename PutItem>
 void ListToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr, char separator, PutItem putItem) {
   PutElement(t, name, [=] {
@@ -54,7 +55,7 @@ void TextsToTokens(STEPtransfer* t, const STEPaggr* aggr) {
   ListToTokens(t, aggr, [=](const STEPlist& node) { wSTEPtext(t, nullptr, node.value.text); });
 }
 
-// A null item is a `$`, which no reader takes for a text.
+// A null text is a `$`, which no reader takes for a text.
 void PutTextItem(STEPtransfer* t, const char* text) {
   if (!text) return t->file.out->Put('$');
   t->file.out->Put('\'');
@@ -69,11 +70,13 @@ void TextsToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr) {
 }  // namespace
 
 void xwSTEPaggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  t->xml ? ReferencesToElement(t, name, aggr) : ReferencesToTokens(t, aggr);
+  if (t->xml) return ReferencesToElement(t, name, aggr);
+  ReferencesToTokens(t, aggr);
 }
 
 void xwSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  t->xml ? RealsToElement(t, name, aggr) : RealsToTokens(t, aggr);
+  if (t->xml) return RealsToElement(t, name, aggr);
+  RealsToTokens(t, aggr);
 }
 
 // The list has no name, so XML has no element for it.
@@ -82,5 +85,6 @@ void xwSTEPaggrEnum(STEPtransfer* t, STEPaggr* aggr, const char** names) {
 }
 
 void xwSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  t->xml ? TextsToElement(t, name, aggr) : TextsToTokens(t, aggr);
+  if (t->xml) return TextsToElement(t, name, aggr);
+  TextsToTokens(t, aggr);
 }

@@ -7,48 +7,47 @@
 namespace steprt {
 namespace {
 
-constexpr int kFailed = -1;
-
-// False, without a record, for an instance that cannot be written.
-bool WriteRecord(STEPtransfer* t, STEPheader* object, const RecordForm& form) {
+// Writes the record of one instance. Returns false, without a record, for an instance that cannot be written. Only one
+// whose type has no row is reported: a row without a write function says that its instances do not belong in files.
+bool WriteRecord(STEPtransfer* t, const FileForm& form, STEPheader* object) {
   const APPentity* row = t->lookups.FindEntityByType(object->type);
   if (!row) return Refuse(t, kUnknownObject, false);
   if (!row->write) return false;
   Copy(t->where, row->name, kWhereLimit);
-  form.open(t, *row, InstanceNumber(t, object));
-  t->lastToken = TOK_OPEN;
+  form.openRecord(t, *row, InstanceNumber(t, object));
+  t->lastToken = TOK_OPEN;  // so the first attribute has no comma
   row->write(t, object);
-  form.close(t, *row);
+  form.closeRecord(t, *row);
   return true;
 }
 
-// The block hides a failure until it is full, so it is emptied behind the first record, where a failure of the file's
-// head shows, and behind the last.
+// Reports a failed stream. The block hides a failure until it is full, so it is emptied after the first record, where a
+// failure of the file's head shows, and after the last one.
 bool IsStreamSound(STEPtransfer* t, bool empty) {
   if (empty) t->file.out->Flush();
   return !t->file.out->HasFailed() || Refuse(t, kErrorWritingFile, false);
 }
 
-int WriteEach(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
+int WriteEach(STEPtransfer* t, const FileForm& form, STEPheader* first) {
   int count = 0;
   for (STEPheader* object = first; object; object = object->next) {
-    if (!WriteRecord(t, object, form)) continue;
+    if (!WriteRecord(t, form, object)) continue;
     t->file.out->Mark();
-    if (!IsStreamSound(t, count == 0)) return kFailed;
+    if (!IsStreamSound(t, count == 0)) return kWriteFailed;
     ++count;
     ++t->line;
   }
   if (count == 0) return 0;
-  --t->line;  // a report now is about the last record
-  return IsStreamSound(t, true) ? count : kFailed;
+  --t->line;  // a report is now about the last record
+  return IsStreamSound(t, true) ? count : kWriteFailed;
 }
 
 }  // namespace
 
-int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form) {
+int WriteRecords(STEPtransfer* t, const FileForm& form, STEPheader* first) {
   ClearNumbers(first);
-  t->file.out->Mark();  // the head
-  return WriteEach(t, first, form);
+  t->file.out->Mark();  // after the head
+  return WriteEach(t, form, first);
 }
 
 }  // namespace steprt

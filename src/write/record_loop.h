@@ -1,20 +1,16 @@
-// The loop over a chain of instances that both file forms share.
+// The records of a written file, in either form: one for each instance of a chain.
 #ifndef STEPRT_WRITE_RECORD_LOOP_H
 #define STEPRT_WRITE_RECORD_LOOP_H
 
-#include "read/transfer/record.h"
+#include "write/file_form.h"
 
 namespace steprt {
 
-// How a form opens and closes the record of one instance.
-struct RecordForm {
-  void (*open)(STEPtransfer* t, const APPentity& row, int number);
-  void (*close)(STEPtransfer* t, const APPentity& row);
-};
+inline constexpr int kWriteFailed = -1;
 
-// Writes a record for each instance whose type has a row with a write function. Gives their number, or -1 when the
-// stream failed. A null `first` gives 0.
-int WriteRecords(STEPtransfer* t, STEPheader* first, const RecordForm& form);
+// Writes a record for each instance whose type has a row with a write function. Returns their count, or kWriteFailed if
+// the stream failed. A null `first` returns 0.
+int WriteRecords(STEPtransfer* t, const FileForm& form, STEPheader* first);
 
 }  // namespace steprt
 

@@ -21,10 +21,11 @@ void ReferenceToElement(STEPtransfer* t, const char* name, STEPheader* object) {
 }  // namespace
 
 void xwSTEPref(STEPtransfer* t, const char* name, STEPheader* object) {
-  t->xml ? ReferenceToElement(t, name, object) : ReferenceToTokens(t, object);
+  if (t->xml) return ReferenceToElement(t, name, object);
+  ReferenceToTokens(t, object);
 }
 
-// The value stands bare: the file does not say which branch of the SELECT it is.
+// The value alone is written: the file does not say of which type of the SELECT it is.
 void wSTEPsel(STEPtransfer* t, const char* name, STEPselect* select) {
   switch (select ? select->tag : STEPselect::SEL_NONE) {
     case STEPselect::SEL_INT:

@@ -1,4 +1,5 @@
-// The writers of scalar attributes.
+// The writers of scalar attributes. Each writes a comma and the value in clear text (...ToTokens), or the value
+// between its tags in XML (...ToElement).
 #include "read/transfer/keywords.h"
 #include "steprt/write.h"
 #include "write/comma.h"
@@ -46,24 +47,28 @@ void KeywordToElement(STEPtransfer* t, const char* name, const char* keyword) {
 }
 
 void WriteKeyword(STEPtransfer* t, const char* name, const char* keyword) {
-  t->xml ? KeywordToElement(t, name, keyword) : KeywordToTokens(t, keyword);
+  if (t->xml) return KeywordToElement(t, name, keyword);
+  KeywordToTokens(t, keyword);
 }
 
-// A number without a name stands bare, in XML too, where it is of no use to a reader.
+// A number without a name has no element in XML either. There it is written as in clear text, which readers ignore.
 bool HasElement(const STEPtransfer* t, const char* name) { return t->xml && name; }
 
 }  // namespace
 
 void wSTEPtext(STEPtransfer* t, const char* name, const char* text) {
-  t->xml ? TextToElement(t, name, text) : TextToTokens(t, text);
+  if (t->xml) return TextToElement(t, name, text);
+  TextToTokens(t, text);
 }
 
 void wSTEPint(STEPtransfer* t, const char* name, int value) {
-  HasElement(t, name) ? IntToElement(t, name, value) : IntToTokens(t, value);
+  if (HasElement(t, name)) return IntToElement(t, name, value);
+  IntToTokens(t, value);
 }
 
 void wSTEPreal(STEPtransfer* t, const char* name, double value) {
-  HasElement(t, name) ? RealToElement(t, name, value) : RealToTokens(t, value);
+  if (HasElement(t, name)) return RealToElement(t, name, value);
+  RealToTokens(t, value);
 }
 
 void wSTEPbool(STEPtransfer* t, const char* name, bool value) { WriteKeyword(t, name, kBoolKeywords[value]); }

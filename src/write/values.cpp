@@ -38,7 +38,10 @@ void PutQuoted(STEPtransfer* t, const char* text) {
   out.Put('\'');
 }
 
-void PutEscaped(STEPtransfer* t, const char* text) { text ? EscapeText(*t->file.out, text) : t->file.out->Put('$'); }
+void PutEscaped(STEPtransfer* t, const char* text) {
+  if (!text) return t->file.out->Put('$');
+  EscapeText(*t->file.out, text);
+}
 
 const char* LogicalKeyword(int value) { return kLogicalKeywords[value == 0 || value == 1 ? value + 1 : 0]; }
 

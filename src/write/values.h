@@ -1,4 +1,4 @@
-// Prints values of attributes, without anything about them.
+// Writes values of attributes, without the commas or tags around them.
 #ifndef STEPRT_WRITE_VALUES_H
 #define STEPRT_WRITE_VALUES_H
 
@@ -7,10 +7,10 @@
 namespace steprt {
 
 void PutInt(STEPtransfer* t, int value);
-void PutReal(STEPtransfer* t, double value);             // six significant digits
+void PutReal(STEPtransfer* t, double value);             // with six significant digits
 void PutReference(STEPtransfer* t, STEPheader* object);  // # and the instance's number; `$` for null
 void PutQuoted(STEPtransfer* t, const char* text);       // in apostrophes, its own doubled; `$` for null
-void PutEscaped(STEPtransfer* t, const char* text);      // as XML may hold it; `$` for null
+void PutEscaped(STEPtransfer* t, const char* text);      // with the markup of XML escaped; `$` for null
 const char* LogicalKeyword(int value);                   // .U. for all but 0 and 1
 
 }  // namespace steprt

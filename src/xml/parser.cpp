@@ -63,14 +63,14 @@ void XmlParser::BeginInstance(int number) {
   entry = RegisterEntry(transfer, number);
   if (!entry) ReportError(transfer, kOutOfMemory);
   row = transfer->lookups.FindEntityByName(transfer->where);
-  transfer->childElements.Reset();
+  transfer->store->childElements.Reset();
   element = nullptr;
 }
 
 // The name is in `text`.
 void XmlParser::StartChild(std::size_t nameLength) {
   depth = kInChild;
-  element = transfer->childElements.Add({text, nameLength});
+  element = transfer->store->childElements.Add({text, nameLength});
   if (!element) ReportError(transfer, kOutOfMemory);
 }
 

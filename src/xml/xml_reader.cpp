@@ -2,11 +2,9 @@
 
 #include "platform/message_box.h"
 #include "platform/sax.h"
+#include "read/transfer/messages.h"
 #include "read/transfer/references.h"
-#include "read/transfer/report.h"
 #include "read/transfer/transfer.h"
-#include "steprt/text.h"
-#include "support/file_name.h"
 #include "xml/error_handler.h"
 #include "xml/parser.h"
 
@@ -22,20 +20,26 @@ void Parse(STEPtransfer* t, const SaxService& service, const char* text) {
   parser.schema = t->schema;
   XmlErrorHandler errors;
   errors.transfer = t;
-  text ? service.parse(text, parser, errors) : service.parseFile(t->fileName, parser, errors);
+  if (text) {
+    service.parse(text, parser, errors);
+  } else {
+    service.parseFile(t->fileName, parser, errors);
+  }
+}
+
+void ReadDocument(STEPtransfer* t, const char* text) {
+  if (!saxService) return ShowMessage("", kNoXmlService);
+  Parse(t, *saxService, text);
+  ResolveFixups(t);  // even after a fault of the document
 }
 
 }  // namespace
 
 int STEPreadXml(char* fileName, APPobject0* schema, const char* text) {
   if (!schema) return kNoSchema;
-  TextBuffer room;
-  const TransferOwner t = NewTransfer(DefaultFileName(room, fileName), ErrorProcOf(schema), schema, true);
+  const TransferOwner t = BeginRead(fileName, schema, true);
   if (!t) return kNoTransfer;
-  Copy(t->where, "Read", kWhereLimit);
-  if (!saxService) return ShowMessage("", kNoXmlService), t->errors;
-  Parse(t.get(), *saxService, text);
-  ResolveFixups(t.get());
+  ReadDocument(t.get(), text);
   return t->errors;
 }
 

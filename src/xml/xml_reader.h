@@ -1,4 +1,4 @@
-// The driver of an XML read.
+// The driver of an XML read, for STEPmodel::Read and ReadXml. The driver of a clear-text read is STEPread.
 #ifndef STEPRT_XML_XML_READER_H
 #define STEPRT_XML_XML_READER_H
 
@@ -6,11 +6,12 @@
 
 namespace steprt {
 
-// Reads an XML document into the current model: `text`, or, when that is null, the file `fileName`, which names the
-// document in reports either way and gets ".stp" when what stands behind its last backslash has no dot.
+// Reads an XML document into the current model: `text`, or the file `fileName` if `text` is null. Reports name the
+// document `fileName` in both cases. The name gets ".stp" if it has no dot after its last backslash; never pass null.
 //
-// Gives the count of errors reported. A fault of the document sets it to -1, and later reports count up from there. 0,
-// without a report, when there is no memory for the transfer; 0 and a message box when there is no SAX service.
+// Returns the count of errors reported. A fault of the document sets it to -1, and each later report adds 1. Returns 0
+// without a report when memory runs out for the transfer, and 0 with a message box if there is no SAX service. Returns
+// 1 for a null schema.
 int STEPreadXml(char* fileName, APPobject0* schema, const char* text);
 
 }  // namespace steprt

@@ -1,7 +1,7 @@
 // When a read prefetches: it changes no outcome, so this is seen in the state of the prefetcher alone.
 #include <gtest/gtest.h>
 
-#include "read/transfer/record.h"
+#include "read/transfer/read_store.h"
 #include "support/proj_schema.h"
 
 namespace {
@@ -23,7 +23,7 @@ Answers AskWhileReading(NumberOf numberOf) {
   SetProbe({"", -1, [&](STEPtransfer* t) -> STEPheader* {
               STEPheader* object = nullptr;
               xrSTEPref(t, "A", &object, -1, true);
-              ++(t->prefetcher.IsDue() ? answers.due : answers.notDue);
+              ++(t->store->prefetcher.IsDue() ? answers.due : answers.notDue);
               return nullptr;
             }});
   std::string data;

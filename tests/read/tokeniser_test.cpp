@@ -96,7 +96,7 @@ std::string TokenText(int kind, const STEPtransfer& t) {
 }
 
 void ExpectTokens(const Row& row, const std::string& path, const std::string& how, int firstLine = 1) {
-  const steprt::TransferOwner t = steprt::NewTransfer(path.c_str(), CollectReport, nullptr, false);
+  const steprt::TransferOwner t = steprt::NewReadTransfer(path.c_str(), CollectReport, nullptr, false);
   const std::unique_ptr<steprt::InputFile> file(steprt::InputFile::OpenOrNull(path.c_str()));
   t->file.in = file.get();
   t->line = firstLine;

@@ -33,7 +33,7 @@ class FakeAttributes final : public steprt::SaxAttributes {
 
 struct XmlEvents {
   explicit XmlEvents(STEPerrorProc procedure = CollectReport)
-      : transfer(steprt::NewTransfer("doc", procedure, ProjSchema(), true)) {
+      : transfer(steprt::NewReadTransfer("doc", procedure, ProjSchema(), true)) {
     parser.transfer = transfer.get();
     parser.schema = ProjSchema();
     parser.StartDocument();

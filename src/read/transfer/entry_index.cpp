@@ -22,7 +22,7 @@ STEPentry* EntryIndex::Add(int number) {
   if (!entry && AddPage(bits / kPageSize)) entry = EntryInPage(bits);
   if (!entry) return AddScattered(number);
   ++inPages_;
-  *entry = {nullptr, number, -1, nullptr};
+  *entry = {number, -1, nullptr};
   return entry;
 }
 
@@ -49,8 +49,8 @@ bool EntryIndex::WillBeFull() const {
   return falls_ > Count() / kFallsOfShuffled && highest_ < kSlack * expected_;
 }
 
-// A scattered entry takes 24 bytes and its slot up to 14. What pages hold besides the entries taken may grow by 9 bytes
-// a number, and a little at the start. So a record holds at most 24 + 14 + 9 bytes, below the 48 that are promised.
+// A scattered entry takes 16 bytes and its slot up to 14. What pages hold besides the entries taken may grow by 9 bytes
+// a number, and a little at the start. So a record holds at most 16 + 14 + 9 bytes, below the 48 that are promised.
 bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   constexpr double kSparePerNumber = 9;
   constexpr double kSpareAtStart = 1 << 14;
@@ -83,7 +83,7 @@ STEPentry* EntryIndex::AddScattered(int number) {
   if (!entry) return nullptr;
   *FindSlot(bits) = {bits, scattered_.Count()};
   table.NoteTaken();
-  *entry = {nullptr, number, -1, nullptr};
+  *entry = {number, -1, nullptr};
   return entry;
 }
 

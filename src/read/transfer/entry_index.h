@@ -15,7 +15,6 @@
 
 // One entry of the instance table.
 struct STEPentry {
-  STEPentry* next;     // next in bucket
   int number;          // the instance number written in the file
   int type;            // of the object when it was last looked at
   STEPheader* object;  // null until the record's read function has returned, and for ever if it made none
@@ -51,7 +50,7 @@ class EntryIndex {
     return entry;
   }
 
-  // Makes an entry for a number that has none, in no bucket and without an object. Null when memory runs out.
+  // Makes an entry for a number that has none, without an object. Null when memory runs out.
   [[nodiscard]] STEPentry* Add(int number);
 
   std::uint32_t Count() const { return inPages_ + scattered_.Count(); }

@@ -4,19 +4,15 @@
 
 namespace steprt {
 
-// A doubled number keeps its entry, so that the later record wins the table; the earlier instance stays in the model.
 void NoteType(STEPentry* entry) { entry->type = entry->object->type; }
 
+// A number that is used twice keeps its entry, so that the later record wins the table. The earlier instance stays in
+// the model.
 STEPentry* RegisterEntry(STEPtransfer* t, int number) {
-  if (STEPentry* entry = t->entries.Find(number)) {
-    ReportError(t, kNumberUsed, number);
-    return entry;
-  }
-  STEPentry* entry = t->entries.Add(number);
-  if (!entry) return nullptr;
-  STEPentry** bucket = &t->table[static_cast<unsigned>(number) % kTableBuckets];
-  entry->next = *bucket;
-  return *bucket = entry;
+  STEPentry* entry = FindEntry(t, number);
+  if (!entry) return t->store->entries.Add(number);
+  ReportError(t, kNumberUsed, number);
+  return entry;
 }
 
 }  // namespace steprt

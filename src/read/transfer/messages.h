@@ -1,4 +1,4 @@
-// Every text of a transfer that a user can see.
+// Every text of a transfer that a user can see. Each is written here and nowhere else.
 #ifndef STEPRT_READ_TRANSFER_MESSAGES_H
 #define STEPRT_READ_TRANSFER_MESSAGES_H
 

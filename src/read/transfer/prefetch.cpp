@@ -6,22 +6,26 @@
 #include "support/number_parse.h"
 
 namespace steprt {
+namespace {
 
-// A small table lies in the cache anyway.
+constexpr std::uint32_t kReviewed = 256;           // records until the next review
+constexpr std::uint32_t kMostFar = kReviewed / 4;  // of them, in a file in nearly ascending order
+constexpr std::uint32_t kNear = 1024;              // numbers apart: 16 KB of entries, which a first-level cache holds
+constexpr std::uint32_t kSmall = 1 << 13;          // records: 128 KB of entries, which a second-level cache holds
+
+}  // namespace
+
 void Prefetcher::SeeRecord(int number) {
-  constexpr std::uint32_t kReviewed = 256;
-  constexpr std::uint32_t kNear = 1024;
-  constexpr std::uint32_t kSmall = 1 << 13;
   const auto bits = static_cast<std::uint32_t>(number);
   if (bits - lastNumber_ + kNear > 2 * kNear) ++farRecords_;
   lastNumber_ = bits;
   if (++records_ % kReviewed != 0) return;
-  isOn_ = farRecords_ > kReviewed / 4 && records_ > kSmall;
+  isOn_ = farRecords_ > kMostFar && records_ > kSmall;
   farRecords_ = 0;
 }
 
-// Whatever begins behind the cursor is begun anew: another block, or a part that was passed over. From there on the
-// entries are asked for two batches ahead of what is read, and the objects one.
+// At another block, or after a part that was skipped, prefetching begins anew at the cursor. From there on, entries are
+// prefetched two batches before they are needed, and objects one.
 void Prefetcher::Prefetch(const InputFile& in, const EntryIndex& entries) {
   if (block_ != in.Blocks() || scanned_ < in.Cursor()) {
     block_ = in.Blocks();

@@ -1,7 +1,10 @@
-// Asks memory early for the entries of the instance table that the references further on in the block will need, and
-// for the objects behind them. Where numbers come far from in order, each is a wait; asked for some numbers ahead, they
-// are there in time. Only time depends on it: a number taken for one by mistake, such as one inside a text, does no
-// harm.
+// Prefetches the entries of the instance table that the references further on in the block will need, and the objects
+// of those entries.
+//
+// In a file whose records are in random order, each reference waits for memory twice: for the entry and for its object.
+// Prefetched some references ahead, both have arrived when they are needed. In a file in ascending order they are in
+// the cache anyway, so the prefetcher is off there. It only saves time: a number that is no reference, such as one
+// inside a text, does no harm.
 #ifndef STEPRT_READ_TRANSFER_PREFETCH_H
 #define STEPRT_READ_TRANSFER_PREFETCH_H
 
@@ -14,29 +17,30 @@ namespace steprt {
 
 class Prefetcher {
  public:
-  // To be called with the number of each record. Goes on while many of them are far from the one before.
+  // Call it with the number of each record. It switches prefetching on while many records are far from the one before.
   void SeeRecord(int number);
 
-  // To be called for each number as it is read: whether it is time to ask for further ones.
+  // Call it for each number that is read. Returns whether it is time for Prefetch.
   bool IsDue() { return isOn_ && --left_ <= 0; }
   void Prefetch(const InputFile& in, const EntryIndex& entries);
 
  private:
+  // How many numbers are prefetched together. The entries of a batch are on their way while the batch before is read.
+  static constexpr int kBatch = 8;
+
   void PrefetchEntries(const char* limit, const EntryIndex& entries);
   void PrefetchObjects();
 
   bool isOn_ = false;
   std::uint32_t records_ = 0;
-  std::uint32_t farRecords_ = 0;  // of the last so many
+  std::uint32_t farRecords_ = 0;  // since the last review
   std::uint32_t lastNumber_ = 0;
 
-  int left_ = 0;                   // numbers to be read until more are asked for
-  std::uint32_t block_ = 0;        // of the file, that has been begun
-  const char* scanned_ = nullptr;  // its part whose numbers have been asked for
-
-  static constexpr int kBatch = 8;    // numbers that are asked for together
-  const STEPentry* entries_[kBatch];  // that were asked for last, and will have come; null for one in a map
-  int count_ = 0;
+  int left_ = 0;                      // numbers to be read until the next Prefetch
+  std::uint32_t block_ = 0;           // of the file, which has been begun
+  const char* scanned_ = nullptr;     // end of the part of it whose numbers have been prefetched
+  const STEPentry* entries_[kBatch];  // of the last batch, whose objects come next; null for one that is in no page
+  int count_ = 0;                     // of them
 };
 
 }  // namespace steprt

@@ -1,17 +1,15 @@
-// The records of one transfer: one read or write of one file, in either form. A client sees STEPtransfer as a name
-// only.
+// The record of one transfer: one read or one write of one file, in either form.
+//
+// A driver makes it, passes it to everything that it calls, down to the client's read and write functions and the
+// attribute readers and writers, and frees it at the end. To a client it is opaque.
 #ifndef STEPRT_READ_TRANSFER_RECORD_H
 #define STEPRT_READ_TRANSFER_RECORD_H
 
 #include "platform/input_file.h"
 #include "platform/output_file.h"
-#include "read/transfer/elements.h"
-#include "read/transfer/entry_index.h"
-#include "read/transfer/prefetch.h"
 #include "schema/lookup_cache.h"
 #include "steprt/aggregate.h"
 #include "steprt/schema.h"
-#include "support/pool.h"
 
 // Token kinds. There is no kind 7.
 enum {
@@ -33,15 +31,20 @@ enum {
 
 inline constexpr int kNoToken = -1;
 
-// One pending forward reference.
+struct STEPelement;
+
+namespace steprt {
+struct ReadStore;
+}
+
+// One pending reference to an instance whose record has not been read.
 struct STEPfixup {
   STEPfixup* next;    // newest first
   int number;         // the instance number referred to
   int expected;       // required type, -1 for none
-  STEPheader** slot;  // where the instance's address belongs once it is known
+  STEPheader** slot;  // receives the instance at the end of the transfer
 };
 
-inline constexpr int kTableBuckets = 4096;
 inline constexpr int kTokenLimit = 256;  // characters of a word or text that are kept
 inline constexpr int kWhereLimit = 63;
 
@@ -52,36 +55,32 @@ struct STEPtransfer {
   union {
     steprt::InputFile* in;
     steprt::OutputFile* out;
-  } file = {nullptr};        // of a clear-text read, of a write; opened and closed by the driver
+  } file = {nullptr};        // `in` of a clear-text read, `out` of a write; the driver opens and closes it
   int line = 1;              // named in every report
   int errors = 0;            // reports so far
-  char* fileName = nullptr;  // the record's own copy, directly behind the record
+  char* fileName = nullptr;  // the record's own copy, directly after the record
   union {
     int integer;
     double real;
     char* text;
   } value = {0};                // of the last token read
-  int pushedToken = kNoToken;   // a kind that the next NextToken hands back
+  int pushedToken = kNoToken;   // a kind that the next NextToken returns without reading
   STEPaggr* schemas = nullptr;  // the names of FILE_SCHEMA; null until that record has been read
   STEPfixup* fixups = nullptr;  // newest first
   STEPelement* elements = nullptr;
   STEPelement** elementsTail = &elements;
-  STEPentry* table[kTableBuckets] = {};  // the instance table
-  int lastNumber = 0;                    // highest number handed out while writing
-  int lastToken = kNoToken;  // reading: TOK_SEMI once the record is closed; writing: TOK_OPEN at a bracket's start
+  int lastNumber = 0;        // highest number assigned while writing
+  int lastToken = kNoToken;  // reading: TOK_SEMI once the record is closed; writing: TOK_OPEN after an opening bracket
   char buffer[kTokenLimit + 1] = "";  // text of the last word or text
   char where[kWhereLimit + 1] = "";   // the operation, then the keyword of the entity at hand
   const STEPerrorProc errorProc;
   APPobject0* const schema;
   const bool xml;
 
-  // Behind the record proper: what makes it fast. The results are those of the fields above.
-  const char* listedSchema = nullptr;  // the name that was last found in `schemas`
+  // What makes it fast. A writer looks up a row for each instance just as a reader does for each record, so both have
+  // the lookups. Everything else serves reading alone.
   steprt::LookupCache lookups;
-  steprt::EntryIndex entries;  // the rows of `table`
-  steprt::Prefetcher prefetcher;
-  steprt::Pool<STEPfixup> fixupPool;
-  steprt::ChildElements childElements{&elements, &elementsTail};
+  steprt::ReadStore* store = nullptr;  // null in a write; see NewReadTransfer
 };
 
 #endif

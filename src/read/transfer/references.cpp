@@ -33,7 +33,7 @@ const STEPfixup* ResolveBatch(STEPtransfer* t, const STEPfixup* fixups) {
   int count = 0;
   for (; fixups && count < kBatch; fixups = fixups->next) {
     batch[count++].fixup = fixups;
-    t->entries.Prefetch(fixups->number);
+    t->store->entries.Prefetch(fixups->number);
     __builtin_prefetch(fixups->slot, 1);
   }
   for (int i = 0; i < count; ++i) {
@@ -64,7 +64,7 @@ void CheckType(STEPtransfer* t, const StoredReference& reference, int expected) 
 }
 
 bool AddFixup(STEPtransfer* t, int number, int expected, STEPheader** slot) {
-  STEPfixup* fixup = t->fixupPool.Make();
+  STEPfixup* fixup = t->store->fixupPool.Make();
   if (!fixup) return false;
   *fixup = {t->fixups, number, expected, slot};
   t->fixups = fixup;

@@ -10,7 +10,7 @@
 namespace steprt {
 namespace {
 
-// The message with its one conversion replaced by `value`.
+// Reports the message with its one conversion replaced by `value`.
 template <typename Value>
 void ReportFormatted(STEPtransfer* t, const char* message, Value value) {
   const char* conversion = std::strchr(message, '%');
@@ -19,7 +19,7 @@ void ReportFormatted(STEPtransfer* t, const char* message, Value value) {
   ReportError(t, text.Text());
 }
 
-// False when memory is exhausted and the text is cut.
+// Returns false when memory runs out and the text is cut.
 bool Compose(TextBuffer& text, const STEPtransfer* t, const char* fileName, const char* message) {
   text.Add(kReportCaption)
       .Add(": ")
@@ -40,7 +40,7 @@ void ReportError(STEPtransfer* t, const char* message) {
   if (!t->errorProc) return;
   TextBuffer text;
   if (Compose(text, t, t->fileName, message)) return t->errorProc(text.Text());
-  TextBuffer shorter;  // a long name gives way to what happened
+  TextBuffer shorter;  // what happened matters more than a long name
   Compose(shorter, t, "...", message);
   t->errorProc(shorter.Text());
 }

@@ -1,4 +1,4 @@
-// The one form of a report, and who receives it.
+// Reports: their only form, and who receives them.
 #ifndef STEPRT_READ_TRANSFER_REPORT_H
 #define STEPRT_READ_TRANSFER_REPORT_H
 
@@ -7,22 +7,22 @@
 
 namespace steprt {
 
-// Counts an error and hands "STEP error: <file> (<line>) [<where>]" with the message directly behind it to the
-// transfer's error procedure. The text is as long as it takes.
+// Counts an error and passes "STEP error: <file> (<line>) [<where>]", with the message directly after it, to the
+// transfer's error procedure. The text has no limit. When memory runs out for it, "..." replaces the file's name.
 void ReportError(STEPtransfer* t, const char* message);
 
 // The same for a message with one %s or %d in it.
 void ReportError(STEPtransfer* t, const char* message, const char* text);
 void ReportError(STEPtransfer* t, const char* message, int number);
 
-// Reports, and gives a neutral value back.
+// Reports an error and returns the neutral value.
 template <typename Value>
 Value Refuse(STEPtransfer* t, const char* message, Value neutral) {
   ReportError(t, message);
   return neutral;
 }
 
-// The first error procedure along the chain, DefaultErrorProc if there is none.
+// Returns the first error procedure of the chain, or DefaultErrorProc if there is none.
 STEPerrorProc ErrorProcOf(APPobject0* schema);
 
 // Shows the text in a message box.

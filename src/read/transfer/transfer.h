@@ -1,4 +1,4 @@
-// A transfer's life: made at the start of a driver's call, freed on every way out of it.
+// The life of a transfer: made at the start of a driver's call and freed on every exit from it.
 #ifndef STEPRT_READ_TRANSFER_TRANSFER_H
 #define STEPRT_READ_TRANSFER_TRANSFER_H
 
@@ -8,8 +8,7 @@
 
 namespace steprt {
 
-// Releases all that the transfer holds: fixups, elements, the names of schemas with their texts, entries, and last
-// itself. It closes no file and releases no instance.
+// Releases everything that the transfer holds, and then the transfer. Closes no file and releases no instance.
 void FreeTransfer(STEPtransfer* t);
 
 struct TransferDeleter {
@@ -17,10 +16,18 @@ struct TransferDeleter {
 };
 using TransferOwner = std::unique_ptr<STEPtransfer, TransferDeleter>;
 
-// Null when memory is exhausted, without a report; also for a null name, which DefaultFileName gives then.
-[[nodiscard]] TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema, bool xml);
+// Makes the transfer of a driver's call. Its file is `fileName`, with ".stp" if the name has no dot after its last
+// backslash. Its reports go to the first error procedure of the chain. Null when memory runs out, without a report.
+[[nodiscard]] TransferOwner BeginRead(const char* fileName, APPobject0* schema, bool xml);
+[[nodiscard]] TransferOwner BeginWrite(const char* fileName, APPobject0* schema, bool xml);
 
-// Releases a list of texts: each node's text, each node, and last the aggregate. Null does nothing.
+// Makes a transfer for a file of just this name. Null for a null name, and when memory runs out, without a report. A
+// transfer that reads must come from NewReadTransfer, which makes its ReadStore as well.
+[[nodiscard]] TransferOwner NewTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema, bool xml);
+[[nodiscard]] TransferOwner NewReadTransfer(const char* fileName, STEPerrorProc errorProc, APPobject0* schema,
+                                            bool xml);
+
+// Releases a list of texts: each text, each node and the aggregate. Null does nothing.
 void DeleteTextAggr(STEPaggr* aggr);
 
 }  // namespace steprt

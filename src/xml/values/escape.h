@@ -1,4 +1,4 @@
-// Text as an XML element may hold it.
+// Text as the content of an XML element.
 #ifndef STEPRT_XML_VALUES_ESCAPE_H
 #define STEPRT_XML_VALUES_ESCAPE_H
 
@@ -6,7 +6,7 @@
 
 namespace steprt {
 
-// Writes `text` with &, < and > escaped and everything else, quotes too, as it is.
+// Writes `text` with &, < and > escaped. Everything else, quotes too, is written unchanged.
 void EscapeText(OutputFile& out, const char* text);
 
 }  // namespace steprt

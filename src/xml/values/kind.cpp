@@ -18,7 +18,7 @@ const char* SkipDigits(const char* text) {
   return text;
 }
 
-// Of a text without the blanks and signs in front of it.
+// The kind of a text without the blanks and signs before it.
 int ClassifyBareText(const char* text) {
   if (*text == '#') return TOK_REF;
   if (*text == '$') return TOK_NULL;
@@ -30,7 +30,7 @@ int ClassifyBareText(const char* text) {
 
 }  // namespace
 
-// Any number of signs may stand in front of any value, but no blank behind them.
+// text = {" "} {sign} value. Any number of signs may precede any value, but no blank may follow them.
 int ClassifyText(const char* text) {
   while (*text == kBlank) ++text;
   while (IsSign(*text)) ++text;

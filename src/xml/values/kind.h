@@ -1,13 +1,16 @@
-// What kind of value a select's text is, as its shape alone tells it.
+// The kind of a select's value in XML. The text alone decides it, since XML has no apostrophes around texts.
 #ifndef STEPRT_XML_VALUES_KIND_H
 #define STEPRT_XML_VALUES_KIND_H
 
 namespace steprt {
 
-// TOK_ERROR, TOK_REF, TOK_INT, TOK_REAL, TOK_TEXT, TOK_NAME, TOK_ENUM or TOK_NULL.
+// Returns a token kind: TOK_REF, TOK_INT, TOK_REAL, TOK_TEXT, TOK_NAME, TOK_ENUM or TOK_NULL. Returns TOK_ERROR for a
+// text of nothing but blanks and signs.
 int ClassifyText(const char* text);
 
-// [sign] {digit} [. {digit}] [(e | E) [sign] {digit} [blank, and anything behind it]]
+// Returns whether `text` has this form. None of its parts need have a digit.
+//
+// real = [sign] {digit} ["." {digit}] [("E" | "e") [sign] {digit} [" " {byte}]]
 bool IsRealText(const char* text);
 
 }  // namespace steprt

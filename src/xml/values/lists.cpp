@@ -11,7 +11,7 @@ namespace {
 
 bool IsSeparator(char c) { return c == ' ' || c == ';'; }  // of numbers
 
-// Stays at the largest int where the digits say more.
+// Returns the end of the digits. A number that is too large is the largest int.
 const char* ScanNumber(const char* text, int* number) {
   long long value = 0;
   for (; IsDigit(*text); ++text) {
@@ -33,19 +33,24 @@ int ScanRefItem(const char** cursor) {
   return number;
 }
 
-// The conversion passes over white space that is no separator, into items behind. So an item of nothing but such white
-// space is the number that follows it, and that number is converted once, however many such items there are.
+// The conversion skips white space that is no separator, such as a tab, and so reaches into later items. An item of
+// nothing but such white space is therefore the number that follows it. That number is converted only once, however many
+// such items precede it: otherwise the time would grow with the square of their count.
 double ScanRealItem(const char** cursor, ScannedReal* last) {
   if (!*cursor) return 0.0;
   const char* item = *cursor;
   while (IsSeparator(*item)) ++item;
-  if (*item == '\0') return *cursor = nullptr, 0.0;
+  if (*item == '\0') {
+    *cursor = nullptr;
+    return 0.0;
+  }
   const char* end = item;
   while (*end != '\0' && !IsSeparator(*end)) ++end;
   *cursor = end;
   if (last->text && item <= last->text) return last->value;
   last->text = SkipSpaces(item);
-  return last->value = TextToReal(last->text);
+  last->value = TextToReal(last->text);
+  return last->value;
 }
 
 char* ScanQuotedItem(char** cursor) {
