@@ -7,7 +7,8 @@
 
 namespace steprt {
 
-// Skips everything before the next section keyword, reads that, and returns its code. Returns SEC_NONE at the end of the file.
+// Skips everything before the next section keyword, reads that, and returns its code. Returns SEC_NONE at the end of
+// the file.
 int NextSection(STEPtransfer* t);
 
 // Reads tokens up to the next `;` or the end of the file. Returns the kind of that last token, which has been read.

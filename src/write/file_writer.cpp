@@ -47,9 +47,7 @@ void OpenRecord(STEPtransfer* t, const APPentity& row, int number) {
 
 void CloseRecord(STEPtransfer* t, const APPentity& /*row*/) { t->file.out->Put(");\n"); }
 
-void PutTail(STEPtransfer* t) {
-  EndFile(t, {SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"});
-}
+void PutTail(STEPtransfer* t) { EndFile(t, {SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"}); }
 
 constexpr int kFirstRecordLine = 10;  // see the form above
 

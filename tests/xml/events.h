@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "read/transfer/read_store.h"
 #include "read/transfer/transfer.h"
 #include "support/proj_schema.h"
 #include "xml/parser.h"

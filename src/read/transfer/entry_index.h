@@ -17,7 +17,7 @@
 struct STEPentry {
   int number;          // the instance number written in the file
   int type;            // of the object when it was last looked at
-  STEPheader* object;  // null until the record's read function has returned, and for ever if it made none
+  STEPheader* object;  // made by the record's read function; null before that, and if it made none
 };
 
 namespace steprt {

@@ -31,10 +31,11 @@ enum {
 
 inline constexpr int kNoToken = -1;
 
-struct STEPelement;
+struct STEPelement;  // elements.h
+struct STEPentry;    // entry_index.h
 
 namespace steprt {
-struct ReadStore;
+struct ReadStore;  // read_store.h
 }
 
 // One pending reference to an instance whose record has not been read.
@@ -72,7 +73,7 @@ struct STEPtransfer {
   int lastNumber = 0;        // highest number assigned while writing
   int lastToken = kNoToken;  // reading: TOK_SEMI once the record is closed; writing: TOK_OPEN after an opening bracket
   char buffer[kTokenLimit + 1] = "";  // text of the last word or text
-  char where[kWhereLimit + 1] = "";   // the operation, then the keyword of the entity at hand
+  char where[kWhereLimit + 1] = "";   // for reports: "Read" or "Write", later the keyword at hand
   const STEPerrorProc errorProc;
   APPobject0* const schema;
   const bool xml;

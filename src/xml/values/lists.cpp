@@ -34,8 +34,8 @@ int ScanRefItem(const char** cursor) {
 }
 
 // The conversion skips white space that is no separator, such as a tab, and so reaches into later items. An item of
-// nothing but such white space is therefore the number that follows it. That number is converted only once, however many
-// such items precede it: otherwise the time would grow with the square of their count.
+// nothing but such white space is therefore the number that follows it. That number is converted only once, however
+// many such items precede it: otherwise the time would grow with the square of their count.
 double ScanRealItem(const char** cursor, ScannedReal* last) {
   if (!*cursor) return 0.0;
   const char* item = *cursor;

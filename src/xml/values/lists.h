@@ -21,8 +21,8 @@ struct ScannedReal {
 // becomes null.
 double ScanRealItem(const char** cursor, ScannedReal* last);
 
-// Scans the next item in apostrophes. Returns null at the end. The item is terminated in place, so a text can be scanned
-// only once. An item cannot contain an apostrophe.
+// Scans the next item in apostrophes. Returns null at the end. The item is terminated in place, so a text can be
+// scanned only once. An item cannot contain an apostrophe.
 char* ScanQuotedItem(char** cursor);
 
 }  // namespace steprt
