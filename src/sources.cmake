@@ -45,6 +45,7 @@ set(STEPRT_SOURCES
     read/header_section.cpp
     read/data_section.cpp
     read/file_reader.cpp
+    read/items.cpp
     read/attribute.cpp
     read/scalars.cpp
     read/references.cpp
@@ -52,6 +53,7 @@ set(STEPRT_SOURCES
     read/lists.cpp
     write/driver.cpp
     write/frame.cpp
+    write/items.cpp
     write/record_loop.cpp
     write/file_writer.cpp
     write/values.cpp

@@ -7,6 +7,7 @@
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 #include <steprt/instance.h>
+#include <steprt/items.h>
 #include <steprt/library.h>
 #include <steprt/model.h>
 #include <steprt/module.h>

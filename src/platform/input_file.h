@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "support/number_parse.h"
 
@@ -18,12 +19,23 @@ class InputFile {
   // Opens for reading; null when the file cannot be opened, is a directory, or memory is exhausted. For delete.
   [[nodiscard]] static InputFile* OpenOrNull(const char* name);
 
+  // Reads from memory instead. It is empty until Restart. Null when memory is exhausted. For delete.
+  [[nodiscard]] static InputFile* MemoryOrNull();
+
+  // Begins anew with `text`, which must stay as it is while it is read. Only for one that reads from memory.
+  void Restart(std::string_view text);
+
   ~InputFile();
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
   const char* Cursor() const { return cursor_; }
   const char* Limit() const { return limit_; }
+
+  // The first byte of the block, and the one before it; a line feed before the first block.
+  const char* Begin() const { return block_; }
+  char Before() const { return before_; }
+
   void MoveTo(const char* cursor) { cursor_ = cursor; }
 
   // Blocks read so far; the one at hand is the last.
@@ -51,10 +63,13 @@ class InputFile {
 
   InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) { EndBlock(); }
 
+  std::size_t ReadBlock();
   void EndBlock();
 
-  const int handle_;
+  const int handle_;          // -1: none, the bytes are in memory
+  std::string_view memory_;   // what is left of them
   const std::uint64_t size_;  // 0 where it is not known
+  char before_ = '\n';
   std::uint64_t taken_ = 0;
   std::uint32_t blocks_ = 0;
   bool ended_ = false;

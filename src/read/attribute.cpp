@@ -10,7 +10,9 @@ int NextAttrToken(STEPtransfer* t) {
   int token = NextToken(t, ',', TOK_COMMA);
   if (token == TOK_COMMA) token = NextToken(t);
   if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
-  return token;
+  if (token != TOK_CLOSE || t->items.depth == 0) return token;
+  t->pushedToken = TOK_CLOSE;  // for rSTEPclose: an opened value that ends early is like a record that does
+  return TOK_SEMI;
 }
 
 void SkipAttribute(STEPtransfer* t, int token) {

@@ -2,6 +2,7 @@
 
 #include "read/sections.h"
 #include "read/tokeniser.h"
+#include "read/items.h"
 #include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
 #include "steprt/text.h"
@@ -22,6 +23,7 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   if (!row.read || NextToken(t, '(', TOK_OPEN) != TOK_OPEN) return RefuseRecord(t, kSyntax);
   t->lastToken = kNoToken;
   SetObject(entry, row.read(t));
+  CloseOpenItems(t);
   if (t->lastToken == TOK_SEMI) return;
   const int token = NextToken(t, ')', TOK_CLOSE);
   if (token == TOK_CLOSE) return;

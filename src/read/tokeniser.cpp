@@ -280,4 +280,11 @@ int NextToken(STEPtransfer* t) {
   return kind != kNoToken ? kind : AnyToken(t);
 }
 
+bool NextByteIs(STEPtransfer* t, char c) {
+  const int next = SkipBlanks(t);
+  if (next == InputFile::kEnd) return false;
+  t->file.in->MoveTo(t->file.in->Cursor() - 1);
+  return next == c;
+}
+
 }  // namespace steprt

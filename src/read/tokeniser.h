@@ -15,6 +15,9 @@ namespace steprt {
 // read from the file. A caller pushes a token back by storing its kind in t->pushedToken, which holds one.
 int NextToken(STEPtransfer* t);
 
+// Whether the next byte that is no blank is `c`. Reads the blanks, and no more.
+bool NextByteIs(STEPtransfer* t, char c);
+
 // The same, faster if the next byte is the delimiter `c`, whose kind is `kind`.
 inline int NextToken(STEPtransfer* t, char c, int kind) {
   InputFile& in = *t->file.in;

@@ -2,6 +2,7 @@
 
 #include "read/transfer/report.h"
 #include "steprt/text.h"
+#include "write/items.h"
 #include "write/numbering.h"
 
 namespace steprt {
@@ -17,6 +18,7 @@ bool WriteRecord(STEPtransfer* t, const FileForm& form, STEPheader* object) {
   form.openRecord(t, *row, InstanceNumber(t, object));
   t->lastToken = TOK_OPEN;  // so the first attribute has no comma
   row->write(t, object);
+  EndOpenItems(t);
   form.closeRecord(t, *row);
   return true;
 }

@@ -39,7 +39,7 @@ void RealToElement(STEPtransfer* t, const char* name, double value) {
 
 void KeywordToTokens(STEPtransfer* t, const char* keyword) {
   PutComma(t, TOK_ENUM);
-  t->file.out->Put(keyword);
+  PutWord(t, keyword);
 }
 
 void KeywordToElement(STEPtransfer* t, const char* name, const char* keyword) {

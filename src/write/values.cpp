@@ -8,6 +8,15 @@
 #include "xml/values/escape.h"
 
 namespace steprt {
+namespace {
+
+// Clear text, which the element that it may be in must not take for markup.
+void PutPiece(STEPtransfer* t, std::string_view text) {
+  if (t->items.isInElement) return EscapeText(*t->file.out, text);
+  t->file.out->Put(text);
+}
+
+}  // namespace
 
 void PutInt(STEPtransfer* t, int value) {
   OutputFile& out = *t->file.out;
@@ -30,13 +39,15 @@ void PutQuoted(STEPtransfer* t, const char* text) {
   if (!text) return out.Put('$');
   out.Put('\'');
   while (const char* apostrophe = std::strchr(text, '\'')) {
-    out.Put(std::string_view(text, static_cast<std::size_t>(apostrophe + 1 - text)));
+    PutPiece(t, std::string_view(text, static_cast<std::size_t>(apostrophe + 1 - text)));
     out.Put('\'');
     text = apostrophe + 1;
   }
-  out.Put(text);
+  PutPiece(t, text);
   out.Put('\'');
 }
+
+void PutWord(STEPtransfer* t, const char* word) { PutPiece(t, word); }
 
 void PutEscaped(STEPtransfer* t, const char* text) {
   if (!text) return t->file.out->Put('$');

@@ -1,5 +1,6 @@
 #include "xml/parser.h"
 
+#include "read/items.h"
 #include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
 #include "schema/chain.h"
@@ -91,6 +92,7 @@ SaxResult XmlParser::EndElement() {
 void XmlParser::ReadInstance() {
   if (!entry || !row || !row->read) return;
   SetObject(entry, row->read(transfer));
+  CloseOpenItems(transfer);
   if (entry->object) entry->object->number = entry->number;
 }
 

@@ -23,21 +23,44 @@ InputFile* InputFile::OpenOrNull(const char* name) {
   return file;
 }
 
-InputFile::~InputFile() { ::close(handle_); }
+InputFile* InputFile::MemoryOrNull() { return new (std::nothrow) InputFile(-1, 0); }
+
+void InputFile::Restart(std::string_view text) {
+  memory_ = text;
+  before_ = '\n';
+  ended_ = failed_ = false;
+  cursor_ = limit_ = block_;
+  EndBlock();
+}
+
+InputFile::~InputFile() {
+  if (handle_ >= 0) ::close(handle_);
+}
 
 void InputFile::EndBlock() { std::memset(block_ + (limit_ - block_), '\n', kScanReach); }
 
-bool InputFile::Refill() {
-  if (ended_) return false;
+// Returns 0 at the end, and after a failure, which is noted.
+std::size_t InputFile::ReadBlock() {
+  if (handle_ < 0) {
+    const std::size_t count = memory_.copy(block_, kBlock);
+    memory_.remove_prefix(count);
+    return count;
+  }
   ssize_t count;
   do {
     count = fileCalls.read(handle_, block_, kBlock);
   } while (count < 0 && errno == EINTR);
   failed_ = count < 0;
-  ended_ = count <= 0;
-  if (ended_) count = 0;
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+bool InputFile::Refill() {
+  if (ended_) return false;
+  if (limit_ != block_) before_ = limit_[-1];
+  const std::size_t count = ReadBlock();
+  ended_ = count == 0;
   ++blocks_;
-  taken_ += static_cast<std::uint64_t>(count);
+  taken_ += count;
   cursor_ = block_;
   limit_ = block_ + count;
   EndBlock();

@@ -48,6 +48,7 @@ inline constexpr char kUnknownReference[] = "Unknown reference #%d";
 inline constexpr char kReferenceToNothing[] = "Reference to unknown object #%d";
 inline constexpr char kReferenceToWrongType[] = "Reference to wrong object type '%s'";
 
+inline constexpr char kTooDeep[] = "Too deep nesting";
 inline constexpr char kOutOfMemory[] = "Out of memory";
 
 }  // namespace steprt

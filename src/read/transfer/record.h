@@ -5,6 +5,8 @@
 #ifndef STEPRT_READ_TRANSFER_RECORD_H
 #define STEPRT_READ_TRANSFER_RECORD_H
 
+#include <memory>
+
 #include "platform/input_file.h"
 #include "platform/output_file.h"
 #include "schema/lookup_cache.h"
@@ -46,6 +48,16 @@ struct STEPfixup {
   STEPheader** slot;  // receives the instance at the end of the transfer
 };
 
+// The values that are open at the moment; see items.h.
+struct ItemState {
+  int depth = 0;
+  bool isInElement = false;                  // the outermost one is in an XML element; `xml` is false meanwhile
+  int line = 0;                              // in the file, where the element is read
+  int lastToken = 0;                         // of the transfer, where the element is written
+  const char* element = nullptr;             // the name of the one that is written
+  std::unique_ptr<steprt::InputFile> input;  // over the text of one that is read
+};
+
 inline constexpr int kTokenLimit = 256;  // characters of a word or text that are kept
 inline constexpr int kWhereLimit = 63;
 
@@ -76,12 +88,14 @@ struct STEPtransfer {
   char where[kWhereLimit + 1] = "";   // for reports: "Read" or "Write", later the keyword at hand
   const STEPerrorProc errorProc;
   APPobject0* const schema;
-  const bool xml;
+  bool xml;
 
   // What makes it fast. A writer looks up a row for each instance just as a reader does for each record, so both have
   // the lookups. Everything else serves reading alone.
   steprt::LookupCache lookups;
   steprt::ReadStore* store = nullptr;  // null in a write; see NewReadTransfer
+
+  ItemState items;
 };
 
 #endif

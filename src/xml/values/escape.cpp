@@ -17,18 +17,19 @@ std::string_view EscapeOf(char c) {
   }
 }
 
-constexpr bool Ends(char c) { return c == '\0' || c == '&' || c == '<' || c == '>'; }
+constexpr bool IsMarkup(char c) { return c == '&' || c == '<' || c == '>'; }
 
 }  // namespace
 
-void EscapeText(OutputFile& out, const char* text) {
+void EscapeText(OutputFile& out, std::string_view text) {
+  const char* p = text.data();
+  const char* const end = p + text.size();
   for (;;) {
-    const char* end = text;
-    while (!Ends(*end)) ++end;
-    out.Put(std::string_view(text, static_cast<std::size_t>(end - text)));
-    if (*end == '\0') return;
-    out.Put(EscapeOf(*end));
-    text = end + 1;
+    const char* const start = p;
+    while (p != end && !IsMarkup(*p)) ++p;
+    out.Put(std::string_view(start, static_cast<std::size_t>(p - start)));
+    if (p == end) return;
+    out.Put(EscapeOf(*p++));
   }
 }
 
