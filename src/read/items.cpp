@@ -104,6 +104,21 @@ void SkipValue(STEPtransfer* t) {
   if (kind == STEP_TYPED || kind == STEP_LIST) SkipToClose(t);
 }
 
+// The first byte of every value that is there.
+constexpr ByteSet kStartsPresentValue = MakeByteSet("'#.+-0123456789(\"ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+
+STEPitem NullFromTokens(STEPtransfer* t) {
+  if (t->pushedToken == kNoToken && t->lastToken != TOK_SEMI) {
+    const char* next = t->file.in->Cursor();
+    if (*next == ',') ++next;
+    if (IsIn(kStartsPresentValue, *next)) return STEP_END;
+  }
+  const STEPitem kind = Peek(t);
+  if (kind != STEP_OMITTED && kind != STEP_DERIVED) return STEP_END;
+  t->pushedToken = kNoToken;
+  return kind;
+}
+
 const char* OpenFromTokens(STEPtransfer* t) {
   const STEPitem kind = Peek(t);
   if (kind != STEP_TYPED && kind != STEP_LIST) return nullptr;
@@ -190,7 +205,7 @@ STEPitem KindOfElement(const char* text) {
     case TOK_ERROR:
       return STEP_END;
     case TOK_NULL:
-      return STEP_OMITTED;
+      return std::strcmp(text, "$") == 0 ? STEP_OMITTED : STEP_TEXT;
     case TOK_REF:
       return STEP_REF;
     case TOK_INT:
@@ -204,6 +219,11 @@ STEPitem KindOfElement(const char* text) {
   }
 }
 
+STEPitem NullFromElement(const char* text) {
+  if (std::strcmp(text, "*") == 0) return STEP_DERIVED;
+  return *text == '\0' || std::strcmp(text, "$") == 0 ? STEP_OMITTED : STEP_END;
+}
+
 const char* OpenFromElement(STEPtransfer* t, const char* name) {
   const char* text = ElementValue(t, name);
   if (!KindOfBracketed(text) || !EnterElement(t, text)) return nullptr;
@@ -214,6 +234,10 @@ const char* OpenFromElement(STEPtransfer* t, const char* name) {
 
 STEPitem rSTEPkind(STEPtransfer* t, const char* name) {
   return t->xml ? KindOfElement(ElementValue(t, name)) : Peek(t);
+}
+
+STEPitem rSTEPnull(STEPtransfer* t, const char* name) {
+  return t->xml ? NullFromElement(ElementValue(t, name)) : NullFromTokens(t);
 }
 
 const char* rSTEPopen(STEPtransfer* t, const char* name) {

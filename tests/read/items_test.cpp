@@ -106,6 +106,33 @@ TEST(Items, GiveTheirMembersToEveryReader) {
   EXPECT_EQ(Read("#1=PROBE(MIX((1.,2.),'x',5,6,(6,(7)),$),7);", read), Texts{"x 5 6 7"});
 }
 
+TEST(Items, AsNullsAreTakenAndOthersLeft) {
+  const auto read = [](STEPtransfer* t) {
+    std::string text;
+    while (rSTEPkind(t, kA) != STEP_END) {
+      const STEPitem null = rSTEPnull(t, kA);
+      text += null == STEP_OMITTED ? "$" : null == STEP_DERIVED ? "*" : std::string(rSTEPtoken(t, kA));
+    }
+    return text + (rSTEPnull(t, kA) == STEP_END ? ";" : "");
+  };
+  const auto readUnasked = [](STEPtransfer* t) {
+    const STEPitem first = rSTEPnull(t, kA);
+    const STEPitem second = rSTEPnull(t, kA);
+    return std::to_string(first) + std::to_string(second) + std::to_string(rSTEPint(t, kA));
+  };
+  EXPECT_EQ(Read("#1=PROBE($,*,5,.X.,NAME,$);", read), Texts{"$*5.X.NAME$;"});
+  for (const Texts& row : Table(R"(
+    $,*,5     | 125
+    $ * 5     | 125
+    5         | 005
+    $,5       | 105
+    \n$\n,*,5 | 125
+  )",
+                                2)) {
+    EXPECT_EQ(Read("#1=PROBE(" + row[0] + ");", readUnasked), Texts{row[1]}) << row[0];
+  }
+}
+
 TEST(Items, AreSkippedWhole) {
   for (const Texts& row : Table(R"(
     A(B('(',(1)),2),7   | 7
