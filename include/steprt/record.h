@@ -1,0 +1,279 @@
+/// Entity classes that name their attributes once: reading, writing, comparing and printing follow.
+///
+///   struct Person : steprt::Entity<Person, 1> {
+///     static constexpr const char* kKeyword = "PERSON";
+///     steprt::Text Name;
+///     void Describe(steprt::Description& d) override { d("Name", Name); }
+///   };
+///   struct Wall : steprt::Entity<Wall, 2> {
+///     static constexpr const char* kKeyword = "WALL";
+///     steprt::Real Height;
+///     steprt::Ref<Person> Owner;
+///     void Describe(steprt::Description& d) override { d("Height", Height)("Owner", Owner); }
+///   };
+///   inline constinit auto plant = steprt::Schema<Person, Wall>("PLANT");
+///
+///   steprt::Model model(&plant);
+///   if (model.Read(false, path) != 0) ...
+///   for (Wall& wall : model.All<Wall>()) Visit(wall, wall.Owner.Get());
+///
+/// This header is the client's code: it uses the library's other headers and nothing else of it. Memory that runs out
+/// is std::bad_alloc, which passes through a read or a write as every exception of the client does.
+///
+/// One thread at a time uses the library.
+#ifndef STEPRT_RECORD_H
+#define STEPRT_RECORD_H
+
+#include <steprt/attribute_lists.h>
+#include <steprt/attributes.h>
+#include <steprt/model.h>
+#include <steprt/schema.h>
+#include <steprt/value.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace steprt {
+
+/// The operations of an attribute type.
+struct AttributeType {
+  void (*read)(void* value, STEPtransfer* t, const char* name);
+  void (*write)(const void* value, STEPtransfer* t, const char* name);
+  bool (*equals)(const void* a, const void* b, const SameInstance& same);
+  void (*print)(const void* value, std::string& out);
+};
+
+/// The operations of the attribute class T.
+template <class T>
+inline constexpr AttributeType kAttributeType = {
+    [](void* value, STEPtransfer* t, const char* name) { static_cast<T*>(value)->Read(t, name); },
+    [](const void* value, STEPtransfer* t, const char* name) { static_cast<const T*>(value)->Write(t, name); },
+    [](const void* a, const void* b, const SameInstance& same) {
+      return static_cast<const T*>(a)->Equals(*static_cast<const T*>(b), same);
+    },
+    [](const void* value, std::string& out) { static_cast<const T*>(value)->Print(out); }};
+
+/// What a class names its attributes to, in the order of the schema, those of the supertype first. An attribute's name
+/// is its element in XML. It must live as long as the program.
+class Description {
+ public:
+  virtual ~Description() = default;
+
+  template <class T>
+  Description& operator()(const char* name, T& value) {
+    Visit(name, &value, kAttributeType<T>);
+    return *this;
+  }
+
+ protected:
+  virtual void Visit(const char* name, void* value, const AttributeType& type) = 0;
+};
+
+/// The base class of all described entities. An instance joins the current model, which then owns it: make it with new.
+class Record : public STEPheader {
+ public:
+  static constexpr int kType = -1;  ///< as the type of a reference: any entity
+  static constexpr const char* kKeyword = nullptr;
+
+  Record() : STEPheader(nullptr) {}
+  Record(const Record&) = delete;
+  Record& operator=(const Record&) = delete;
+
+  virtual void Describe(Description& description) = 0;
+};
+
+/// An entity class. Self derives from it and has a kKeyword.
+///
+///   kNumber  the entity's type number, not negative and its own within the schema
+///   Base     the class of the supertype
+template <class Self, int kNumber, class Base = Record>
+class Entity : public Base {
+ public:
+  static constexpr int kType = kNumber;
+  using Super = Base;
+  using AbstractSelf = void;
+
+  Entity() { this->type = kNumber; }
+};
+
+/// An entity that has no instances of its own. A record of it in a file is reported as "Syntax" and skipped.
+template <class Self, int kNumber, class Base = Record>
+class AbstractEntity : public Entity<Self, kNumber, Base> {
+ public:
+  using AbstractSelf = Self;
+};
+
+namespace detail {
+
+class Reader final : public Description {
+ public:
+  explicit Reader(STEPtransfer* t) : t_(t) {}
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override { type.read(value, t_, name); }
+  STEPtransfer* const t_;
+};
+
+class Writer final : public Description {
+ public:
+  explicit Writer(STEPtransfer* t) : t_(t) {}
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override { type.write(value, t_, name); }
+  STEPtransfer* const t_;
+};
+
+class Printer final : public Description {
+ public:
+  explicit Printer(std::string& out) : out_(out) {}
+
+ private:
+  void Visit(const char* /*name*/, void* value, const AttributeType& type) override {
+    if (out_.back() != '(') out_ += ',';
+    type.print(value, out_);
+  }
+  std::string& out_;
+};
+
+/// The attributes of one instance, in their order.
+class Collector final : public Description {
+ public:
+  struct Item {
+    void* value;
+    const AttributeType* type;
+  };
+  std::vector<Item> items;
+
+ private:
+  void Visit(const char* /*name*/, void* value, const AttributeType& type) override { items.push_back({value, &type}); }
+};
+
+template <class T>
+STEPheader* ReadRecord(STEPtransfer* t) {
+  auto* record = new T;
+  Reader reader(t);
+  record->T::Describe(reader);
+  return record;
+}
+
+inline void WriteRecord(STEPtransfer* t, STEPheader* object) {
+  Writer writer(t);
+  static_cast<Record*>(object)->Describe(writer);
+}
+
+template <class T>
+constexpr APPentity RowOf() {
+  static_assert(&T::kKeyword != &T::Super::kKeyword, "each entity class has a kKeyword of its own");
+  if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
+    return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
+  } else {
+    return {T::kKeyword, ReadRecord<T>, WriteRecord, T::kType, T::Super::kKeyword};
+  }
+}
+
+template <class... Classes>
+inline constexpr APPentity kRows[] = {RowOf<Classes>()...};
+
+}  // namespace detail
+
+/// The descriptor of entity classes, each once and in any order. A program has one for each schema, which must outlive
+/// its models.
+///
+///   name       the schema's name
+///   errorProc  receives the reports; null: the library's own, which writes to standard error
+template <class... Classes>
+constexpr APPtable<static_cast<int>(sizeof...(Classes))> Schema(const char* name, STEPerrorProc errorProc = nullptr) {
+  return APPtable<static_cast<int>(sizeof...(Classes))>(name, detail::kRows<Classes...>, errorProc);
+}
+
+/// The instances of class T, subclasses included, of a model, in its order. Do not add or destroy instances meanwhile,
+/// but for the one at hand's successors.
+template <class T>
+class Instances {
+ public:
+  class Iterator {
+   public:
+    explicit Iterator(STEPheader* object) : object_(object) { Settle(); }
+    T& operator*() const { return *instance_; }
+    Iterator& operator++() {
+      object_ = object_->next;
+      Settle();
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return object_ != other.object_; }
+
+   private:
+    void Settle() {
+      for (instance_ = nullptr; object_; object_ = object_->next) {
+        if ((instance_ = dynamic_cast<T*>(object_))) return;
+      }
+    }
+    STEPheader* object_;
+    T* instance_ = nullptr;
+  };
+
+  explicit Instances(STEPheader* first) : first_(first) {}
+  Iterator begin() const { return Iterator(first_); }
+  Iterator end() const { return Iterator(nullptr); }
+
+ private:
+  STEPheader* const first_;
+};
+
+/// A model of described entities.
+class Model : public STEPmodel {
+ public:
+  /// An empty model of the schema, which becomes the current model.
+  explicit Model(APPobject0* schema, int errorLimit = 10) : STEPmodel(errorLimit) { AppObj(schema); }
+  ~Model() override {
+    if (CurrentModel() == this) CurrentModel(nullptr);
+  }
+  Model(const Model&) = delete;
+  Model& operator=(const Model&) = delete;
+
+  /// STEPmodel::Read of any text. `check`: read the data only if the file names this schema.
+  int Read(const std::string& path, bool check = false) {
+    return STEPmodel::Read(check, const_cast<char*>(path.c_str()));
+  }
+  /// STEPmodel::Write, and WriteXml, of any text.
+  int Write(const std::string& path, const char* remark = "") {
+    return STEPmodel::Write(const_cast<char*>(path.c_str()), remark);
+  }
+  int WriteXml(const std::string& path, const char* remark = "") {
+    return STEPmodel::WriteXml(const_cast<char*>(path.c_str()), remark);
+  }
+
+  template <class T>
+  Instances<T> All() {
+    return Instances<T>(Inst());
+  }
+};
+
+/// Whether two records are of one class and have equal attributes.
+inline bool Equal(Record& a, Record& b, const SameInstance& same = SameInstance()) {
+  if (a.type != b.type) return false;
+  detail::Collector ours;
+  detail::Collector theirs;
+  a.Describe(ours);
+  b.Describe(theirs);
+  if (ours.items.size() != theirs.items.size()) return false;
+  for (std::size_t i = 0; i < ours.items.size(); ++i) {
+    if (!ours.items[i].type->equals(ours.items[i].value, theirs.items[i].value, same)) return false;
+  }
+  return true;
+}
+
+/// The record much as clear text has it, for a person to read: WALL('W1',2.5,#1). A reference shows the number that its
+/// instance had in the file last written or XML document last read.
+inline std::string Print(Record& record) {
+  std::string out = record.EntityName();
+  out += '(';
+  detail::Printer printer(out);
+  record.Describe(printer);
+  return out += ')';
+}
+
+}  // namespace steprt
+
+#endif
