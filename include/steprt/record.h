@@ -225,7 +225,7 @@ class Instances {
 class Model : public STEPmodel {
  public:
   /// An empty model of the schema, which becomes the current model.
-  explicit Model(APPobject0* schema, int errorLimit = 10) : STEPmodel(errorLimit) { AppObj(schema); }
+  explicit Model(APPobject0* descriptor, int reportsShown = 10) : STEPmodel(reportsShown) { AppObj(descriptor); }
   ~Model() override {
     if (CurrentModel() == this) CurrentModel(nullptr);
   }
