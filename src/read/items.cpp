@@ -219,9 +219,13 @@ STEPitem KindOfElement(const char* text) {
   }
 }
 
-STEPitem NullFromElement(const char* text) {
-  if (std::strcmp(text, "*") == 0) return STEP_DERIVED;
-  return *text == '\0' || std::strcmp(text, "$") == 0 ? STEP_OMITTED : STEP_END;
+// An empty element is an empty text. Only a missing one is a value that is not there.
+STEPitem NullFromElement(STEPtransfer* t, const char* name) {
+  const STEPelement* element = t->childElements.Find(name);
+  if (!element) return STEP_OMITTED;
+  if (!element->value) return STEP_END;
+  if (std::strcmp(element->value, "*") == 0) return STEP_DERIVED;
+  return std::strcmp(element->value, "$") == 0 ? STEP_OMITTED : STEP_END;
 }
 
 const char* OpenFromElement(STEPtransfer* t, const char* name) {
@@ -237,7 +241,7 @@ STEPitem rSTEPkind(STEPtransfer* t, const char* name) {
 }
 
 STEPitem rSTEPnull(STEPtransfer* t, const char* name) {
-  return t->xml ? NullFromElement(ElementValue(t, name)) : NullFromTokens(t);
+  return t->xml ? NullFromElement(t, name) : NullFromTokens(t);
 }
 
 const char* rSTEPopen(STEPtransfer* t, const char* name) {
