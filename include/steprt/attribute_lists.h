@@ -109,9 +109,10 @@ class List : public detail::Presence {
    private:
     Node* node_;
   };
-  Iterator begin() const { return Iterator(first_); }
-  Iterator end() const { return Iterator(nullptr); }
+  Iterator begin() const { return Iterator(first_); }  ///< the first element
+  Iterator end() const { return Iterator(nullptr); }   ///< the end
 
+  /// The count of elements; a walk.
   int Size() const {
     int size = 0;
     for (const Node* node = first_; node; node = node->next) ++size;
@@ -125,10 +126,11 @@ class List : public detail::Presence {
     mark_ = STEP_END;
     return node->value;
   }
-  void Omit() { Reset(STEP_OMITTED); }
-  void Derive() { Reset(STEP_DERIVED); }
-  void Clear() { Reset(STEP_END); }  ///< an empty list, which is present
+  void Omit() { Reset(STEP_OMITTED); }    ///< `$`, without elements
+  void Derive() { Reset(STEP_DERIVED); }  ///< `*`, without elements
+  void Clear() { Reset(STEP_END); }       ///< an empty list, which is present
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     Clear();
     if (ReadMark(t, name)) return;
@@ -158,6 +160,7 @@ class List : public detail::Presence {
     }
     out += ')';
   }
+  /// @endcond
 
  private:
   void Release() {
@@ -196,10 +199,11 @@ class List<Real> : public detail::Aggregate {
    private:
     const STEPlist* node_;
   };
-  Iterator begin() const { return Iterator(aggregate_.head); }
-  Iterator end() const { return Iterator(nullptr); }
-  void Add(double real) { AddNode().value.real = real; }
+  Iterator begin() const { return Iterator(aggregate_.head); }  ///< the first element
+  Iterator end() const { return Iterator(nullptr); }            ///< the end
+  void Add(double real) { AddNode().value.real = real; }        ///< appends
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     STEPaggr* out = &aggregate_;
     if (BeginRead(t, name)) xrSTEPaggrPrim(t, name, &out);
@@ -213,6 +217,7 @@ class List<Real> : public detail::Aggregate {
   void Print(std::string& out) const {
     PrintNodes(out, [&](const STEPlist& node) { detail::PrintNumber(out, node.value.real); });
   }
+  /// @endcond
 };
 
 /// A list of references. Iteration passes over omitted members and over instances of another class than T; Nodes has
@@ -240,10 +245,11 @@ class List<Ref<T>> : public detail::Aggregate {
     const STEPlist* node_;
     T* member_ = nullptr;
   };
-  Iterator begin() const { return Iterator(aggregate_.head); }
-  Iterator end() const { return Iterator(nullptr); }
-  void Add(T* object) { AddNode().value.object = object; }  ///< null is written as `$`
+  Iterator begin() const { return Iterator(aggregate_.head); }  ///< the first element
+  Iterator end() const { return Iterator(nullptr); }            ///< the end
+  void Add(T* object) { AddNode().value.object = object; }      ///< appends; null is written as `$`
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     STEPaggr* out = &aggregate_;
     if (BeginRead(t, name)) xrSTEPaggr(t, name, &out, T::kType, true);
@@ -260,6 +266,7 @@ class List<Ref<T>> : public detail::Aggregate {
   void Print(std::string& out) const {
     PrintNodes(out, [&](const STEPlist& node) { detail::PrintReference(out, node.value.object); });
   }
+  /// @endcond
 };
 
 }  // namespace steprt

@@ -96,6 +96,7 @@ class Scalar : public Presence {
   T Or(T otherwise) const { return IsPresent() ? value_ : otherwise; }  ///< the value, or `otherwise` if there is none
   T Get() const { return Or(T()); }                                     ///< the value, or 0
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     if (!ReadMark(t, name) && !Form::Read(t, name, value_)) mark_ = STEP_OMITTED;
   }
@@ -108,6 +109,7 @@ class Scalar : public Presence {
   void Print(std::string& out) const {
     if (!PrintMark(out)) Form::Print(out, value_);
   }
+  /// @endcond
 
  private:
   T value_ = T();
@@ -156,15 +158,20 @@ struct LogicalForm {
 
 }  // namespace detail
 
+/// An integer. As all attributes of one value it has `=`, Get (0 if there is none), Or(otherwise), Omit, Derive,
+/// IsPresent, IsOmitted and IsDerived.
 using Integer = detail::Scalar<int, detail::IntegerForm>;
-using Real = detail::Scalar<double, detail::RealForm>;  ///< takes an integer too
+/// A real. An integer in the file is taken too.
+using Real = detail::Scalar<double, detail::RealForm>;
+/// A boolean.
 using Boolean = detail::Scalar<bool, detail::BooleanForm>;
-using Logical = detail::Scalar<int, detail::LogicalForm>;  ///< 1, 0, and -1 for unknown
+/// A logical: 1, 0, and -1 for unknown.
+using Logical = detail::Scalar<int, detail::LogicalForm>;
 
 /// The names of an enumeration in the order of its values, which count from 0. They include their dots.
 struct EnumeratorNames {
-  const char** names;
-  int count;
+  const char** names;  ///< ".LEFT." and so on
+  int count;           ///< of the names
 };
 
 namespace detail {
@@ -201,6 +208,7 @@ class Text {
   Text& operator=(const Text&) = delete;
   ~Text() { Release(); }
 
+  /// Takes a copy of the text.
   Text& operator=(std::string_view text) {
     char* copy = new char[text.size() + 1];
     if (!text.empty()) std::memcpy(copy, text.data(), text.size());
@@ -208,17 +216,19 @@ class Text {
     Replace(copy);
     return *this;
   }
+  /// Takes a copy of the text.
   Text& operator=(const char* text) { return *this = std::string_view(text); }
-  void Omit() { Replace(nullptr); }
-  void Derive() { Replace(Derived()); }
+  void Omit() { Replace(nullptr); }      ///< `$`
+  void Derive() { Replace(Derived()); }  ///< `*`
 
-  bool IsPresent() const { return chars_ && !IsDerived(); }
-  bool IsOmitted() const { return !chars_; }
-  bool IsDerived() const { return chars_ == Derived(); }
+  bool IsPresent() const { return chars_ && !IsDerived(); }  ///< a text, which may be empty
+  bool IsOmitted() const { return !chars_; }                 ///< `$`
+  bool IsDerived() const { return chars_ == Derived(); }     ///< `*`
 
   /// The text; empty if there is none. Valid until the attribute changes.
   const char* Get() const { return IsPresent() ? chars_ : ""; }
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     const STEPitem null = rSTEPnull(t, name);
     if (null == STEP_END) {
@@ -238,6 +248,7 @@ class Text {
     if (!IsPresent()) return void(out += IsDerived() ? '*' : '$');
     out.append(1, '\'').append(chars_).append(1, '\'');
   }
+  /// @endcond
 
  private:
   // Stands for a derived text, so that one pointer tells three states apart.
@@ -259,15 +270,17 @@ class Text {
 /// A binary, as the file has it: "1A", quotation marks included, at most 256 characters.
 class Binary : public detail::Presence {
  public:
+  /// Takes a copy of the token.
   Binary& operator=(std::string_view token) {
     token_ = token;
     mark_ = STEP_END;
     return *this;
   }
-  void Omit() { mark_ = STEP_OMITTED; }
-  void Derive() { mark_ = STEP_DERIVED; }
+  void Omit() { mark_ = STEP_OMITTED; }             ///< `$`
+  void Derive() { mark_ = STEP_DERIVED; }           ///< `*`
   const char* Get() const { return token_.Get(); }  ///< empty if there is none
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     if (!ReadMark(t, name)) token_ = rSTEPtoken(t, name);
   }
@@ -280,6 +293,7 @@ class Binary : public detail::Presence {
   void Print(std::string& out) const {
     if (!PrintMark(out)) out += token_.Get();
   }
+  /// @endcond
 
  private:
   Text token_;
@@ -336,14 +350,17 @@ class Reference {
 template <class T>
 class Ref : public detail::Reference {
  public:
+  /// Refers to that instance; null is an omitted reference.
   Ref& operator=(T* object) {
     object_ = object;
     return *this;
   }
   T* Get() const { return dynamic_cast<T*>(Object()); }  ///< null if there is none, or none of class T
-  T* operator->() const { return Get(); }
+  T* operator->() const { return Get(); }                ///< as Get
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) { ReadAs(t, name, T::kType); }
+  /// @endcond
 };
 
 }  // namespace steprt

@@ -13,7 +13,8 @@
 ///   wSTEPclose(t);
 ///
 /// Between the brackets of an opened value all readers and writers work, in both forms, and their `name` has no
-/// meaning. In XML the outermost value is the clear text of its element: `<NominalValue>IFCLABEL('x')</NominalValue>`.
+/// meaning. In XML the outermost value is the clear text of its element: an element NominalValue with the text
+/// `IFCLABEL('x')`.
 ///
 /// One thread at a time uses a transfer.
 #ifndef STEPRT_ITEMS_H
@@ -49,8 +50,9 @@ extern "C" {
 STEPRT_API STEPitem rSTEPkind(STEPtransfer* t, const char* name);
 
 /// Takes a value that is not there: reads the next value if it is `$` or `*`, and returns STEP_OMITTED or STEP_DERIVED.
-/// Returns STEP_END, and reads nothing, for every other value and where there is none. It is the cheap question in front
-/// of a reader that does not tell `$` from a value. In XML a missing element is STEP_OMITTED, and nothing is read.
+/// Returns STEP_END, and reads nothing, for every other value and where there is none. It is the cheap question in
+/// front of a reader that does not tell `$` from a value. In XML a missing element is STEP_OMITTED, and nothing is
+/// read.
 STEPRT_API STEPitem rSTEPnull(STEPtransfer* t, const char* name);
 
 /// Opens a typed value or a list. Every value that is opened must be closed with rSTEPclose; the library closes those
@@ -70,10 +72,10 @@ STEPRT_API void rSTEPclose(STEPtransfer* t);
 /// does nothing outside an opened value, because elements are found by their names.
 STEPRT_API void rSTEPskip(STEPtransfer* t, const char* name);
 
-/// Reads a value that is one token, and returns its text as it is in the file: `12.50`, `#7`, `.T.`, `"1A"`, `$`. Of a
-/// text it returns what rSTEPtext returns. The result is valid until the next reader is called and has at most 256
-/// characters, with a report from 256 on. For STEP_TYPED, STEP_LIST and STEP_END it is the empty text, and nothing is
-/// read. In XML, outside an opened value, it is the text of the element.
+/// Reads a value that is one token, and returns its text as it is in the file: 12.50, .T. or $, a reference with its
+/// number sign, a binary with its quotation marks. Of a text it returns what rSTEPtext returns. The result is valid until
+/// the next reader is called and has at most 256 characters, with a report from 256 on. For STEP_TYPED, STEP_LIST and
+/// STEP_END it is the empty text, and nothing is read. In XML, outside an opened value, it is the text of the element.
 STEPRT_API const char* rSTEPtoken(STEPtransfer* t, const char* name);
 
 /// Begins a typed value, or a list if `keyword` is null. The writers that follow write its members, until wSTEPclose.

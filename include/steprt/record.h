@@ -38,10 +38,10 @@ namespace steprt {
 
 /// The operations of an attribute type.
 struct AttributeType {
-  void (*read)(void* value, STEPtransfer* t, const char* name);
-  void (*write)(const void* value, STEPtransfer* t, const char* name);
-  bool (*equals)(const void* a, const void* b, const SameInstance& same);
-  void (*print)(const void* value, std::string& out);
+  void (*read)(void* value, STEPtransfer* t, const char* name);            ///< from the transfer
+  void (*write)(const void* value, STEPtransfer* t, const char* name);     ///< to the transfer
+  bool (*equals)(const void* a, const void* b, const SameInstance& same);  ///< of two values of the type
+  void (*print)(const void* value, std::string& out);                      ///< for a person to read
 };
 
 /// The operations of the attribute class T.
@@ -60,6 +60,7 @@ class Description {
  public:
   virtual ~Description() = default;
 
+  /// Names one attribute.
   template <class T>
   Description& operator()(const char* name, T& value) {
     Visit(name, &value, kAttributeType<T>);
@@ -67,19 +68,21 @@ class Description {
   }
 
  protected:
+  /// Receives each attribute.
   virtual void Visit(const char* name, void* value, const AttributeType& type) = 0;
 };
 
 /// The base class of all described entities. An instance joins the current model, which then owns it: make it with new.
 class Record : public STEPheader {
  public:
-  static constexpr int kType = -1;  ///< as the type of a reference: any entity
-  static constexpr const char* kKeyword = nullptr;
+  static constexpr int kType = -1;                  ///< as the type of a reference: any entity
+  static constexpr const char* kKeyword = nullptr;  ///< none: it is no entity
 
   Record() : STEPheader(nullptr) {}
   Record(const Record&) = delete;
   Record& operator=(const Record&) = delete;
 
+  /// Names every attribute to the description, those of the supertype first: `Super::Describe(d);`
   virtual void Describe(Description& description) = 0;
 };
 
@@ -90,9 +93,9 @@ class Record : public STEPheader {
 template <class Self, int kNumber, class Base = Record>
 class Entity : public Base {
  public:
-  static constexpr int kType = kNumber;
-  using Super = Base;
-  using AbstractSelf = void;
+  static constexpr int kType = kNumber;  ///< the type number
+  using Super = Base;                    ///< the class of the supertype
+  using AbstractSelf = void;             ///< see AbstractEntity
 
   Entity() { this->type = kNumber; }
 };
@@ -101,7 +104,7 @@ class Entity : public Base {
 template <class Self, int kNumber, class Base = Record>
 class AbstractEntity : public Entity<Self, kNumber, Base> {
  public:
-  using AbstractSelf = Self;
+  using AbstractSelf = Self;  ///< this class, but none that derives from it, is abstract
 };
 
 namespace detail {
@@ -187,8 +190,8 @@ constexpr APPtable<static_cast<int>(sizeof...(Classes))> Schema(const char* name
   return APPtable<static_cast<int>(sizeof...(Classes))>(name, detail::kRows<Classes...>, errorProc);
 }
 
-/// The instances of class T, subclasses included, of a model, in its order. Do not add or destroy instances meanwhile,
-/// but for the one at hand's successors.
+/// The instances of class T, subclasses included, of a model, in its order. The iteration holds the instance at
+/// hand: do not destroy that one meanwhile.
 template <class T>
 class Instances {
  public:
@@ -213,9 +216,10 @@ class Instances {
     T* instance_ = nullptr;
   };
 
+  /// Those from that instance on.
   explicit Instances(STEPheader* first) : first_(first) {}
-  Iterator begin() const { return Iterator(first_); }
-  Iterator end() const { return Iterator(nullptr); }
+  Iterator begin() const { return Iterator(first_); }  ///< the first one
+  Iterator end() const { return Iterator(nullptr); }   ///< the end
 
  private:
   STEPheader* const first_;
@@ -236,14 +240,16 @@ class Model : public STEPmodel {
   int Read(const std::string& path, bool check = false) {
     return STEPmodel::Read(check, const_cast<char*>(path.c_str()));
   }
-  /// STEPmodel::Write, and WriteXml, of any text.
+  /// STEPmodel::Write of any text.
   int Write(const std::string& path, const char* remark = "") {
     return STEPmodel::Write(const_cast<char*>(path.c_str()), remark);
   }
+  /// STEPmodel::WriteXml of any text.
   int WriteXml(const std::string& path, const char* remark = "") {
     return STEPmodel::WriteXml(const_cast<char*>(path.c_str()), remark);
   }
 
+  /// The instances of class T, in the model's order.
   template <class T>
   Instances<T> All() {
     return Instances<T>(Inst());

@@ -25,10 +25,11 @@ class Value {
 
   /// STEP_OMITTED for a new one. STEP_END and STEP_OTHER do not occur.
   STEPitem Kind() const { return kind_; }
-  bool IsPresent() const { return kind_ != STEP_OMITTED && kind_ != STEP_DERIVED; }
-  bool IsOmitted() const { return kind_ == STEP_OMITTED; }
-  bool IsDerived() const { return kind_ == STEP_DERIVED; }
+  bool IsPresent() const { return kind_ != STEP_OMITTED && kind_ != STEP_DERIVED; }  ///< a value of another kind
+  bool IsOmitted() const { return kind_ == STEP_OMITTED; }                           ///< `$`
+  bool IsDerived() const { return kind_ == STEP_DERIVED; }                           ///< `*`
 
+  /// The integer; 0 for any other kind.
   int Integer() const { return kind_ == STEP_INT ? as_.integer : 0; }
   /// A real, or an integer as a real; 0 for any other kind.
   double Real() const { return kind_ == STEP_REAL ? as_.real : Integer(); }
@@ -37,19 +38,24 @@ class Value {
   const char* Chars() const { return HasChars() ? as_.chars : ""; }
   /// The instance; null for any other kind.
   STEPheader* Object() const { return kind_ == STEP_REF ? as_.object : nullptr; }
+  /// The instance, if it is of class T; null otherwise.
   template <class T>
-  T* Get() const {  ///< the instance, if it is of class T; null otherwise
+  T* Get() const {
     return dynamic_cast<T*>(Object());
   }
   /// Whether it is a typed value with this keyword, as the file spells it.
   bool Is(std::string_view keyword) const { return kind_ == STEP_TYPED && keyword == as_.chars; }
 
-  void Omit() { Become(STEP_OMITTED); }
-  void Derive() { Become(STEP_DERIVED); }
-  void SetInteger(int value) { Become(STEP_INT).as_.integer = value; }
-  void SetReal(double value) { Become(STEP_REAL).as_.real = value; }
-  void SetObject(STEPheader* value) { value ? void(Become(STEP_REF).as_.object = value) : Omit(); }
-  void SetText(std::string_view value) { SetChars(STEP_TEXT, value); }
+  void Omit() { Become(STEP_OMITTED); }                                 ///< `$`
+  void Derive() { Become(STEP_DERIVED); }                               ///< `*`
+  void SetInteger(int value) { Become(STEP_INT).as_.integer = value; }  ///< an integer
+  void SetReal(double value) { Become(STEP_REAL).as_.real = value; }    ///< a real
+  /// A reference; null omits the value.
+  void SetObject(STEPheader* value) {
+    Omit();
+    if (value) Become(STEP_REF).as_.object = value;
+  }
+  void SetText(std::string_view value) { SetChars(STEP_TEXT, value); }        ///< a text, without apostrophes
   void SetEnumerator(std::string_view value) { SetChars(STEP_ENUM, value); }  ///< with its dots
   void SetBinary(std::string_view value) { SetChars(STEP_BINARY, value); }    ///< with its quotation marks
   void SetList() { Become(STEP_LIST); }                                       ///< empty
@@ -73,8 +79,8 @@ class Value {
    private:
     Value* value_;
   };
-  Iterator begin() const { return Iterator(first_); }
-  Iterator end() const { return Iterator(nullptr); }
+  Iterator begin() const { return Iterator(first_); }  ///< the first member
+  Iterator end() const { return Iterator(nullptr); }   ///< the end
   /// The first member, or an omitted value if there is none.
   const Value& First() const {
     static const Value none;
@@ -87,6 +93,7 @@ class Value {
     return *(last_ = value);
   }
 
+  /// @cond
   void Read(STEPtransfer* t, const char* name) {
     const STEPitem kind = rSTEPkind(t, name);
     switch (kind) {
@@ -162,6 +169,7 @@ class Value {
     }
     out += ')';
   }
+  /// @endcond
 
  private:
   bool HasChars() const {

@@ -1,31 +1,16 @@
 // Values as they are in the file: their kinds, what is inside them, and the same values written again, in both forms.
+#include "support/items.h"
+
 #include <gtest/gtest.h>
 
 #include "read/attribute_rows.h"
-#include "xml/documents.h"
+#include "support/temp_files.h"
 
 namespace {
 
 using namespace steprt_test;
 
 constexpr char kA[] = "A";
-
-// One value with all that is in it, read by items and printed as clear text. What is no value is printed after a `?`.
-std::string ReadItem(STEPtransfer* t, const char* name) {
-  const STEPitem kind = rSTEPkind(t, name);
-  if (kind == STEP_TEXT) return Quoted(rSTEPtext(t, name));
-  if (kind == STEP_OTHER) return std::string("?") + rSTEPtoken(t, name);
-  if (kind != STEP_TYPED && kind != STEP_LIST) return rSTEPtoken(t, name);
-  const char* keyword = rSTEPopen(t, name);
-  if (!keyword) return "?deep";
-  std::string text = keyword + std::string("(");
-  while (rSTEPkind(t, nullptr) != STEP_END) {
-    if (text.back() != '(') text += ',';
-    text += ReadItem(t, nullptr);
-  }
-  rSTEPclose(t);
-  return text + ")";
-}
 
 // What a PROBE read by `read` makes of the data, and the reports.
 Texts Read(const std::string& data, const std::function<std::string(STEPtransfer*)>& read) {
@@ -172,42 +157,8 @@ TEST(Items, NestedTooDeepAreReportedOnceAndPassedOver) {
 
 // ---- written again --------------------------------------------------------------------------------------------------
 
-// Writes the value that `text` begins with, printed as ReadItem prints it, and takes it off.
-void WriteItem(STEPtransfer* t, const char* name, std::string& text) {
-  const std::size_t end = text.find_first_of("(),");
-  if (text[0] == '\'') {
-    const std::string value = text.substr(1, text.find('\'', 1) - 1);
-    wSTEPtext(t, name, value.c_str());
-    text.erase(0, value.size() + 2);
-  } else if (end == std::string::npos || text[end] != '(') {
-    wSTEPtoken(t, name, text.substr(0, end).c_str());
-    text.erase(0, end);
-  } else {
-    const std::string keyword = text.substr(0, end);
-    wSTEPopen(t, name, keyword.empty() ? nullptr : keyword.c_str());
-    text.erase(0, end + 1);
-    while (text[0] != ')') {
-      WriteItem(t, nullptr, text);
-      if (text[0] == ',') text.erase(0, 1);
-    }
-    wSTEPclose(t);
-    text.erase(0, 1);
-  }
-}
-
-constexpr char kValues[] = R"(
-  $
-  *
-  "1A"
-  (1.,2.)
-  ((1.,2.),(),($))
-  IFCLABEL('x')
-  IFCLABEL('a<b & c>d')
-  A(B('x',C()),.T.,#12)
-)";
-
 TEST(Items, AreWrittenWithTheCommasOfTheRecord) {
-  for (const Texts& row : Table(kValues, 1)) {
+  for (const Texts& row : Table(kItems, 1)) {
     ProjModel model;
     new Entity(kProbe, &model);
     SetProbe({"", -1, nullptr, [&](STEPtransfer* t) {
@@ -221,28 +172,5 @@ TEST(Items, AreWrittenWithTheCommasOfTheRecord) {
     EXPECT_NE(BytesOf(path).find("PROBE(1," + row[0] + ",2);\n"), std::string::npos) << BytesOf(path);
   }
 }
-
-#ifdef STEPRT_TEST_XML
-TEST(Items, AreClearTextInTheirElement) {
-  for (const Texts& row : Table(kValues, 1)) {
-    ProjModel model;
-    new Entity(kProbe, &model);
-    std::string read;
-    SetProbe({"", -1,
-              [&](STEPtransfer* t) -> STEPheader* {
-                read = ReadItem(t, kA) + "," + std::to_string(rSTEPint(t, "B"));
-                return new Entity(kProbe);
-              },
-              [&](STEPtransfer* t) {
-                std::string text = row[0];
-                WriteItem(t, kA, text);
-                wSTEPint(t, "B", 2);
-              }});
-    const std::string document = WrittenDocument(model);
-    EXPECT_EQ(ReadDocument(document).reports, Texts{}) << document;
-    EXPECT_EQ(read, row[0] + ",2") << document;
-  }
-}
-#endif
 
 }  // namespace
