@@ -24,9 +24,11 @@ PUBLIC = {
     "module.h": "platform",
     "schema.h": "schema", "library.h": "schema",
     "instance.h": "model", "model.h": "model", "aggregate.h": "model", "select.h": "model",
+    "items.h": "read/transfer",  # its two halves are in read and write
     "read.h": "read",
     "write.h": "write",
     "step.h": TOP,
+    "attributes.h": TOP, "attribute_lists.h": TOP, "value.h": TOP, "record.h": TOP,  # a client's code
 }
 
 

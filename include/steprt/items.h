@@ -73,9 +73,10 @@ STEPRT_API void rSTEPclose(STEPtransfer* t);
 STEPRT_API void rSTEPskip(STEPtransfer* t, const char* name);
 
 /// Reads a value that is one token, and returns its text as it is in the file: 12.50, .T. or $, a reference with its
-/// number sign, a binary with its quotation marks. Of a text it returns what rSTEPtext returns. The result is valid until
-/// the next reader is called and has at most 256 characters, with a report from 256 on. For STEP_TYPED, STEP_LIST and
-/// STEP_END it is the empty text, and nothing is read. In XML, outside an opened value, it is the text of the element.
+/// number sign, a binary with its quotation marks. Of a text it returns what rSTEPtext returns. The result is valid
+/// until the next reader is called and has at most 256 characters, with a report from 256 on. For STEP_TYPED, STEP_LIST
+/// and STEP_END it is the empty text, and nothing is read. In XML, outside an opened value, it is the text of the
+/// element.
 STEPRT_API const char* rSTEPtoken(STEPtransfer* t, const char* name);
 
 /// Begins a typed value, or a list if `keyword` is null. The writers that follow write its members, until wSTEPclose.

@@ -1,5 +1,6 @@
 /// @file
-/// Includes all public headers of steprt. Each of them can also be included alone.
+/// Includes the public headers of the library. Each of them can also be included alone. record.h, for classes that
+/// describe their attributes, is included by itself.
 #ifndef STEPRT_STEP_H
 #define STEPRT_STEP_H
 

@@ -1,8 +1,8 @@
 #include "read/data_section.h"
 
+#include "read/items.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
-#include "read/items.h"
 #include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
 #include "steprt/text.h"

@@ -17,7 +17,6 @@
 #include "read/tokeniser.h"
 #include "read/transfer/report.h"
 #include "steprt/items.h"
-#include "steprt/read.h"
 #include "support/ascii.h"
 #include "support/empty_text.h"
 #include "xml/values/element.h"
@@ -240,9 +239,7 @@ STEPitem rSTEPkind(STEPtransfer* t, const char* name) {
   return t->xml ? KindOfElement(ElementValue(t, name)) : Peek(t);
 }
 
-STEPitem rSTEPnull(STEPtransfer* t, const char* name) {
-  return t->xml ? NullFromElement(t, name) : NullFromTokens(t);
-}
+STEPitem rSTEPnull(STEPtransfer* t, const char* name) { return t->xml ? NullFromElement(t, name) : NullFromTokens(t); }
 
 const char* rSTEPopen(STEPtransfer* t, const char* name) {
   return t->xml ? OpenFromElement(t, name) : OpenFromTokens(t);
