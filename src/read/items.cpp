@@ -15,6 +15,7 @@
 #include "read/attribute.h"
 #include "read/char_class.h"
 #include "read/tokeniser.h"
+#include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
 #include "steprt/items.h"
 #include "support/ascii.h"
@@ -220,7 +221,7 @@ STEPitem KindOfElement(const char* text) {
 
 // An empty element is an empty text. Only a missing one is a value that is not there.
 STEPitem NullFromElement(STEPtransfer* t, const char* name) {
-  const STEPelement* element = t->childElements.Find(name);
+  const STEPelement* element = t->store->childElements.Find(name);
   if (!element) return STEP_OMITTED;
   if (!element->value) return STEP_END;
   if (std::strcmp(element->value, "*") == 0) return STEP_DERIVED;

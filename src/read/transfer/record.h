@@ -88,7 +88,7 @@ struct STEPtransfer {
   char where[kWhereLimit + 1] = "";   // for reports: "Read" or "Write", later the keyword at hand
   const STEPerrorProc errorProc;
   APPobject0* const schema;
-  bool xml;
+  bool xml;  // false also while a value of items.h is open in an element
 
   // What makes it fast. A writer looks up a row for each instance just as a reader does for each record, so both have
   // the lookups. Everything else serves reading alone.
