@@ -20,8 +20,8 @@ struct Answers {
 // reference each. A large table comes first, since a small one is in the cache anyway.
 Answers AskWhileReading(NumberOf numberOf) {
   Answers answers;
+  STEPheader* object = nullptr;  // a forward reference is stored when the read ends
   SetProbe({"", -1, [&](STEPtransfer* t) -> STEPheader* {
-              STEPheader* object = nullptr;
               xrSTEPref(t, "A", &object, -1, true);
               ++(t->store->prefetcher.IsDue() ? answers.due : answers.notDue);
               return nullptr;
