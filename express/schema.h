@@ -38,7 +38,7 @@ struct Reference {
   T* target = nullptr;
 };
 
-// Anything that a schema gives a name to.
+// Anything that has a name in a schema.
 struct Declaration {
   enum class Kind { kConstant, kType, kEntity, kFunction, kProcedure, kRule, kSubtypeConstraint };
 
