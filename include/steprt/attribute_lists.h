@@ -1,12 +1,15 @@
+/// @file
 /// Lists as attributes: List<T>, for T any attribute type, lists included.
 ///
-///   for (Door& door : wall.Doors) Visit(door);          // List<Ref<Door>>: the members that are doors
-///   for (double height : wall.Heights) Add(height);     // List<Real>
-///   for (List<Real>& row : grid.Rows) Visit(row);       // any other list: its elements
-///   wall.Doors.Add(door);
+///     for (Door& door : wall.Doors) Visit(door);          // List<Ref<Door>>: the members that are doors
+///     for (double height : wall.Heights) Add(height);     // List<Real>
+///     for (List<Real>& row : grid.Rows) Visit(row);       // any other list: its elements
+///     wall.Doors.Add(&door);
 ///
 /// A list owns its elements, and an element stays in its place until the list is cleared. An omitted list (`$`) and an
-/// empty one are different. Lists of reals and of references are kept and transferred as STEPaggr.
+/// empty one are different. Lists of reals and of references are kept and transferred as STEPaggr, with the rules of
+/// read.h: a list inside such a list is reported, and what follows it in the record may be lost. One thread at a time
+/// uses the library.
 #ifndef STEPRT_ATTRIBUTE_LISTS_H
 #define STEPRT_ATTRIBUTE_LISTS_H
 
@@ -15,6 +18,9 @@
 #include <utility>
 
 namespace steprt {
+
+template <class T>
+class List;
 
 namespace detail {
 
@@ -33,8 +39,8 @@ class Aggregate : public Presence {
     for (const STEPlist* node = aggregate_.head; node; node = node->next) ++size;
     return size;
   }
-  /// The nodes, for what this class does not offer; an added node must come from new.
-  STEPaggr& Nodes() { return aggregate_; }
+  /// The first node, for what this class does not offer; null if there is none.
+  const STEPlist* Head() const { return aggregate_.head; }
 
  protected:
   void Mark(STEPitem mark) {
@@ -42,12 +48,19 @@ class Aggregate : public Presence {
     last_ = nullptr;
     mark_ = mark;
   }
-  // Ready to be read into. Returns false if the value has been read, because it is a `$` or a `*`.
-  bool BeginRead(STEPtransfer* t, const char* name) {
-    Mark(STEP_END);
-    return !ReadMark(t, name);
+  // Prepares a read. Returns false if the value has been read: a `$`, a `*`, or no list.
+  bool BeginRead(STEPtransfer* t, const char* name, const char* message) {
+    Clear();
+    if (ReadMark(t, name)) return false;
+    if (rSTEPkind(t, name) == STEP_LIST || !rSTEPrefuse(t, name, message)) return true;
+    Omit();
+    return false;
   }
-  // Appends in constant time, unless the nodes were changed by others since.
+  void RemoveNode(const STEPheader* object) {
+    last_ = nullptr;
+    aggregate_.Delete(const_cast<STEPheader*>(object));
+  }
+  // Appends in constant time, but for the first time after a read.
   STEPlist& AddNode() {
     auto* node = new STEPlist;
     STEPlist** link = last_ ? &last_->next : &aggregate_.head;
@@ -81,6 +94,19 @@ class Aggregate : public Presence {
  private:
   STEPlist* last_ = nullptr;
 };
+
+// The lists that have a form of their own in XML: texts are 'a';'b' there, integers 1;2. Other lists are clear text in
+// their element.
+template <class AnyList>
+void ReadElementList(AnyList& /*list*/, STEPtransfer* /*t*/, const char* /*name*/) {}
+template <class AnyList>
+bool WriteElementList(const AnyList& /*list*/, STEPtransfer* /*t*/, const char* /*name*/) {
+  return false;
+}
+void ReadElementList(List<Text>& list, STEPtransfer* t, const char* name);
+bool WriteElementList(const List<Text>& list, STEPtransfer* t, const char* name);
+void ReadElementList(List<Integer>& list, STEPtransfer* t, const char* name);
+bool WriteElementList(const List<Integer>& list, STEPtransfer* t, const char* name);
 
 }  // namespace detail
 
@@ -134,13 +160,16 @@ class List : public detail::Presence {
   void Read(STEPtransfer* t, const char* name) {
     Clear();
     if (ReadMark(t, name)) return;
-    if (rSTEPkind(t, name) != STEP_LIST) return Refuse(t, name);
+    if (rSTEPkind(t, name) != STEP_LIST) {
+      if (rSTEPrefuse(t, name, "Missing list")) return Omit();
+      return detail::ReadElementList(*this, t, name);
+    }
     if (!rSTEPopen(t, name)) return;
     while (rSTEPkind(t, nullptr) != STEP_END) Add().Read(t, nullptr);
     rSTEPclose(t);
   }
   void Write(STEPtransfer* t, const char* name) const {
-    if (WriteMark(t, name)) return;
+    if (WriteMark(t, name) || detail::WriteElementList(*this, t, name)) return;
     wSTEPopen(t, name, nullptr);
     for (const Node* node = first_; node; node = node->next) node->value.Write(t, nullptr);
     wSTEPclose(t);
@@ -171,13 +200,6 @@ class List : public detail::Presence {
     tail_ = &first_;
     mark_ = mark;
   }
-  // Reports a value that is no list, and passes over it.
-  void Refuse(STEPtransfer* t, const char* name) {
-    const bool isTyped = rSTEPkind(t, name) == STEP_TYPED;
-    xrSTEPaggrPrim(t, name, nullptr);
-    if (isTyped) rSTEPskip(t, name);
-  }
-
   Node* first_ = nullptr;
   Node** tail_ = &first_;
 };
@@ -206,7 +228,7 @@ class List<Real> : public detail::Aggregate {
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
     STEPaggr* out = &aggregate_;
-    if (BeginRead(t, name)) xrSTEPaggrPrim(t, name, &out);
+    if (BeginRead(t, name, "Missing primitive in list")) xrSTEPaggrPrim(t, name, &out);
   }
   void Write(STEPtransfer* t, const char* name) const {
     if (!WriteMark(t, name)) xwSTEPaggrPrim(t, name, Address());
@@ -220,8 +242,8 @@ class List<Real> : public detail::Aggregate {
   /// @endcond
 };
 
-/// A list of references. Iteration passes over omitted members and over instances of another class than T; Nodes has
-/// all of them.
+/// A list of references. Iteration passes over omitted members and over instances of another class than T; Head leads
+/// to all of them.
 template <class T>
 class List<Ref<T>> : public detail::Aggregate {
  public:
@@ -247,12 +269,13 @@ class List<Ref<T>> : public detail::Aggregate {
   };
   Iterator begin() const { return Iterator(aggregate_.head); }  ///< the first element
   Iterator end() const { return Iterator(nullptr); }            ///< the end
-  void Add(T* object) { AddNode().value.object = object; }      ///< appends; null is written as `$`
+  void Remove(T* object) { RemoveNode(object); }            ///< the first member that is this instance, if there is one
+  void Add(T* object) { AddNode().value.object = object; }  ///< appends; null is written as `$`
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
     STEPaggr* out = &aggregate_;
-    if (BeginRead(t, name)) xrSTEPaggr(t, name, &out, T::kType, true);
+    if (BeginRead(t, name, "Missing reference")) xrSTEPaggr(t, name, &out, T::kType, true);
   }
   void Write(STEPtransfer* t, const char* name) const {
     if (!WriteMark(t, name)) xwSTEPaggr(t, name, Address());
@@ -269,6 +292,62 @@ class List<Ref<T>> : public detail::Aggregate {
   /// @endcond
 };
 
+namespace detail {
+
+/// An aggregate for the length of a call.
+struct TransientAggregate {
+  STEPaggr list;
+  STEPlist** tail = &list.head;
+  STEPlist& Add() {
+    *tail = new STEPlist;
+    STEPlist& node = **tail;
+    tail = &node.next;
+    return node;
+  }
+  ~TransientAggregate() { DeleteSTEPlist(&list.head); }
+};
+
+inline void ReadElementList(List<Text>& list, STEPtransfer* t, const char* name) {
+  TransientAggregate read;
+  STEPaggr* out = &read.list;
+  xrSTEPtextAggr(t, name, &out);
+  for (STEPlist* node = read.list.head; node; node = node->next) {
+    list.Add() = static_cast<const char*>(node->value.text);
+    delete[] std::exchange(node->value.text, nullptr);
+  }
+}
+
+// The XML form of a list has no place for a text that is not there, nor for an apostrophe.
+inline bool WriteElementList(const List<Text>& list, STEPtransfer* t, const char* name) {
+  TransientAggregate written;
+  for (const Text& text : list) {
+    if (!text.IsPresent() || std::strchr(text.Get(), '\'')) return false;
+    written.Add().value.text = const_cast<char*>(text.Get());
+  }
+  xwSTEPtextAggr(t, name, &written.list);
+  return true;
+}
+
+inline void ReadElementList(List<Integer>& list, STEPtransfer* t, const char* name) {
+  TransientAggregate read;
+  STEPaggr* out = &read.list;
+  xrSTEPaggrPrim(t, name, &out);
+  for (const STEPlist* node = read.list.head; node; node = node->next) list.Add() = static_cast<int>(node->value.real);
+}
+
+// Numbers of a list are written with six digits.
+inline bool WriteElementList(const List<Integer>& list, STEPtransfer* t, const char* name) {
+  constexpr int kSixDigits = 999999;
+  TransientAggregate written;
+  for (const Integer& integer : list) {
+    if (!integer.IsPresent() || integer.Get() > kSixDigits || integer.Get() < -kSixDigits) return false;
+    written.Add().value.real = integer.Get();
+  }
+  xwSTEPaggrPrim(t, name, &written.list);
+  return true;
+}
+
+}  // namespace detail
 }  // namespace steprt
 
 #endif

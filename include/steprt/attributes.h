@@ -1,16 +1,22 @@
+/// @file
 /// Attribute types: what the entity classes of record.h are made of. Each owns what it holds, and tells an omitted
-/// value (`$`), a derived one (`*`) and an empty one apart, so that a record is written as it was read.
+/// value (`$`), a derived one (`*`) and an empty one apart.
 ///
-///   struct Door : steprt::Entity<Door, kDoor, Element> {
-///     steprt::Real Width;                          // door.Width = 0.9;  door.Width.Or(1.0)
-///     steprt::Enumeration<Swing> Opens;            // door.Opens = Swing::kLeft
-///     steprt::Ref<Person> Maker;                   // if (Person* maker = door.Maker.Get()) ...
-///     steprt::List<steprt::Ref<Hinge>> Hinges;     // for (Hinge& hinge : door.Hinges) ...
-///   };
+///     struct Door : steprt::Entity<Door, kDoor, Element> {
+///       steprt::Real Width;                          // door.Width = 0.9;  door.Width.Or(1.0)
+///       steprt::Enumeration<Swing> Opens;            // door.Opens = Swing::kLeft
+///       steprt::Ref<Person> Maker;                   // if (Person* maker = door.Maker.Get()) ...
+///       steprt::List<steprt::Ref<Hinge>> Hinges;     // for (Hinge& hinge : door.Hinges) ...
+///     };
 ///
-/// A new attribute is omitted. Attributes cannot be copied or moved: a transfer stores references into them at its end.
-/// Memory that runs out is std::bad_alloc, the client's. The limits of a file's form hold: a real has six significant
-/// digits, a text 256 characters.
+/// A new attribute is omitted. So is one whose value in the file is of another kind: that is reported, and the value is
+/// passed over. Attributes cannot be copied or moved: a transfer stores references into them at its end.
+///
+/// The limits of a file's form hold: a real has six significant digits, a text 256 characters, an integer 32 bits. The
+/// XML form does not tell a text that is `$` or `*` from a value that is not there. When memory runs out for what an
+/// attribute makes, that is std::bad_alloc; what the library makes is reported and lost, as read.h says.
+///
+/// One thread at a time uses the library.
 #ifndef STEPRT_ATTRIBUTES_H
 #define STEPRT_ATTRIBUTES_H
 
@@ -77,6 +83,14 @@ class Presence {
     return !IsPresent();
   }
   const char* Mark() const { return IsDerived() ? "*" : "$"; }
+  // Refuses a value that is missing or bracketed, which no reader of one value passes over whole.
+  bool RefuseBracketed(STEPtransfer* t, const char* name, const char* message) {
+    const STEPitem kind = rSTEPkind(t, name);
+    if (kind != STEP_END && kind != STEP_TYPED && kind != STEP_LIST) return false;
+    if (!rSTEPrefuse(t, name, message)) return false;
+    mark_ = STEP_OMITTED;
+    return true;
+  }
 
   STEPitem mark_ = STEP_OMITTED;  // STEP_END: there is a value
 };
@@ -98,7 +112,12 @@ class Scalar : public Presence {
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
-    if (!ReadMark(t, name) && !Form::Read(t, name, value_)) mark_ = STEP_OMITTED;
+    if (ReadMark(t, name)) return;
+    if (Form::Fits(rSTEPkind(t, name)) || !rSTEPrefuse(t, name, Form::kMissing)) {
+      value_ = Form::Read(t, name);
+    } else {
+      mark_ = STEP_OMITTED;
+    }
   }
   void Write(STEPtransfer* t, const char* name) const {
     if (!WriteMark(t, name)) Form::Write(t, name, value_);
@@ -115,43 +134,36 @@ class Scalar : public Presence {
   T value_ = T();
 };
 
-// A number that is none is reported and passed over, so that the attributes after it keep their places.
+// What each form reads, writes and prints, and which kinds of value it takes. A keyword that is none of its own is
+// reported by its reader.
 struct IntegerForm {
-  static bool Read(STEPtransfer* t, const char* name, int& value) {
-    const STEPitem kind = rSTEPkind(t, name);
-    value = rSTEPint(t, name);
-    if (kind != STEP_INT && kind != STEP_END) rSTEPskip(t, name);
-    return kind != STEP_END;
-  }
+  static constexpr const char* kMissing = "Missing integer";
+  static bool Fits(STEPitem kind) { return kind == STEP_INT; }
+  static int Read(STEPtransfer* t, const char* name) { return rSTEPint(t, name); }
   static void Write(STEPtransfer* t, const char* name, int value) { wSTEPint(t, name, value); }
   static void Print(std::string& out, int value) { out += std::to_string(value); }
 };
 
 struct RealForm {
-  static bool Read(STEPtransfer* t, const char* name, double& value) {
-    const STEPitem kind = rSTEPkind(t, name);
-    value = rSTEPreal(t, name);
-    if (kind != STEP_REAL && kind != STEP_INT && kind != STEP_END) rSTEPskip(t, name);
-    return kind != STEP_END;
-  }
+  static constexpr const char* kMissing = "Missing real";
+  static bool Fits(STEPitem kind) { return kind == STEP_REAL || kind == STEP_INT; }
+  static double Read(STEPtransfer* t, const char* name) { return rSTEPreal(t, name); }
   static void Write(STEPtransfer* t, const char* name, double value) { wSTEPreal(t, name, value); }
   static void Print(std::string& out, double value) { PrintNumber(out, value); }
 };
 
 struct BooleanForm {
-  static bool Read(STEPtransfer* t, const char* name, bool& value) {
-    value = rSTEPbool(t, name);
-    return true;
-  }
+  static constexpr const char* kMissing = "Missing bool";
+  static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
+  static bool Read(STEPtransfer* t, const char* name) { return rSTEPbool(t, name); }
   static void Write(STEPtransfer* t, const char* name, bool value) { wSTEPbool(t, name, value); }
   static void Print(std::string& out, bool value) { out += value ? ".T." : ".F."; }
 };
 
 struct LogicalForm {
-  static bool Read(STEPtransfer* t, const char* name, int& value) {
-    value = rSTEPlog(t, name);
-    return true;
-  }
+  static constexpr const char* kMissing = "Missing logical";
+  static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
+  static int Read(STEPtransfer* t, const char* name) { return rSTEPlog(t, name); }
   static void Write(STEPtransfer* t, const char* name, int value) { wSTEPlog(t, name, value); }
   static void Print(std::string& out, int value) { out += value < 0 ? ".U." : value > 0 ? ".T." : ".F."; }
 };
@@ -178,10 +190,11 @@ namespace detail {
 
 template <class E>
 struct EnumerationForm {
-  static bool Read(STEPtransfer* t, const char* name, E& value) {
+  static constexpr const char* kMissing = "Missing enumeration";
+  static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
+  static E Read(STEPtransfer* t, const char* name) {
     const EnumeratorNames all = NamesOf(E());
-    value = static_cast<E>(rSTEPenum(t, name, all.names, all.count));
-    return true;
+    return static_cast<E>(rSTEPenum(t, name, all.names, all.count));
   }
   static void Write(STEPtransfer* t, const char* name, E value) {
     wSTEPenum(t, name, static_cast<int>(value), NamesOf(value).names);
@@ -191,80 +204,66 @@ struct EnumerationForm {
 
 }  // namespace detail
 
-/// An enumerator. A function of the enumeration's own namespace gives the names:
+/// An enumerator. A function in the namespace of the enumeration returns the names:
 ///
-///   inline steprt::EnumeratorNames NamesOf(Swing) {
-///     static const char* names[] = {".LEFT.", ".RIGHT."};
-///     return {names, 2};
-///   }
+///     inline steprt::EnumeratorNames NamesOf(Swing) {
+///       static const char* names[] = {".LEFT.", ".RIGHT."};
+///       return {names, 2};
+///     }
 template <class E>
 using Enumeration = detail::Scalar<E, detail::EnumerationForm<E>>;
 
 /// A text, without its apostrophes. Encoded characters stay as they are in the file.
-class Text {
+class Text : public detail::Presence {
  public:
   Text() = default;
-  Text(const Text&) = delete;
-  Text& operator=(const Text&) = delete;
-  ~Text() { Release(); }
+  ~Text() { delete[] chars_; }
 
   /// Takes a copy of the text.
   Text& operator=(std::string_view text) {
     char* copy = new char[text.size() + 1];
     if (!text.empty()) std::memcpy(copy, text.data(), text.size());
     copy[text.size()] = '\0';
-    Replace(copy);
+    Become(STEP_END, copy);
     return *this;
   }
-  /// Takes a copy of the text.
-  Text& operator=(const char* text) { return *this = std::string_view(text); }
-  void Omit() { Replace(nullptr); }      ///< `$`
-  void Derive() { Replace(Derived()); }  ///< `*`
-
-  bool IsPresent() const { return chars_ && !IsDerived(); }  ///< a text, which may be empty
-  bool IsOmitted() const { return !chars_; }                 ///< `$`
-  bool IsDerived() const { return chars_ == Derived(); }     ///< `*`
+  /// Takes a copy of the text; null omits it.
+  Text& operator=(const char* text) {
+    if (text) return *this = std::string_view(text);
+    Omit();
+    return *this;
+  }
+  void Omit() { Become(STEP_OMITTED, nullptr); }    ///< `$`
+  void Derive() { Become(STEP_DERIVED, nullptr); }  ///< `*`
 
   /// The text; empty if there is none. Valid until the attribute changes.
-  const char* Get() const { return IsPresent() ? chars_ : ""; }
+  const char* Get() const { return chars_ ? chars_ : ""; }
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
-    const STEPitem null = rSTEPnull(t, name);
-    if (null == STEP_END) {
-      *this = rSTEPtext(t, name);
-    } else {
-      Replace(null == STEP_DERIVED ? Derived() : nullptr);
-    }
+    Omit();
+    if (ReadMark(t, name) || RefuseBracketed(t, name, "Missing text")) return;
+    *this = rSTEPtext(t, name);
   }
   void Write(STEPtransfer* t, const char* name) const {
-    if (IsDerived()) return wSTEPtoken(t, name, "*");
-    wSTEPtext(t, name, chars_);
+    if (!WriteMark(t, name)) wSTEPtext(t, name, chars_);
   }
   bool Equals(const Text& other, const SameInstance& /*same*/) const {
-    return IsPresent() == other.IsPresent() && IsDerived() == other.IsDerived() && std::strcmp(Get(), other.Get()) == 0;
+    return mark_ == other.mark_ && std::strcmp(Get(), other.Get()) == 0;
   }
   void Print(std::string& out) const {
-    if (!IsPresent()) return void(out += IsDerived() ? '*' : '$');
-    out.append(1, '\'').append(chars_).append(1, '\'');
+    if (!PrintMark(out)) out.append(1, '\'').append(chars_).append(1, '\'');
   }
   /// @endcond
 
  private:
-  // Stands for a derived text, so that one pointer tells three states apart.
-  static char* Derived() {
-    static char mark = '\0';
-    return &mark;
-  }
-  void Release() {
-    if (!IsDerived()) delete[] chars_;
-  }
-  void Replace(char* chars) {
-    Release();
+  void Become(STEPitem mark, char* chars) {
+    delete[] chars_;
     chars_ = chars;
+    mark_ = mark;
   }
 
-  char* chars_ = nullptr;
+  char* chars_ = nullptr;  // null: there is no text
 };
 
 /// A binary, as the file has it: "1A", quotation marks included, at most 256 characters.
@@ -282,7 +281,12 @@ class Binary : public detail::Presence {
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
-    if (!ReadMark(t, name)) token_ = rSTEPtoken(t, name);
+    if (ReadMark(t, name)) return;
+    if (rSTEPkind(t, name) == STEP_BINARY || !rSTEPrefuse(t, name, "Missing binary")) {
+      token_ = rSTEPtoken(t, name);
+    } else {
+      Omit();
+    }
   }
   void Write(STEPtransfer* t, const char* name) const {
     if (!WriteMark(t, name)) wSTEPtoken(t, name, token_.Get());
@@ -302,25 +306,20 @@ class Binary : public detail::Presence {
 namespace detail {
 
 /// A reference to an instance of any class.
-class Reference {
+class Reference : public Presence {
  public:
-  Reference() = default;
-  Reference(const Reference&) = delete;
-  Reference& operator=(const Reference&) = delete;
-
-  void Omit() { object_ = nullptr; }
-  void Derive() { object_ = Derived(); }
-  bool IsPresent() const { return object_ && !IsDerived(); }
-  bool IsOmitted() const { return !object_; }
-  bool IsDerived() const { return object_ == Derived(); }
-  STEPheader* Object() const { return IsPresent() ? object_ : nullptr; }  ///< of any class; null if there is none
+  void Omit() { Become(STEP_OMITTED, nullptr); }
+  void Derive() { Become(STEP_DERIVED, nullptr); }
+  bool IsPresent() const { return object_; }
+  bool IsOmitted() const { return !object_ && !IsDerived(); }
+  STEPheader* Object() const { return object_; }  ///< of any class; null if there is none
 
   void Write(STEPtransfer* t, const char* name) const {
     if (IsDerived()) return wSTEPtoken(t, name, "*");
     xwSTEPref(t, name, object_);
   }
   bool Equals(const Reference& other, const SameInstance& same) const {
-    if (!IsPresent() || !other.IsPresent()) return object_ == other.object_;
+    if (!object_ || !other.object_) return object_ == other.object_ && IsDerived() == other.IsDerived();
     return same(object_, other.object_);
   }
   void Print(std::string& out) const {
@@ -329,17 +328,18 @@ class Reference {
   }
 
  protected:
-  void ReadAs(STEPtransfer* t, const char* name, int expected) {
-    const STEPitem null = rSTEPnull(t, name);
-    object_ = null == STEP_DERIVED ? Derived() : nullptr;
-    if (null == STEP_END) xrSTEPref(t, name, &object_, expected, true);
+  void Become(STEPitem mark, STEPheader* object) {
+    mark_ = mark;
+    object_ = object;
   }
-  // Stands for a derived reference. Nothing looks into it.
-  static STEPheader* Derived() {
-    alignas(STEPheader) static char mark = '\0';
-    return reinterpret_cast<STEPheader*>(&mark);
+  // The instance may be stored only when the transfer ends.
+  void ReadAs(STEPtransfer* t, const char* name, int expected) {
+    Omit();
+    if (ReadMark(t, name) || RefuseBracketed(t, name, "Missing reference")) return;
+    xrSTEPref(t, name, &object_, expected, true);
   }
 
+ private:
   STEPheader* object_ = nullptr;
 };
 
@@ -352,7 +352,7 @@ class Ref : public detail::Reference {
  public:
   /// Refers to that instance; null is an omitted reference.
   Ref& operator=(T* object) {
-    object_ = object;
+    Become(object ? STEP_END : STEP_OMITTED, object);
     return *this;
   }
   T* Get() const { return dynamic_cast<T*>(Object()); }  ///< null if there is none, or none of class T

@@ -1,3 +1,4 @@
+/// @file
 /// Items: a value exactly as it is in the file, where no reader of read.h and no writer of write.h takes it. Such
 /// values are typed values, nested lists, `$` for a number, binaries, and values of an entity that a client knows
 /// nothing of.
@@ -16,7 +17,7 @@
 /// meaning. In XML the outermost value is the clear text of its element: an element NominalValue with the text
 /// `IFCLABEL('x')`.
 ///
-/// One thread at a time uses a transfer.
+/// In XML, outside an opened value, `name` is the element and must not be null. One thread at a time uses the library.
 #ifndef STEPRT_ITEMS_H
 #define STEPRT_ITEMS_H
 
@@ -40,7 +41,7 @@ enum STEPitem : int {
 };
 
 /// The most values that can be open at a time, one in the other.
-inline constexpr int kMaxOpenItems = 100;
+inline constexpr int STEPopenLimit = 100;
 
 extern "C" {
 
@@ -59,7 +60,7 @@ STEPRT_API STEPitem rSTEPnull(STEPtransfer* t, const char* name);
 /// that a read function leaves open.
 ///
 /// Returns the keyword of a typed value, at most 256 characters, or the empty text for a list. The text is valid until
-/// the next reader is called. Returns null, and reads nothing, if the next value is neither. If kMaxOpenItems values
+/// the next reader is called. Returns null, and reads nothing, if the next value is neither. If STEPopenLimit values
 /// are open, the value is reported ("Too deep nesting") and passed over, and the result is null. In XML the result is
 /// null also when memory runs out, which is reported.
 STEPRT_API const char* rSTEPopen(STEPtransfer* t, const char* name);
@@ -79,6 +80,12 @@ STEPRT_API void rSTEPskip(STEPtransfer* t, const char* name);
 /// element.
 STEPRT_API const char* rSTEPtoken(STEPtransfer* t, const char* name);
 
+/// Reports `message` and passes over the next value, for a value that is of no use to the caller. At STEP_END it
+/// reports and reads nothing; where the record's `;` came early it does not report, as the readers of read.h do not.
+/// Returns true. In XML, outside an opened value, it does nothing and returns false: a text can be read as any value
+/// there.
+STEPRT_API bool rSTEPrefuse(STEPtransfer* t, const char* name, const char* message);
+
 /// Begins a typed value, or a list if `keyword` is null. The writers that follow write its members, until wSTEPclose.
 /// In XML, outside an opened value, `name` is the element and must stay valid until wSTEPclose.
 STEPRT_API void wSTEPopen(STEPtransfer* t, const char* name, const char* keyword);
@@ -87,8 +94,8 @@ STEPRT_API void wSTEPopen(STEPtransfer* t, const char* name, const char* keyword
 /// is open.
 STEPRT_API void wSTEPclose(STEPtransfer* t);
 
-/// Writes a token as it is: `$`, `*`, `"1A"`. The caller answers for its form. In XML, outside an opened value, it is
-/// the text of the element `name`.
+/// Writes a token as it is: $, *, or a binary with its quotation marks. Null is written as $. The caller answers for
+/// its form. In XML, outside an opened value, it is the text of the element `name`.
 STEPRT_API void wSTEPtoken(STEPtransfer* t, const char* name, const char* token);
 
 }  // extern "C"

@@ -1,21 +1,22 @@
+/// @file
 /// Entity classes that name their attributes once: reading, writing, comparing and printing follow.
 ///
-///   struct Person : steprt::Entity<Person, 1> {
-///     static constexpr const char* kKeyword = "PERSON";
-///     steprt::Text Name;
-///     void Describe(steprt::Description& d) override { d("Name", Name); }
-///   };
-///   struct Wall : steprt::Entity<Wall, 2> {
-///     static constexpr const char* kKeyword = "WALL";
-///     steprt::Real Height;
-///     steprt::Ref<Person> Owner;
-///     void Describe(steprt::Description& d) override { d("Height", Height)("Owner", Owner); }
-///   };
-///   inline constinit auto plant = steprt::Schema<Person, Wall>("PLANT");
+///     struct Person : steprt::Entity<Person, 1> {
+///       static constexpr const char* kKeyword = "PERSON";
+///       steprt::Text Name;
+///       void Describe(steprt::Description& d) override { d("Name", Name); }
+///     };
+///     struct Wall : steprt::Entity<Wall, 2> {
+///       static constexpr const char* kKeyword = "WALL";
+///       steprt::Real Height;
+///       steprt::Ref<Person> Owner;
+///       void Describe(steprt::Description& d) override { d("Height", Height)("Owner", Owner); }
+///     };
+///     inline auto plant = steprt::Schema<Person, Wall>("PLANT");   // C++20: constinit
 ///
-///   steprt::Model model(&plant);
-///   if (model.Read(false, path) != 0) ...
-///   for (Wall& wall : model.All<Wall>()) Visit(wall, wall.Owner.Get());
+///     steprt::Model model(&plant);
+///     if (model.Read(path) != 0) ...
+///     for (Wall& wall : model.All<Wall>()) Visit(wall, wall.Owner.Get());
 ///
 /// This header is the client's code: it uses the library's other headers and nothing else of it. Memory that runs out
 /// is std::bad_alloc, which passes through a read or a write as every exception of the client does.
@@ -236,6 +237,9 @@ class Model : public STEPmodel {
   Model(const Model&) = delete;
   Model& operator=(const Model&) = delete;
 
+  using STEPmodel::Read;
+  using STEPmodel::Write;
+  using STEPmodel::WriteXml;
   /// STEPmodel::Read of any text. `check`: read the data only if the file names this schema.
   int Read(const std::string& path, bool check = false) {
     return STEPmodel::Read(check, const_cast<char*>(path.c_str()));

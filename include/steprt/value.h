@@ -1,11 +1,13 @@
+/// @file
 /// A value of any kind, as an attribute: what a SELECT holds, or an attribute that a program keeps without knowing what
 /// it means.
 ///
-///   steprt::Value Nominal;                           // IFCLENGTHMEASURE(2.5)
-///   if (Nominal.Is("IFCLENGTHMEASURE")) Use(Nominal.First().Real());
-///   Nominal.SetTyped("IFCLABEL").SetText("x");
+///     steprt::Value Nominal;                           // IFCLENGTHMEASURE(2.5)
+///     if (Nominal.Is("IFCLENGTHMEASURE")) Use(Nominal.First().Real());
+///     Nominal.SetTyped("IFCLABEL").SetText("x");
 ///
-/// A value owns what is inside it. It cannot be copied or moved, as every attribute.
+/// A value owns its members. It cannot be copied or moved, as every attribute. A reference that the file could not
+/// resolve stays a STEP_REF without an instance, and is written as `$`. One thread at a time uses the library.
 #ifndef STEPRT_VALUE_H
 #define STEPRT_VALUE_H
 
@@ -114,7 +116,7 @@ class Value {
         return ReadMembers(t, name, kind);
       case STEP_OTHER:
         Omit();
-        return xrSTEPref(t, name, &as_.object, -1, true);  // reports "Missing reference" and passes over it
+        return void(rSTEPrefuse(t, name, "Missing value"));
       default:
         Become(kind == STEP_DERIVED ? STEP_DERIVED : STEP_OMITTED);
         return rSTEPskip(t, name);
@@ -175,7 +177,6 @@ class Value {
   bool HasChars() const {
     return kind_ == STEP_TEXT || kind_ == STEP_ENUM || kind_ == STEP_BINARY || kind_ == STEP_TYPED;
   }
-  // Values nest as deep as a client makes them; their release does not.
   void Release() {
     if (HasChars()) delete[] as_.chars;
     while (first_) {

@@ -29,8 +29,8 @@ using namespace steprt;
 
 // ---- clear text -----------------------------------------------------------------------------------------------------
 
-// The text of the number or reference that ends at the cursor. It lies in the block, unless it crosses the block's
-// start: then the tokeniser has copied it.
+// The text of the number or reference that ends at the cursor. It is in the block. Only if it began in the block
+// before, the tokeniser has copied it to the buffer.
 std::string_view NumberText(STEPtransfer* t) {
   const InputFile& in = *t->file.in;
   const char* start = in.Cursor();
@@ -75,8 +75,8 @@ STEPitem KindOf(STEPtransfer* t, int token) {
   }
 }
 
-// Reads the token of the next value and gives it back, so that its value waits for the next reader. An empty value
-// between two commas is passed over: a comma that is given back would be the separator of the next value.
+// Reads the token of the next value and pushes it back for the next reader. An empty value
+// between two commas is passed over: a comma that is pushed back would be the separator of the next value.
 STEPitem Peek(STEPtransfer* t) {
   int token = NextAttrToken(t);
   while (token == TOK_COMMA) token = NextAttrToken(t);
@@ -122,7 +122,7 @@ STEPitem NullFromTokens(STEPtransfer* t) {
 const char* OpenFromTokens(STEPtransfer* t) {
   const STEPitem kind = Peek(t);
   if (kind != STEP_TYPED && kind != STEP_LIST) return nullptr;
-  if (t->items.depth == kMaxOpenItems) {
+  if (t->items.depth == STEPopenLimit) {
     ReportError(t, kTooDeep);
     SkipValue(t);
     return nullptr;
@@ -254,6 +254,14 @@ void rSTEPclose(STEPtransfer* t) {
 
 void rSTEPskip(STEPtransfer* t, const char* /*name*/) {
   if (!t->xml) SkipValue(t);
+}
+
+bool rSTEPrefuse(STEPtransfer* t, const char* /*name*/, const char* message) {
+  if (t->xml) return false;
+  Peek(t);
+  if (t->lastToken != TOK_SEMI) ReportError(t, message);
+  SkipValue(t);
+  return true;
 }
 
 const char* rSTEPtoken(STEPtransfer* t, const char* name) {

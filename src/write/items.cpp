@@ -49,7 +49,7 @@ void wSTEPclose(STEPtransfer* t) {
 void wSTEPtoken(STEPtransfer* t, const char* name, const char* token) {
   if (t->xml) return PutElement(t, name, [=] { PutEscaped(t, token); });
   PutComma(t, TOK_NAME);
-  PutWord(t, token);
+  PutWord(t, token ? token : "$");
 }
 
 void steprt::EndOpenItems(STEPtransfer* t) {

@@ -147,8 +147,8 @@ TEST(Items, LeftOpenAreClosedByTheLibrary) {
 }
 
 TEST(Items, NestedTooDeepAreReportedOnceAndPassedOver) {
-  const std::string open(kMaxOpenItems, '(');
-  const std::string close(kMaxOpenItems, ')');
+  const std::string open(STEPopenLimit, '(');
+  const std::string close(STEPopenLimit, ')');
   EXPECT_EQ(Read("#1=PROBE(" + open + close + ",7);", ReadAll), Texts{open + close + ",7"});
   const std::string deep(100000, '(');
   EXPECT_EQ(Read("#1=PROBE(" + open + deep + "1" + std::string(deep.size(), ')') + close + ",7);", ReadAll),

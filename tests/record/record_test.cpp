@@ -37,20 +37,32 @@ TEST(Records, ArePrintedLikeClearText) {
 TEST(Records, LoseOneAttributeAndNoMore) {
   const auto lines = Table(R"(
     LINE(5,(#1),#1)             | LINE('',(#1),#1)     | Missing text
-    LINE('a',5,#1)              | LINE('a',(),#1)      | Missing reference
+    LINE(A('x',(1)),(#1),#1)    | LINE($,(#1),#1)      | Missing text
+    LINE('a',5,#1)              | LINE('a',$,#1)       | Missing reference
+    LINE('a',A(#1),#1)          | LINE('a',$,#1)       | Missing reference
     LINE('a',(#1,5),#1)         | LINE('a',(#1),#1)    | Missing reference
     LINE('a',$,'x')             | LINE('a',$,$)        | Missing reference
+    LINE('a',$,((1),2))         | LINE('a',$,$)        | Missing reference
     LINE('a',$,#2)              | LINE('a',$,#2)       | Reference to wrong object type ''
-    INTEGER('x')                | INTEGER(0)           | Missing integer
-    INTEGER(2.5)                | INTEGER(0)           | Missing integer
-    INTEGER(A(1))               | INTEGER(0)           | Missing integer
-    REAL(.T.)                   | REAL(0)              | Missing real
+    LINE('a')                   | LINE('a',$,$)        | Missing reference & Missing reference
+    LINE()                      | LINE($,$,$)          | Missing text & Missing reference & Missing reference
+    INTEGER('x')                | INTEGER($)           | Missing integer
+    INTEGER(2.5)                | INTEGER($)           | Missing integer
+    INTEGER(A(1))               | INTEGER($)           | Missing integer
+    REAL(.T.)                   | REAL($)              | Missing real
+    BOOLEAN((1))                | BOOLEAN($)           | Missing bool
+    LOGICAL()                   | LOGICAL($)           | Missing logical
     COLOUR(.PINK.)              | COLOUR(.RED.)        | Unknown enumeration '.PINK.'
-    ROWS((5,(1)))               | ROWS(((),(1)))       | Missing primitive in list
-    ROWS(A((1)))                | ROWS(())             | Missing primitive in list
-    INTEGERS((1,'x',(2),3))     | INTEGERS((1,0,0,3))  | Missing integer & Missing integer
-    VALUE(NAME)                 | VALUE($)             | Missing reference
-    FIGURE('x')                  |                      | Syntax
+    COLOUR(A(.RED.))            | COLOUR($)            | Missing enumeration
+    BINARY('x')                 | BINARY($)            | Missing binary
+    BINARY((((1))))             | BINARY($)            | Missing binary
+    BINARIES((((1)),"1A",A(1))) | BINARIES(($,"1A",$)) | Missing binary & Missing binary
+    REALS(A((1)))               | REALS($)             | Missing primitive in list
+    ROWS((5,(1)))               | ROWS(($,(1)))        | Missing primitive in list
+    ROWS(A((1)))                | ROWS($)              | Missing list
+    INTEGERS((1,'x',(2),3))     | INTEGERS((1,$,$,3))  | Missing integer & Missing integer
+    VALUE(NAME)                 | VALUE($)             | Missing value
+    FIGURE('x')                 |                      | Syntax
   )",
                            3);
   for (const Texts& row : lines) {
@@ -98,6 +110,8 @@ TEST(Records, AreEdited) {
   line->Centre = point;
   line->Points.Add(point);
   line->Points.Omit();
+  line->Points.Add(point);
+  line->Points.Remove(point);
   line->Points.Add(point);
   auto* value = new HasValue;
   value->A.SetText("text");

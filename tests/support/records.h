@@ -63,6 +63,7 @@ using HasRefs = Holder<List<Ref<Figure>>, 20>;
 using HasTexts = Holder<List<steprt::Text>, 21>;
 using HasRows = Holder<List<List<steprt::Real>>, 22>;
 using HasIntegers = Holder<List<steprt::Integer>, 23>;
+using HasBinaries = Holder<List<steprt::Binary>, 25>;
 using HasColours = Holder<List<steprt::Enumeration<Colour>>, 24>;
 
 template <>
@@ -95,11 +96,13 @@ template <>
 constexpr const char* const HasIntegers::kKeyword = "INTEGERS";
 template <>
 constexpr const char* const HasColours::kKeyword = "COLOURS";
+template <>
+constexpr const char* const HasBinaries::kKeyword = "BINARIES";
 
 inline constinit auto recordSchema =
     steprt::Schema<Point, Figure, Line, HasText, HasInteger, HasReal, HasBoolean, HasLogical, HasColour, HasBinary,
-                   HasRef, HasValue, HasReals, HasRefs, HasTexts, HasRows, HasIntegers, HasColours>("FIGURES",
-                                                                                                    CollectReport);
+                   HasRef, HasValue, HasReals, HasRefs, HasTexts, HasRows, HasIntegers, HasColours, HasBinaries>(
+        "FIGURES", CollectReport);
 
 // The data section of the file that the model is written to.
 inline std::string WrittenData(steprt::Model& model) {
@@ -161,6 +164,7 @@ inline constexpr char kRecords[] = R"(
   ROWS(())
   INTEGERS((1,-1234567,0))
   COLOURS((.RED.,.GREEN.,$))
+  BINARIES(("1A",$,*))
 )";
 
 inline constexpr char kPointAndLine[] = "#1 = POINT((0,1));\n#2 = LINE('l',(#1),#1);\n";
