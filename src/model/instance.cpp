@@ -54,7 +54,7 @@ void STEPheader::Changed() {
   if (model) model->changed = true;
 }
 
-// The empty text where STEPmodel::EntityName says "Unknown": the two differ on purpose.
+// Returns the empty text where STEPmodel::EntityName returns "Unknown". The difference is intended.
 const char* STEPheader::EntityName() {
   if (!model) return "";
   const APPentity* row = steprt::FindEntityByType(type, model->schema);

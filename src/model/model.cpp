@@ -83,7 +83,7 @@ void STEPmodel::RmInst(STEPheader* object) {
   }
 }
 
-// Each destructor takes its instance off the list, and so moves `first` on.
+// Each destructor removes its instance from the list, so `first` becomes the next one.
 void STEPmodel::Delete() {
   while (first) {
     if (!first->model) first->model = this;     // AddInst does not set it
@@ -108,7 +108,7 @@ bool STEPmodel::Locked() { return locked; }
 
 void STEPmodel::SetLocked(bool value) { locked = value; }
 
-// The values wrap to 0, not to 1.
+// After the last number comes 0, not 1. That is intended.
 int STEPmodel::GetEntId() {
   lastId = lastId >= kLastId ? 0 : lastId + 1;
   return lastId;

@@ -1,4 +1,5 @@
-// The index of a model's schema: built on demand, dropped with the model.
+// Members of STEPmodel that build and remove the index of its schema. A model removes it when it is destroyed, whoever
+// has built it.
 #include "schema/generation.h"
 #include "schema/index.h"
 #include "schema/rows.h"
@@ -9,15 +10,15 @@ namespace {
 
 using namespace steprt;
 
-// The node of the name's bucket that stands for this very row. It is the one that FindIndexNode gives unless another
-// row bears the name too; so each row is linked once, and siblings never form a ring.
+// The node of this row in the bucket of its name. FindIndexNode would return another one if two rows share the name.
+// So each row is linked once, and siblings never form a ring.
 APPindexNode* OwnNode(const APPentity& row, APPindexNode** table) {
   APPindexNode* node = table[HashName(row.name)];
   while (node && node->row != &row) node = node->next;
   return node;
 }
 
-// Each child goes to the front, so that siblings stand in the reverse of row order.
+// Each child becomes the first one, so siblings are in the reverse of row order.
 void LinkToParent(const APPentity& row, APPindexNode** table) {
   if (!row.super) return;
   APPindexNode* parent = FindIndexNode(row.super, table);

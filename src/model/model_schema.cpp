@@ -1,4 +1,4 @@
-// Members of STEPmodel that only ask its schema.
+// Members of STEPmodel that only query or set its schema.
 #include "schema/chain.h"
 #include "schema/lookup.h"
 #include "steprt/model.h"

@@ -12,10 +12,10 @@ namespace {
 constinit char emptyByte = '\0';
 constinit char* const sharedEmpty = &emptyByte;
 
-// Null counts as empty. What does not fit an int is cut.
+// Null counts as empty. A text whose length does not fit an int is cut.
 int LengthOf(const char* text) { return text ? static_cast<int>(strnlen(text, INT_MAX - 1)) : 0; }
 
-// The text may lie in the buffer itself.
+// The text may be part of the buffer itself.
 void PutText(char* buffer, const char* text, int length) {
   if (length > 0) std::memmove(buffer, text, static_cast<std::size_t>(length));
   buffer[length] = '\0';
@@ -88,7 +88,7 @@ void STEPstring::AllocCopy(STEPstring& target) const {
   if (target.capacity > 0) PutText(target.data, data, target.length);
 }
 
-// A buffer never shrinks; an empty text leaves it in place.
+// A buffer never shrinks, and an empty text keeps it.
 void STEPstring::AssignCopy(const char* text) {
   const int n = LengthOf(text);
   if (n > capacity) {

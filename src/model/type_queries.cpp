@@ -1,4 +1,4 @@
-// The queries of STEPmodel: the instances of a type, out of the model or out of an aggregate, in the source's order.
+// The queries of STEPmodel: the instances of a type, from the model or from an aggregate, in the order of the source.
 #include "steprt/aggregate.h"
 #include "steprt/instance.h"
 #include "steprt/model.h"
@@ -15,7 +15,7 @@ constexpr int kAllLevels = 31;
 // The types that a query asks for.
 class TypeSet {
  public:
-  // A depth below 2 does not consult the schema: the type need not have a row.
+  // With a depth below 2 the schema is not needed, and the type may have no row.
   TypeSet(APPobject0* schema, int type, int depth) {
     if (depth >= 2) {
       count_ = ExtractTypes(schema, type, types_, kMaxTypes, depth);
@@ -41,7 +41,7 @@ class Answer {
  public:
   explicit Answer(STEPlist** head) : tail_(head) {}
 
-  // False without memory for the node.
+  // Returns false when memory runs out.
   [[nodiscard]] bool Add(STEPheader* object) {
     auto* node = MakeOrNull<STEPlist>();
     if (!node) return false;

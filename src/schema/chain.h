@@ -1,4 +1,5 @@
-// Chains of descriptors, as a whole.
+// Chains of descriptors as a whole: a model's schema is the first descriptor of one. Libraries that are attached later
+// append theirs.
 #ifndef STEPRT_SCHEMA_CHAIN_H
 #define STEPRT_SCHEMA_CHAIN_H
 
@@ -6,13 +7,13 @@
 
 namespace steprt {
 
-// A descriptor without a name bears the empty one.
+// The descriptor's name, which is empty if it has none.
 inline const char* NameOf(const APPobject0& schema) { return schema.name ? schema.name : ""; }
 
-// The first descriptor of the chain that bears the name, in any case, or null.
+// The first descriptor of the chain with this name, compared case-insensitively; null if there is none.
 APPobject0* FindSchema(APPobject0* chain, const char* name);
 
-// Links `added` alone behind the chain: what followed it is cut off. It must not be on the chain.
+// Appends `added` alone: what followed it is cut off. It must not be on the chain already.
 void AppendSchema(APPobject0* chain, APPobject0* added);
 
 }  // namespace steprt

@@ -8,9 +8,9 @@
 namespace steprt {
 namespace {
 
-constexpr int kLevels = 32;
+constexpr int kLevels = 32;  // that need no heap; few schemas have more
 
-// The subtypes of one name along a chain, one after the other.
+// Walks through the subtypes of one name along a chain.
 struct ChainLevel {
   const APPentity* Next() {
     for (; schema; schema = schema->next, row = schema ? schema->entities : nullptr) {
@@ -25,12 +25,12 @@ struct ChainLevel {
 
   APPobject0* head;
   const char* name;
-  APPobject0* schema;    // where the walk stands,
-  const APPentity* row;  // and the row of it that comes next
+  APPobject0* schema;    // at which the walk is,
+  const APPentity* row;  // and its next row
 };
 
-// The same in the tree of an index. Like the chain's, it goes by name: of two rows that share one, both lead on to the
-// subtypes of that name.
+// The same in the tree of an index. It goes by name, too: if two rows share a name, each leads to all subtypes of that
+// name.
 struct TreeLevel {
   const APPentity* Next() {
     if (!node) return nullptr;
@@ -49,7 +49,7 @@ struct TreeLevel {
   const APPindexNode* node;
 };
 
-// A stack of levels in place of a recursion: a ring of supertypes is as deep as the caller's capacity.
+// Uses a stack of levels instead of recursion, because a ring of supertypes is as deep as the caller's capacity.
 template <typename Level>
 int Expand(const Level& first, int* out, int capacity, int depth) {
   Stack<Level, kLevels> levels;

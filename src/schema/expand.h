@@ -1,4 +1,4 @@
-// A type's subtypes, depth first. ExtractTypes of schema.h stands on these.
+// A type's subtypes, depth first. ExtractTypes of schema.h is made of these.
 #ifndef STEPRT_SCHEMA_EXPAND_H
 #define STEPRT_SCHEMA_EXPAND_H
 
@@ -6,13 +6,13 @@
 
 namespace steprt {
 
-// Store the types of the subtypes of `name` into `out`, and give the capacity that is left; the rest is dropped. The
-// direct subtypes are stored whatever the depth, theirs from a depth of 2 on, and so forth. Where supertypes form a
-// ring, the types repeat until depth or capacity ends them. Without memory for a level, which takes a tree of more than
-// 32, the subtypes on it are dropped too.
+// Store the types of the subtypes of `name` into `out` and return the capacity that is left. What does not fit is
+// dropped. The direct subtypes are stored whatever the depth is; those of the next level from a depth of 2 on, and so
+// forth. If supertypes form a ring, types repeat until depth or capacity is used up. When memory runs out for a level,
+// which takes a tree of more than 32, the subtypes on it are dropped too.
 //
-// The first goes along the chain, in row order, unless `schema` has an index; then it is the second, which goes by the
-// index's tree. A name without a row has no subtypes there.
+// The first follows the chain, in row order. If `schema` has an index, it does what the second does, which follows the
+// tree of the index; there, a name without a row has no subtypes.
 int ExpandSubtypes(APPobject0* schema, const char* name, int* out, int capacity, int depth);
 int ExpandIndexedSubtypes(APPindexNode** table, const char* name, int* out, int capacity, int depth);
 

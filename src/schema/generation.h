@@ -1,5 +1,6 @@
-// The changes that the library makes to schema chains and their indexes: how many there were, and which descriptors the
-// latest of them concerned. So whoever remembers lookups can see whether they may be out of date.
+// Counts the changes that the library makes to schema chains and their indexes, and notes which descriptors the latest
+// ones concerned. A snapshot of lookups can so tell whether it is out of date, and a change to one chain leaves the
+// snapshots of others valid.
 #ifndef STEPRT_SCHEMA_GENERATION_H
 #define STEPRT_SCHEMA_GENERATION_H
 
@@ -10,12 +11,13 @@ namespace steprt {
 inline constexpr unsigned kNotedChanges = 8;
 
 inline constinit unsigned schemaGeneration = 0;
-inline constinit const APPobject0* notedChanges[kNotedChanges] = {};  // to be compared, no more: they may have gone
+inline constinit const APPobject0* notedChanges[kNotedChanges] = {};  // only compared, never used: they may be gone
 
-// The descriptor's index is another now, or its place in a chain.
+// Call it after a change to the descriptor's index or to its place in a chain.
 inline void NoteChange(const APPobject0* schema) { notedChanges[schemaGeneration++ % kNotedChanges] = schema; }
 
-// Whether a descriptor of the chain may have changed since the generation.
+// Whether a descriptor of the chain may have changed since that generation. If too many changes were made in between to
+// tell, the answer is true.
 inline bool HasChanged(const APPobject0* chain, unsigned since) {
   if (schemaGeneration - since > kNotedChanges) return true;
   for (; since != schemaGeneration; ++since) {

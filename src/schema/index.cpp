@@ -7,7 +7,7 @@
 
 namespace steprt {
 
-// The weights run 1, 2, 4 ... 64 and start over. The sum is unsigned, so that it may wrap; seven bits survive.
+// The weights are 1, 2, 4 ... 64, again and again. The sum is unsigned, so it may wrap; its last seven bits count.
 int HashName(const char* name) {
   std::uint32_t sum = 0;
   std::uint32_t weight = 1;

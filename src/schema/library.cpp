@@ -9,30 +9,30 @@ namespace {
 
 constexpr int kFirstFetched = 2;  // LoadFunct's first entry number
 constexpr std::size_t kKeyLimit = 19;
-constexpr int kPathRoom = 128;
+constexpr int kPathBuffer = 128;
 
-constinit char keyRoom[kKeyLimit + 1] = "";
+constinit char keyBuffer[kKeyLimit + 1] = "";
 
 void MakeUpper(char* text) {
   for (; *text; ++text) *text = steprt::ToUpper(*text);
 }
 
-// What stands behind the last backslash, or the whole path; a slash is no separator. Of a longer text the end is kept,
-// which tells modules of one folder apart.
+// The part after the last backslash, or the whole path; a slash is no separator. A longer text keeps its end, which
+// tells the modules of one folder apart.
 const char* KeyOf(const char* path) {
   const char* backslash = std::strrchr(path, '\\');
   const char* key = backslash ? backslash + 1 : path;
   const std::size_t length = std::strlen(key);
-  std::strcpy(keyRoom, length > kKeyLimit ? key + (length - kKeyLimit) : key);
-  MakeUpper(keyRoom);
-  return keyRoom;
+  std::strcpy(keyBuffer, length > kKeyLimit ? key + (length - kKeyLimit) : key);
+  MakeUpper(keyBuffer);
+  return keyBuffer;
 }
 
-// The first module of the chain in whose upper-cased path the key occurs, anywhere; null if none.
+// The first module of the chain whose path contains the key, anywhere and case-insensitively; null if there is none.
 HINSTANCE FindInChain(const char* key) {
   for (const STEPmodule* each = steprt::FirstModule(); each; each = each->next) {
-    char path[kPathRoom];
-    steprt::ModulePath(each->module, path, kPathRoom);
+    char path[kPathBuffer];
+    steprt::ModulePath(each->module, path, kPathBuffer);
     MakeUpper(path);
     if (std::strstr(path, key)) return each->module;
   }
@@ -72,7 +72,7 @@ int STEPlib::LoadFunct(Entry* table, int count) {
 
 void STEPlib::UnloadDLL(int count) {
   while (count > 0 && steprt::ReleaseModule(handle)) --count;
-  // Not by delete: the object is of a derived class as a rule, since LoadFunct is protected, and so of another size.
+  // Not by delete: LoadFunct is protected, so the object is usually of a derived class, and of another size.
   this->~STEPlib();
   ::operator delete(static_cast<void*>(this));
 }

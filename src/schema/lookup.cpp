@@ -23,7 +23,7 @@ APPentity* FindEntityLinear(int type, APPobject0* schema) {
 bool IsSubtype(APPobject0* schema, int expected, int actual) {
   if (expected < 0 || expected == actual) return true;
   const APPentity* row = FindEntityByType(actual, schema);
-  // `mark` is a row passed earlier, moved up at every power of two: in a ring the walk comes back to it.
+  // `mark` is an earlier row of the walk, renewed at each power of two. In a ring, the walk returns to it.
   const APPentity* mark = nullptr;
   for (unsigned step = 1; row; ++step) {
     if (row->type == expected) return true;

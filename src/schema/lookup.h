@@ -1,4 +1,5 @@
-// Entities of a schema chain, by name and by type. A null schema has none.
+// Finds entities of a schema chain by name and by type. A null schema has none. See lookup_cache.h for the same during
+// a transfer.
 #ifndef STEPRT_SCHEMA_LOOKUP_H
 #define STEPRT_SCHEMA_LOOKUP_H
 
@@ -6,14 +7,16 @@
 
 namespace steprt {
 
-// The row of that name or type, or null: from the index of `schema` when it has one, else the first along the chain.
+// The row of that name or type; null if there is none. If `schema` has an index, the index finds it; else it is the
+// first along the chain.
 APPentity* FindEntityByName(const char* name, APPobject0* schema);
 APPentity* FindEntityByType(int type, APPobject0* schema);
 
-// The first row of that type along the chain, whatever the index says.
+// The first row of that type along the chain, even if there is an index.
 APPentity* FindEntityLinear(int type, APPobject0* schema);
 
-// Whether `actual` is `expected` or a subtype of it. True for a negative `expected`. A ring of supertypes ends it.
+// Whether `actual` is `expected` or a subtype of it. A negative `expected` stands for any type. The walk through the
+// supertypes also ends if they form a ring.
 bool IsSubtype(APPobject0* schema, int expected, int actual);
 
 }  // namespace steprt

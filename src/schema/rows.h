@@ -1,4 +1,5 @@
-// The walk over a chain's rows, in chain order and row order.
+// The only walk over the rows of a chain. It follows the order of the chain and of the rows, on which several results
+// depend: the first row of a name or a type wins.
 #ifndef STEPRT_SCHEMA_ROWS_H
 #define STEPRT_SCHEMA_ROWS_H
 
@@ -6,7 +7,7 @@
 
 namespace steprt {
 
-// The first row for which `matches` is true, or null.
+// The first row for which `matches` returns true; null if there is none.
 template <typename Predicate>
 APPentity* FindRow(APPobject0* schema, Predicate matches) {
   for (; schema; schema = schema->next) {
@@ -19,7 +20,10 @@ APPentity* FindRow(APPobject0* schema, Predicate matches) {
 
 template <typename Action>
 void ForEachRow(APPobject0* schema, Action action) {
-  FindRow(schema, [&](APPentity& row) { return action(row), false; });
+  FindRow(schema, [&](APPentity& row) {
+    action(row);
+    return false;
+  });
 }
 
 }  // namespace steprt

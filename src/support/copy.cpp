@@ -2,7 +2,7 @@
 
 #include "steprt/text.h"
 
-// The two may be one, as in model.Name(model.Name()).
+// Source and destination may overlap, as in model.Name(model.Name()).
 char* Copy(char* destination, const char* source, int limit) {
   const std::size_t most = source && limit > 0 ? static_cast<std::size_t>(limit) : 0;
   const void* end = most > 0 ? std::memchr(source, '\0', most) : nullptr;

@@ -1,10 +1,10 @@
-// The text of an attribute that is not there, one for the whole library.
+// The text of an attribute that is absent, one for the whole library.
 #ifndef STEPRT_SUPPORT_EMPTY_TEXT_H
 #define STEPRT_SUPPORT_EMPTY_TEXT_H
 
 namespace steprt {
 
-// It lies in memory that cannot be written, though its type would allow it.
+// Never write to it: its memory is read-only, although the interface needs a type that would allow it.
 inline char* EmptyText() {
   static constexpr char kEmpty[1] = "";
   return const_cast<char*>(kEmpty);

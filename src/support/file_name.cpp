@@ -4,24 +4,24 @@
 
 namespace steprt {
 
-const char* DefaultFileName(TextBuffer& room, const char* name) {
+const char* DefaultFileName(TextBuffer& buffer, const char* name) {
   const char* backslash = std::strrchr(name, '\\');
   if (std::strchr(backslash ? backslash + 1 : name, '.')) return name;
-  room.Add(name).Add(".stp");
-  return room.IsCut() ? nullptr : room.Text();
+  buffer.Add(name).Add(".stp");
+  return buffer.IsCut() ? nullptr : buffer.Text();
 }
 
-const char* QuoteFileName(TextBuffer& room, const char* name) {
+const char* QuoteFileName(TextBuffer& buffer, const char* name) {
   for (const char* c = name; *c; ++c) {
-    if (*c == '\'') room.Add('\'');
-    room.Add(*c);
+    if (*c == '\'') buffer.Add('\'');
+    buffer.Add(*c);
   }
-  return room.IsCut() ? nullptr : room.Text();
+  return buffer.IsCut() ? nullptr : buffer.Text();
 }
 
-const char* CommentFileName(TextBuffer& room, const char* name) {
-  for (const char* c = name; *c; ++c) room.Add(c[0] == '-' && c[1] == '-' ? '_' : *c);
-  return room.IsCut() ? nullptr : room.Text();
+const char* CommentFileName(TextBuffer& buffer, const char* name) {
+  for (const char* c = name; *c; ++c) buffer.Add(c[0] == '-' && c[1] == '-' ? '_' : *c);
+  return buffer.IsCut() ? nullptr : buffer.Text();
 }
 
 }  // namespace steprt

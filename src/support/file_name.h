@@ -1,4 +1,7 @@
-// File names as a file's header and the opening of a file need them.
+// File names as they are opened, and as they are written into a file.
+//
+// Each operation builds its text in `buffer` and returns null when memory runs out for it, because a name that is cut
+// is worse than none.
 #ifndef STEPRT_SUPPORT_FILE_NAME_H
 #define STEPRT_SUPPORT_FILE_NAME_H
 
@@ -6,17 +9,15 @@
 
 namespace steprt {
 
-// `name` itself when what stands behind its last backslash (or the whole of it) has a dot, else `room`, filled with
-// `name` and ".stp". A slash is no separator. Null when memory is exhausted: a name that is cut is another file's.
-const char* DefaultFileName(TextBuffer& room, const char* name);
+// Adds ".stp" to a name without an extension. A name with a dot after its last backslash (or anywhere, if it has no
+// backslash) is returned itself. A slash is no separator. A cut name would be that of another file.
+const char* DefaultFileName(TextBuffer& buffer, const char* name);
 
-// `name` with every apostrophe doubled, in `room`. Null when memory is exhausted: a name cut between two apostrophes
-// would leave the text about it open.
-const char* QuoteFileName(TextBuffer& room, const char* name);
+// Doubles every apostrophe. A name cut between two apostrophes would leave the text around it open.
+const char* QuoteFileName(TextBuffer& buffer, const char* name);
 
-// `name` as an XML comment may hold it, in `room`: a `-` with another one behind it becomes `_`. Null when memory is
-// exhausted.
-const char* CommentFileName(TextBuffer& room, const char* name);
+// The name as an XML comment may hold it: a `-` followed by another one becomes `_`.
+const char* CommentFileName(TextBuffer& buffer, const char* name);
 
 }  // namespace steprt
 

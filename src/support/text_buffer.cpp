@@ -1,10 +1,10 @@
 #include "support/text_buffer.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
 
 #include "support/memory.h"
+#include "support/number_print.h"
 
 namespace steprt {
 
@@ -20,8 +20,8 @@ TextBuffer& TextBuffer::Add(std::string_view text) {
 }
 
 TextBuffer& TextBuffer::Add(int number) {
-  char digits[12];
-  const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+  char digits[kIntBuffer];
+  const char* end = IntToText(digits, number);
   return Add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 

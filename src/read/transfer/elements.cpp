@@ -21,8 +21,7 @@ constexpr std::size_t kMostSpareBuffer = 4096;
 constexpr std::size_t kMostSpareBytes = 256 * 1024;
 
 bool IsNamed(const STEPelement& element, std::string_view name, std::uint64_t hash) {
-  if (element.hash != hash) return false;
-  return std::strcmp(element.name, name.data()) == 0 || EqualNoCase(element.name, name.data());
+  return element.hash == hash && EqualNames(element.name, name.data());
 }
 
 void DropBuffer(STEPelement* element) {
@@ -96,9 +95,8 @@ bool ChildElements::ExtendIndex(STEPelement** link) {
   for (; *indexedTo_; indexedTo_ = &(*indexedTo_)->next) {
     STEPelement* const element = *indexedTo_;
     if (!index_.Reserve(1, [](const Slot& slot) { return slot.element->hash; })) return false;
-    Slot* slot = index_.Find(element->hash, [=](const Slot& each) {
-      return each.element->hash == element->hash && EqualNoCase(each.element->name, element->name);
-    });
+    Slot* slot = index_.Find(element->hash,
+                             [=](const Slot& each) { return IsNamed(*each.element, element->name, element->hash); });
     if (!slot->IsFree()) continue;
     slot->element = element;
     index_.NoteTaken();
