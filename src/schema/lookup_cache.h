@@ -2,13 +2,14 @@
 //
 // A lookup walks the chain of descriptors, or a bucket of the schema's index. A transfer asks for the same few names
 // and types again and again, so it keeps a *snapshot* of all rows in two hash tables. Every answer is the one that
-// lookup.h gives at the same moment: the snapshot is built at the first lookup, and again when the library has changed
-// the chain or its index since. When memory for it runs out, lookup.h answers.
+// lookup.h returns at the same moment: the snapshot is built at the first lookup, and again when the library has
+// changed the chain or its index since. When memory for it runs out, lookup.h answers.
 #ifndef STEPRT_SCHEMA_LOOKUP_CACHE_H
 #define STEPRT_SCHEMA_LOOKUP_CACHE_H
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "steprt/schema.h"
 #include "support/hash.h"
@@ -32,7 +33,8 @@ class LookupCache {
   struct Node {
     APPentity* row;
     int type;
-    int parent;  // index of the supertype's node, or one of the marks below
+    int parent;          // index of the supertype's node, or one of the marks below
+    std::size_t length;  // of the row's name
   };
   static constexpr int kNone = -1;
   static constexpr int kNotSought = -2;
@@ -50,14 +52,18 @@ class LookupCache {
     bool IsFree() const { return place == 0; }
   };
 
-  // The latest answers of IsSubtype, each at the one place that its question hashes to.
+  // The latest answers, each at the one place that its question shares with others. Where questions collide, an answer
+  // is only found anew, so a place is chosen cheaply and without the seed.
   struct SubtypeAnswer {
     int expected;  // negative: none yet
     int actual;
     bool answer;
   };
   static constexpr std::size_t kAnswers = 256;
+  static std::size_t AnswerPlace(std::string_view name);
+  static std::size_t AnswerPlace(int expected, int actual);
 
+  static bool IsSpelled(const Node& node, std::string_view name);
   bool IsCurrent() const;
   bool FindSubtype(int expected, int actual);
   bool Build();
@@ -83,6 +89,7 @@ class LookupCache {
   int nodeCount_ = 0;
   HashTable<NameSlot, 4> names_;
   HashTable<TypeSlot, 4> types_;
+  int nameAnswers_[kAnswers];  // nodes whose rows spell the name as it was asked for
   SubtypeAnswer subtypeAnswers_[kAnswers];
 };
 
