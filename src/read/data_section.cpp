@@ -18,7 +18,7 @@ void RefuseRecord(STEPtransfer* t, const char* message) {
 // "(" attributes ")", with the attributes left to the row's read function.
 //
 // A token in place of the `)` is pushed back, so that a `;` ends the skip at once. A token in place of the `(` is not,
-// so a `;` there takes the next record with it. It is meant (Sections.*, sections.rows).
+// so a `;` there takes the next record with it. This is intended (Attributes.GiveWhatTheirRowsSay).
 void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   if (!row.read || NextToken(t, '(', TOK_OPEN) != TOK_OPEN) return RefuseRecord(t, kSyntax);
   t->lastToken = kNoToken;

@@ -21,8 +21,8 @@ using namespace steprt;
 
 constexpr int kAnyType = -1;
 
-// The skip comes before the report, unlike for scalars: the report names the line that the skip has reached. It is
-// meant (References.BehindAndAheadAreFoundAndTheirTypesTestedThen).
+// The skip comes before the report, unlike for scalars: the report names the line that the skip has reached.
+// This is intended (Attributes.GiveWhatTheirRowsSay).
 void RefuseReference(STEPtransfer* t, int token) {
   SkipAttribute(t, token);
   ReportError(t, kMissingReference);
@@ -109,7 +109,7 @@ void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
 
 }  // namespace
 
-// `$` is accepted whatever `allowNull` says. It is meant (see there the rows with a `$`).
+// `$` is accepted whatever `allowNull` says. This is intended (References.ANullIsTakenEvenIfItIsNotAllowed).
 void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, int expected, bool /*allowNull*/) {
   if (t->xml) return ReferenceFromElement(t, name, slot, expected);
   ReferenceFromTokens(t, slot, expected);

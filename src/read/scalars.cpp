@@ -22,7 +22,7 @@ Value RefuseAttribute(STEPtransfer* t, const char* message, int token, Value neu
 }
 
 // Reports a token that is no number and pushes it back, so each further number reader of the record reports it again.
-// It is meant (Attributes.GiveWhatTheirRowsSay).
+// This is intended (Attributes.GiveWhatTheirRowsSay).
 template <typename Value>
 Value PushBack(STEPtransfer* t, const char* message, int token, Value neutral) {
   ReportError(t, message);

@@ -15,9 +15,6 @@ namespace steprt {
 // read from the file. A caller pushes a token back by storing its kind in t->pushedToken, which holds one.
 int NextToken(STEPtransfer* t);
 
-// Whether the next byte that is no blank is `c`. Reads the blanks, and no more.
-bool NextByteIs(STEPtransfer* t, char c);
-
 // The same, faster if the next byte is the delimiter `c`, whose kind is `kind`.
 inline int NextToken(STEPtransfer* t, char c, int kind) {
   InputFile& in = *t->file.in;
@@ -25,6 +22,9 @@ inline int NextToken(STEPtransfer* t, char c, int kind) {
   in.MoveTo(in.Cursor() + 1);
   return kind;
 }
+
+// Reads the blanks before the next token. Returns whether the byte after them is `c`, and does not read that.
+bool NextByteIs(STEPtransfer* t, char c);
 
 }  // namespace steprt
 

@@ -39,6 +39,17 @@ TEST(References, TheSlotOfAFailedOneIsNullBeforeTheReport) {
   EXPECT_TRUE(slotWasNullAtTheReport);
 }
 
+// In a list it is the other way round: there `$` is refused unless it is allowed.
+TEST(References, ANullIsTakenEvenIfItIsNotAllowed) {
+  for (const std::string data : {"#1=PROBE($);", "#1=PROBE(*);"}) {
+    Entity old(kPerson);
+    STEPheader* slot = &old;
+    const auto read = [&](STEPtransfer* t) { return xrSTEPref(t, "A", &slot, -1, false), nullptr; };
+    EXPECT_EQ(ReadWith(read, data), (Outcome{0, {}, {}})) << data;
+    EXPECT_EQ(slot, nullptr) << data;
+  }
+}
+
 TEST(References, TheIdOfAnInstanceShowsInTheReport) {
   const auto read = [](STEPtransfer*) {
     auto* object = new Entity(kPerson);
