@@ -1,5 +1,11 @@
-// A file that is written through one block. A write that fails sets a flag, and all that is put from then on is
-// dropped; End takes the file back to the last whole piece and ends it there.
+// A file that is written through one block.
+//
+// A write that fails sets a flag, and all that is put from then on is dropped, so the writers need not look after each
+// piece. At the end the file goes back to its last whole record and is ended there:
+//
+//   file->CutBackToMark();
+//   file->PutTail(tail);
+//   file->MakeTailFit(tail);
 #ifndef STEPRT_PLATFORM_OUTPUT_FILE_H
 #define STEPRT_PLATFORM_OUTPUT_FILE_H
 
@@ -14,9 +20,9 @@ class OutputFile {
  public:
   enum class Sharing { kAll, kDenyWrite };
 
-  // Creates the file or empties it; null when that fails, as with a FIFO that nobody reads, or memory is exhausted. An
-  // advisory lock is taken before the file is emptied and held until it is closed: writers with kAll share it, one with
-  // kDenyWrite has it alone, and a writer that cannot have it gets null. For delete.
+  // Creates the file or empties it. Returns null when that fails, as with a FIFO that nobody reads, or when memory runs
+  // out. An advisory lock is taken before the file is emptied and held until it is closed: writers with kAll share it,
+  // one with kDenyWrite has it alone, and a writer that cannot have it gets null. Release the file with delete.
   [[nodiscard]] static OutputFile* CreateOrNull(const char* name, Sharing sharing);
 
   // Writes what the block holds and closes the file.
@@ -24,11 +30,14 @@ class OutputFile {
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;
 
-  void Put(char c) { *Room(1) = c, ++used_; }
+  void Put(char c) {
+    *Buffer(1) = c;
+    ++used_;
+  }
   void Put(std::string_view text);
 
-  // Room for `count` characters, 64 at most, to print into; Advance says where the print ended.
-  char* Room(std::size_t count) {
+  // A buffer of `count` characters, 64 at most, to print into. Advance says where the print ended.
+  char* Buffer(std::size_t count) {
     if (kBlock - used_ < count) Flush();
     return block_ + used_;
   }
@@ -37,21 +46,28 @@ class OutputFile {
   // Writes what the block holds.
   void Flush();
 
-  // What was put so far is made of whole pieces.
+  // Says that what was put so far is made of whole records.
   void Mark() {
     if (!failed_) ends_[marks_++ % kMarks] = written_ + static_cast<std::int64_t>(used_);
   }
 
-  // Puts the file's last pieces and writes all. After a failure, what stands behind the last mark is cut off first, and
-  // pieces before it when the end does not fit the room that they leave. Where the system cannot cut (a pipe, a
-  // device), the end goes on a line of its own behind the one that the failure has broken.
-  void End(std::initializer_list<std::string_view> pieces);
+  // After a failure, cuts off all that follows the last mark, and lets writes go on. Where the system cannot cut (a
+  // pipe, a device), ends the line that the failure has broken instead. Without a failure it does nothing.
+  void CutBackToMark();
+
+  // Writes the last pieces of the file and all that the block holds.
+  void PutTail(std::initializer_list<std::string_view> tail);
+
+  // If a file that was cut has no space for the tail, gives up as many records as the tail needs and puts it again.
+  // The head of the file is never given up. Without a cut it does nothing: a file that was sound until its tail keeps
+  // its records.
+  void MakeTailFit(std::initializer_list<std::string_view> tail);
 
   bool HasFailed() const { return failed_; }
 
  private:
   static constexpr std::size_t kBlock = 1 << 16;
-  static constexpr std::size_t kMarks = 1 << 13;  // the latest count; a block holds fewer records
+  static constexpr std::size_t kMarks = 1 << 13;  // the latest ones are kept; a block holds fewer records
 
   OutputFile() = default;
   bool Open(const char* name, Sharing sharing);
@@ -60,10 +76,11 @@ class OutputFile {
 
   int handle_ = -1;
   bool failed_ = false;
+  bool isCut_ = false;
   std::int64_t written_ = 0;
   std::size_t used_ = 0;
   std::size_t marks_ = 0;
-  std::int64_t ends_[kMarks];  // the marks, as places in the file; each takes the room of the oldest
+  std::int64_t ends_[kMarks];  // the marks, as places in the file; each replaces the oldest
   char block_[kBlock];
 };
 

@@ -17,7 +17,7 @@ inline void PutTag(OutputFile& out, std::string_view start, std::string_view nam
     out.Put(name);
     return out.Put('>');
   }
-  char* end = std::copy(start.begin(), start.end(), out.Room(kBuffer));
+  char* end = std::copy(start.begin(), start.end(), out.Buffer(kBuffer));
   end = std::copy(name.begin(), name.end(), end);
   *end = '>';
   out.Advance(end + 1);

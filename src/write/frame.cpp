@@ -40,7 +40,12 @@ void PutFileName(STEPtransfer* t, const char* shownName) {
   Put(t, {"FILE_NAME('", shownName, "','", date.Text(), "');"});
 }
 
-void EndFile(STEPtransfer* t, std::initializer_list<std::string_view> tail) { t->file.out->End(tail); }
+void EndFile(STEPtransfer* t, std::initializer_list<std::string_view> tail) {
+  OutputFile& out = *t->file.out;
+  out.CutBackToMark();
+  out.PutTail(tail);
+  out.MakeTailFit(tail);
+}
 
 }  // namespace steprt
 

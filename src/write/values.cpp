@@ -20,12 +20,12 @@ void PutPiece(STEPtransfer* t, std::string_view text) {
 
 void PutInt(STEPtransfer* t, int value) {
   OutputFile& out = *t->file.out;
-  out.Advance(IntToText(out.Room(kIntBuffer), value));
+  out.Advance(IntToText(out.Buffer(kIntBuffer), value));
 }
 
 void PutReal(STEPtransfer* t, double value) {
   OutputFile& out = *t->file.out;
-  out.Advance(RealToText(out.Room(kRealBuffer), value));
+  out.Advance(RealToText(out.Buffer(kRealBuffer), value));
 }
 
 void PutReference(STEPtransfer* t, STEPheader* object) {

@@ -4,7 +4,9 @@
 
 namespace steprt {
 
+// localtime_r alone need not look at TZ again, and the host may set another time zone while it runs.
 DateAndTime LocalNow() {
+  tzset();
   const std::time_t now = std::time(nullptr);
   std::tm local = {};
   if (!localtime_r(&now, &local)) gmtime_r(&now, &local);

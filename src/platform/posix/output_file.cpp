@@ -17,7 +17,7 @@
 namespace steprt {
 namespace {
 
-// Gives how many bytes were written: all, unless that failed.
+// Returns how many bytes were written: all, unless a write failed.
 std::size_t WriteAll(int handle, const char* bytes, std::size_t size) {
   const QuietSignals quiet;
   std::size_t written = 0;
@@ -30,7 +30,7 @@ std::size_t WriteAll(int handle, const char* bytes, std::size_t size) {
   return written;
 }
 
-// A device, a pipe or the like has no length to cut.
+// A device or a pipe has no length to cut.
 bool Empty(int handle) {
   struct stat status;
   if (::fstat(handle, &status) != 0) return false;
@@ -86,25 +86,30 @@ void OutputFile::Flush() {
   used_ = 0;
 }
 
-// What has failed once may go well now, so as much as is whole stays at first. Of a file that was sound until its end
-// nothing is given up for that.
-void OutputFile::End(std::initializer_list<std::string_view> pieces) {
-  const auto put = [&] {
-    for (const std::string_view piece : pieces) Put(piece);
-    Flush();
-  };
-  if (failed_) used_ = 0;
-  const bool cut = failed_ && CutTo(std::max<std::int64_t>(LastMark(written_), 0));
-  if (failed_) failed_ = false, Put('\n');
-  put();
-  if (!cut || !failed_) return;
-  std::int64_t size = 0;
-  for (const std::string_view piece : pieces) size += static_cast<std::int64_t>(piece.size());
-  const std::int64_t whole = LastMark(written_ - size);
-  if (whole >= 0 && CutTo(whole)) put();
+// What has failed once may succeed now, so as many records as are whole stay at first.
+void OutputFile::CutBackToMark() {
+  if (!failed_) return;
+  used_ = 0;
+  isCut_ = CutTo(std::max<std::int64_t>(LastMark(written_), 0));
+  if (isCut_) return;
+  failed_ = false;
+  Put('\n');
 }
 
-// The last one up to the limit, or -1.
+void OutputFile::PutTail(std::initializer_list<std::string_view> tail) {
+  for (const std::string_view piece : tail) Put(piece);
+  Flush();
+}
+
+void OutputFile::MakeTailFit(std::initializer_list<std::string_view> tail) {
+  if (!isCut_ || !failed_) return;
+  std::int64_t size = 0;
+  for (const std::string_view piece : tail) size += static_cast<std::int64_t>(piece.size());
+  const std::int64_t whole = LastMark(written_ - size);
+  if (whole >= 0 && CutTo(whole)) PutTail(tail);
+}
+
+// Returns the last mark up to the limit, or -1 if there is none.
 std::int64_t OutputFile::LastMark(std::int64_t limit) const {
   const std::size_t oldest = marks_ - std::min(marks_, kMarks);
   for (std::size_t i = marks_; i-- > oldest;) {
