@@ -72,6 +72,8 @@ set(STEPRT_SOURCES
 # has no reader to give.
 set(STEPRT_XML_SOURCES
     platform/expat/code_pages.cpp
+    platform/expat/entity_nesting.cpp
+    platform/expat/limits.cpp
     platform/expat/memory.cpp
     platform/expat/parse.cpp
     platform/expat/sax.cpp

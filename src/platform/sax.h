@@ -24,11 +24,11 @@ class SaxAttributes {
   virtual std::u16string_view Value(int index, std::size_t limit) = 0;      // with references resolved
 };
 
-// The events of SAX2 in its order. Handlers belong to who makes them, so nothing counts their references. The service
-// sends those that the system listens to; the others are here for what else may send events.
+// The events of SAX2 in its order, and the destructor last, so that each has the slot that other senders of events
+// expect. A handler belongs to whoever makes it, so nothing counts references. The service sends the events that the
+// library listens to.
 class SaxContentHandler {
  public:
-  virtual ~SaxContentHandler() = default;
   virtual SaxResult PutDocumentLocator() = 0;
   virtual SaxResult StartDocument() = 0;
   virtual SaxResult EndDocument() = 0;  // of a document without a fault
@@ -40,15 +40,16 @@ class SaxContentHandler {
   virtual SaxResult IgnorableWhitespace(std::u16string_view text) = 0;
   virtual SaxResult ProcessingInstruction(std::u16string_view target, std::u16string_view text) = 0;
   virtual SaxResult SkippedEntity(std::u16string_view name) = 0;
+  virtual ~SaxContentHandler() = default;
 };
 
 // The messages are terminated. A fatal error ends the parse.
 class SaxErrorHandler {
  public:
-  virtual ~SaxErrorHandler() = default;
   virtual SaxResult Error(const char16_t* message) = 0;
   virtual SaxResult FatalError(const char16_t* message) = 0;
   virtual SaxResult IgnorableWarning(const char16_t* message) = 0;
+  virtual ~SaxErrorHandler() = default;
 };
 
 // Both parse all of a document, decoded by its own declaration, before they return. Nothing outside of the document is

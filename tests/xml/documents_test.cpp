@@ -148,81 +148,10 @@ TEST_F(Documents, AnEntityBombIsRefused) {
   }
 }
 
-// Each entity holds the one before it, so what the last one stands for is found that deep in the parser.
-TEST_F(Documents, EntitiesInsideOneAnotherHaveALimit) {
-  for (const int size : {256, 257, 24'000}) {
-    std::string head = "<!DOCTYPE PROJ [\n<!ENTITY a0 '1'>\n";
-    for (int i = 1; i < size; ++i) {
-      head += "<!ENTITY a" + std::to_string(i) + " '&a" + std::to_string(i - 1) + ";'>\n";
-    }
-    const std::string last = "&a" + std::to_string(size - 1) + ";";
-    const std::string document = head + "]>" + InRoot("<PROBE rid='#" + last + "'><A>" + last + "</A></PROBE>");
-    EXPECT_EQ(ReadDocument(document),
-              size <= 256 ? Read("1") : Refused("too many entities declared (line 258, column 15)"))
-        << size;
-  }
-}
-
-// Every tag of an element lets the parser go through the attributes that are declared of it, with their names.
-TEST_F(Documents, DeclaredAttributesHaveALimit) {
-  const std::string x62(62, 'x');
-  const struct {
-    std::string name;   // of the attribute; a number follows
-    const char* value;  // behind its name
-    int count;
-    const char* refusal = "";
-  } rows[] = {{"b", "CDATA #IMPLIED", 1024},
-              {"b", "CDATA #IMPLIED", 1025, "too many attributes declared (line 1026, column 25)"},
-              {"b", "CDATA 'x'", 8},
-              {"b", "CDATA 'x'", 9, "too many defaults of attributes declared (line 10, column 22)"},
-              {"b", "CDATA #FIXED 'x'", 9, "too many defaults of attributes declared (line 10, column 29)"},
-              {"xmlns:b", "CDATA 'x'", 9, "too many defaults of attributes declared (line 10, column 28)"},
-              {x62 + "x", "CDATA #IMPLIED", 10},
-              {x62 + "x", "CDATA #IMPLIED", 11, "too long a name of an attribute declared (line 12, column 85)"},
-              {"q:" + x62.substr(1), "CDATA 'x'", 1},
-              {"q:" + x62, "CDATA 'x'", 1, "too long a name of an attribute declared (line 2, column 85)"}};
-  for (const auto& row : rows) {
-    std::string document = "<!DOCTYPE PROJ [\n";
-    for (int i = 0; i < row.count; ++i) {
-      document += "<!ATTLIST a " + row.name + std::to_string(i) + " " + row.value + ">\n";
-    }
-    document += "]>\n<PROJ xmlns:q='urn:q'><PERSON rid='#1'><Age>4<a/>1</Age></PERSON></PROJ>";
-    EXPECT_EQ(ReadDocument(document), *row.refusal ? Refused(row.refusal) : kPerson41)
-        << row.name << ' ' << row.value << ' ' << row.count;
-  }
-}
-
-TEST_F(Documents, ANameOfANamespaceHasALimit) {
-  const auto document = [](std::size_t size) {
-    return "<PROJ xmlns='" + std::string(size, 'x') + "'>" + kPersonEntity + "</PROJ>";
-  };
-  EXPECT_EQ(ReadDocument(document(512)), kPerson41);
-  EXPECT_EQ(ReadDocument(document(513)), Refused("too long a name of a namespace (line 1, column 529)"));
-}
-
 std::string Times(int count, const std::string& piece) {
   std::string text;
   for (int i = 0; i < count; ++i) text += piece;
   return text;
-}
-
-TEST_F(Documents, ANestInANamespaceHasALimit) {
-  const auto document = [](int depth) {
-    return "<x>" + Times(depth, "<a xmlns='u'>") + Times(depth, "</a>") + InRoot(kPersonEntity) + "</x>";
-  };
-  EXPECT_EQ(ReadDocument(document(1'000)), kPerson41);
-  const Outcome outcome = ReadDocument(document(100'000));
-  EXPECT_EQ(outcome, Refused(outcome.reports.at(0)));
-  EXPECT_EQ(outcome.reports[0].substr(0, 31), "too deep in a namespace (line 1");
-}
-
-TEST_F(Documents, TagsOutOfEntitiesHaveALimit) {
-  const std::string head = "<!DOCTYPE PROJ [<!ENTITY e '" + Times(1'000, "<a/>") + "'>]>";
-  const auto document = [&](int count) { return head + "<x>" + Times(count, "&e;") + InRoot(kPersonEntity) + "</x>"; };
-  EXPECT_EQ(ReadDocument(document(130)), kPerson41);
-  const Outcome outcome = ReadDocument(document(1'000));
-  EXPECT_EQ(outcome, Refused(outcome.reports.at(0)));
-  EXPECT_EQ(outcome.reports[0].substr(0, 33), "too many tags in entities (line 1");
 }
 
 TEST_F(Documents, ANestOfAMillionElementsAndATextInAMillionPiecesAreRead) {

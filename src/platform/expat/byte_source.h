@@ -16,7 +16,7 @@ class ByteSource {
   virtual ~ByteSource() = default;
 
   // Copies the next bytes, as many as there are and fit. 0 at the end.
-  virtual std::size_t Fill(char* room, std::size_t size) = 0;
+  virtual std::size_t Fill(char* buffer, std::size_t size) = 0;
 
   // Whether the end is one because no more could be read.
   virtual bool HasFailed() const { return false; }
@@ -26,8 +26,8 @@ class MemoryBytes final : public ByteSource {
  public:
   explicit MemoryBytes(std::string_view bytes) : bytes_(bytes) {}
 
-  std::size_t Fill(char* room, std::size_t size) override {
-    const std::size_t count = bytes_.copy(room, size);
+  std::size_t Fill(char* buffer, std::size_t size) override {
+    const std::size_t count = bytes_.copy(buffer, size);
     bytes_.remove_prefix(count);
     return count;
   }
@@ -40,12 +40,12 @@ class FileBytes final : public ByteSource {
  public:
   explicit FileBytes(InputFile* file) : file_(file) {}
 
-  std::size_t Fill(char* room, std::size_t size) override {
+  std::size_t Fill(char* buffer, std::size_t size) override {
     std::size_t filled = 0;
     while (filled < size && file_->Peek() != InputFile::kEnd) {
       const char* const cursor = file_->Cursor();
       const std::size_t count = std::min(size - filled, static_cast<std::size_t>(file_->Limit() - cursor));
-      std::memcpy(room + filled, cursor, count);
+      std::memcpy(buffer + filled, cursor, count);
       file_->MoveTo(cursor + count);
       filled += count;
     }

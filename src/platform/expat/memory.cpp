@@ -10,7 +10,13 @@
 namespace steprt {
 namespace {
 
-// In front of each block stands its size, which a block that grows has to know.
+constinit ExpatMemoryLimit* memoryLimit = nullptr;  // that of the innermost parse
+
+// Expat needs most for a nest of <a>: 50 bytes for each of its bytes.
+constexpr std::size_t kMemoryForByte = 96;
+constexpr std::size_t kMemoryForNothing = std::size_t{1} << 24;
+
+// The size of a block is in front of it: a block that grows or goes has to know it.
 constexpr std::size_t kHead = alignof(std::max_align_t);
 static_assert(kHead >= sizeof(std::size_t));
 
@@ -21,14 +27,22 @@ std::size_t SizeOf(const char* block) {
 }
 
 void Free(void* block) {
-  if (block) delete[](static_cast<char*>(block) - kHead);
+  if (!block) return;
+  char* const start = static_cast<char*>(block);
+  if (memoryLimit) memoryLimit->Return(SizeOf(start));
+  delete[](start - kHead);
 }
 
 void* Allocate(std::size_t size) {
-  char* room = size > SIZE_MAX - kHead ? nullptr : MakeBufferOrNull(kHead + size);
-  if (!room) return nullptr;
-  std::memcpy(room, &size, sizeof size);
-  return room + kHead;
+  if (size > SIZE_MAX - kHead) return nullptr;
+  if (memoryLimit && !memoryLimit->Take(size)) return nullptr;
+  char* buffer = MakeBufferOrNull(kHead + size);
+  if (!buffer) {
+    if (memoryLimit) memoryLimit->Return(size);
+    return nullptr;
+  }
+  std::memcpy(buffer, &size, sizeof size);
+  return buffer + kHead;
 }
 
 void* Reallocate(void* block, std::size_t size) {
@@ -41,6 +55,18 @@ void* Reallocate(void* block, std::size_t size) {
 }
 
 }  // namespace
+
+ExpatMemoryLimit::ExpatMemoryLimit() : outer_(memoryLimit), limit_(kMemoryForNothing) { memoryLimit = this; }
+
+ExpatMemoryLimit::~ExpatMemoryLimit() { memoryLimit = outer_; }
+
+void ExpatMemoryLimit::Raise(std::size_t bytes) { limit_ += kMemoryForByte * bytes; }
+
+bool ExpatMemoryLimit::Take(std::size_t size) {
+  wasMet_ = size > limit_ - held_;
+  if (!wasMet_) held_ += size;
+  return !wasMet_;
+}
 
 const XML_Memory_Handling_Suite expatMemory = {Allocate, Reallocate, Free};
 

@@ -7,35 +7,11 @@
 
 #include "platform/expat/code_pages.h"
 #include "platform/expat/memory.h"
+#include "platform/expat/names.h"
 #include "support/text_buffer.h"
 
 namespace steprt {
 namespace {
-
-// Expat puts the address of a name's space in front of the name, and this between them. No document can hold it.
-constexpr XML_Char kSeparator = '\x01';
-
-const XML_Char* LocalPart(const XML_Char* name) {
-  const XML_Char* separator = std::strchr(name, kSeparator);
-  return separator ? separator + 1 : name;
-}
-
-// The address stands in every name that Expat gives, so a long one would be walked for every tag.
-constexpr std::size_t kLongestAddress = 512;
-
-// Of a name in a namespace Expat may go through all elements that are open, so the sum of their depths has a limit.
-constexpr std::int64_t kLeastDepths = 1 << 20;
-constexpr std::int64_t kDepthsForByte = 16;
-
-// Each start tag may cost its defaults, and entities make many of a few bytes.
-constexpr std::int64_t kLeastTags = 1 << 17;
-
-// What a document type may declare. Expat recurses for an entity inside of an entity, and goes through all that is
-// declared of an element's attributes, their names too, for each of its tags.
-constexpr int kMostEntities = 256;
-constexpr int kMostAttributes = 1024;
-constexpr int kMostDefaults = 8;              // of attributes
-constexpr std::size_t kLongestDeclared = 64;  // name of an attribute, with its prefix
 
 void XMLCALL OnStartElement(void* parse, const XML_Char* name, const XML_Char** attributes) {
   static_cast<ExpatParse*>(parse)->StartElement(name, attributes);
@@ -51,15 +27,16 @@ void XMLCALL OnStartNamespace(void* parse, const XML_Char* /*prefix*/, const XML
   static_cast<ExpatParse*>(parse)->StartNamespace(address);
 }
 
-void XMLCALL OnEntity(void* parse, const XML_Char* /*name*/, int /*isParameter*/, const XML_Char* /*value*/,
-                      int /*size*/, const XML_Char* /*base*/, const XML_Char* /*systemId*/,
-                      const XML_Char* /*publicId*/, const XML_Char* /*notation*/) {
-  static_cast<ExpatParse*>(parse)->DeclareEntity();
+// An entity that is not in the document has no text.
+void XMLCALL OnEntity(void* parse, const XML_Char* name, int isParameter, const XML_Char* text, int size,
+                      const XML_Char* /*base*/, const XML_Char* /*systemId*/, const XML_Char* /*publicId*/,
+                      const XML_Char* /*notation*/) {
+  if (text) static_cast<ExpatParse*>(parse)->DeclareEntity(name, {text, static_cast<std::size_t>(size)}, isParameter);
 }
 
-void XMLCALL OnAttribute(void* parse, const XML_Char* /*element*/, const XML_Char* name, const XML_Char* /*type*/,
+void XMLCALL OnAttribute(void* parse, const XML_Char* element, const XML_Char* /*name*/, const XML_Char* type,
                          const XML_Char* value, int /*isRequired*/) {
-  static_cast<ExpatParse*>(parse)->DeclareAttribute(name, value != nullptr);
+  static_cast<ExpatParse*>(parse)->DeclareAttribute(element, type, value != nullptr);
 }
 
 void XMLCALL OnSkippedEntity(void* parse, const XML_Char* name, int isParameter) {
@@ -83,9 +60,9 @@ void AddCount(TextBuffer& text, XML_Size count) {
 }
 
 // Cut where there is no memory for all of it.
-const char16_t* PutMessage(Utf16Buffer& room, std::string_view message) {
-  if (!room.Reserve(message.size() + 1)) message = message.substr(0, Utf16Buffer::kOwnUnits - 1);
-  return room.PutBytes(message);
+const char16_t* PutMessage(Utf16Buffer& buffer, std::string_view message) {
+  if (!buffer.Reserve(message.size() + 1)) message = message.substr(0, Utf16Buffer::kOwnUnits - 1);
+  return buffer.PutBytes(message);
 }
 
 }  // namespace
@@ -97,11 +74,11 @@ int ExpatAttributes::Length() {
 }
 
 std::u16string_view ExpatAttributes::LocalName(int index, std::size_t limit) {
-  return room_.PutStart(LocalPart(pairs_[2 * index]), limit);
+  return buffer_.PutStart(LocalPart(pairs_[2 * index]), limit);
 }
 
 std::u16string_view ExpatAttributes::Value(int index, std::size_t limit) {
-  return room_.PutStart(pairs_[2 * index + 1], limit);
+  return buffer_.PutStart(pairs_[2 * index + 1], limit);
 }
 
 void ExpatParse::Run(ByteSource& source) {
@@ -116,6 +93,7 @@ void ExpatParse::Run(ByteSource& source) {
 bool ExpatParse::MakeParser() {
   parser_.reset(XML_ParserCreate_MM(nullptr, &expatMemory, &kSeparator));
   if (!parser_) return false;
+  limits_.Start(parser_.get());
   XML_SetUserData(parser_.get(), this);
   XML_SetElementHandler(parser_.get(), OnStartElement, OnEndElement);
   XML_SetStartNamespaceDeclHandler(parser_.get(), OnStartNamespace);
@@ -136,9 +114,11 @@ bool ExpatParse::Feed(ByteSource& source) {
   constexpr int kLargestBlock = 1 << 28;
   XML_Index tokenStart = -1;
   for (int size = kBlock;;) {
-    auto* room = static_cast<char*>(XML_GetBuffer(parser_.get(), size));
-    if (!room) return false;
-    const int count = static_cast<int>(source.Fill(room, static_cast<std::size_t>(size)));
+    auto* buffer = static_cast<char*>(XML_GetBuffer(parser_.get(), size));
+    if (!buffer) return false;
+    const std::size_t filled = source.Fill(buffer, static_cast<std::size_t>(size));
+    const int count = static_cast<int>(filled);
+    memory_.Raise(filled);
     if (count == 0 && source.HasFailed()) fault_ = "the file can't be read on";
     if (XML_ParseBuffer(parser_.get(), count, count == 0) != XML_STATUS_OK) return false;
     if (count == 0) return !fault_;
@@ -150,6 +130,7 @@ bool ExpatParse::Feed(ByteSource& source) {
 
 void ExpatParse::ReportFault() {
   if (stopped_ && !fault_) return;
+  if (!fault_ && memory_.WasMet()) fault_ = "too much memory for a document of its length";
   stopped_ = true;
   TextBuffer message;
   message.Add(fault_ ? fault_ : XML_ErrorString(XML_GetErrorCode(parser_.get())));
@@ -168,11 +149,7 @@ void ExpatParse::AddPlace(TextBuffer& message) const {
 void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes) {
   SendText();
   const std::string_view local = LocalPart(name);
-  const std::int64_t position = XML_GetCurrentByteIndex(parser_.get());
-  ++depth_;
-  if (++tags_ > kLeastTags + position) return Refuse("too many tags in entities");
-  if (local.data() != name) depths_ += depth_;
-  if (depths_ > kLeastDepths + kDepthsForByte * position) return Refuse("too deep in a namespace");
+  Refuse(limits_.StartElement(name, local, attributes));
   if (!name_.Reserve(local.size())) return Refuse(XML_ErrorString(XML_ERROR_NO_MEMORY));
   attributes_.Bind(attributes);
   Send([&] { return content_.StartElement(name_.Put(local), attributes_); });
@@ -180,23 +157,18 @@ void ExpatParse::StartElement(const XML_Char* name, const XML_Char** attributes)
 
 void ExpatParse::EndElement() {
   SendText();
-  --depth_;
+  limits_.EndElement();
   Send([this] { return content_.EndElement(); });
 }
 
-void ExpatParse::StartNamespace(const XML_Char* address) {
-  if (address && std::strlen(address) > kLongestAddress) Refuse("too long a name of a namespace");
+void ExpatParse::StartNamespace(const XML_Char* address) { Refuse(limits_.BindNamespace(address)); }
+
+void ExpatParse::DeclareEntity(const XML_Char* name, std::string_view text, bool isParameter) {
+  Refuse(limits_.DeclareEntity(name, text, isParameter));
 }
 
-void ExpatParse::DeclareEntity() {
-  if (++entities_ > kMostEntities) Refuse("too many entities declared");
-}
-
-void ExpatParse::DeclareAttribute(const XML_Char* name, bool hasDefault) {
-  if (hasDefault) ++defaults_;
-  if (++declared_ > kMostAttributes) return Refuse("too many attributes declared");
-  if (defaults_ > kMostDefaults) return Refuse("too many defaults of attributes declared");
-  if (std::strlen(name) > kLongestDeclared) Refuse("too long a name of an attribute declared");
+void ExpatParse::DeclareAttribute(const XML_Char* element, const XML_Char* type, bool hasDefault) {
+  Refuse(limits_.DeclareAttribute(element, type, hasDefault));
 }
 
 // A handler of external entities would cost all bound prefixes for each reference, so references to them are taken from
@@ -215,8 +187,8 @@ void ExpatParse::SkipEntity(std::string_view name) {
   TextBuffer message;
   message.Add("entity not loaded: ").Add(name);
   AddPlace(message);
-  Utf16Buffer room;
-  Send([&] { return errors_.Error(PutMessage(room, message.Text())); });
+  Utf16Buffer buffer;
+  Send([&] { return errors_.Error(PutMessage(buffer, message.Text())); });
 }
 
 void ExpatParse::Text(std::string_view utf8) {
@@ -250,15 +222,16 @@ void ExpatParse::Stop() {
   XML_StopParser(parser_.get(), XML_FALSE);
 }
 
+// Null is no fault.
 void ExpatParse::Refuse(const char* fault) {
-  if (stopped_) return;
+  if (!fault || stopped_) return;
   fault_ = fault;
   Stop();
 }
 
 void ReportFatal(SaxErrorHandler& errors, std::string_view message) {
-  Utf16Buffer room;
-  errors.FatalError(PutMessage(room, message));
+  Utf16Buffer buffer;
+  errors.FatalError(PutMessage(buffer, message));
 }
 
 }  // namespace steprt

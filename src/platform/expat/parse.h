@@ -4,12 +4,14 @@
 
 #include <expat.h>
 
-#include <cstdint>
+#include <cstddef>
 #include <exception>
 #include <memory>
 #include <string_view>
 
 #include "platform/expat/byte_source.h"
+#include "platform/expat/limits.h"
+#include "platform/expat/memory.h"
 #include "platform/expat/utf16.h"
 #include "platform/sax.h"
 #include "support/text_buffer.h"
@@ -28,7 +30,7 @@ class ExpatAttributes final : public SaxAttributes {
 
  private:
   const XML_Char** pairs_ = nullptr;
-  Utf16Buffer room_;
+  Utf16Buffer buffer_;
 };
 
 class ExpatParse {
@@ -44,8 +46,8 @@ class ExpatParse {
   void StartElement(const XML_Char* name, const XML_Char** attributes);
   void EndElement();
   void StartNamespace(const XML_Char* address);
-  void DeclareEntity();
-  void DeclareAttribute(const XML_Char* name, bool hasDefault);
+  void DeclareEntity(const XML_Char* name, std::string_view text, bool isParameter);
+  void DeclareAttribute(const XML_Char* element, const XML_Char* type, bool hasDefault);
   void EndDocumentType();
   void Markup(std::string_view utf8);      // that no other callback takes
   void SkipEntity(std::string_view name);  // that is not in the document; goes on without it
@@ -68,16 +70,12 @@ class ExpatParse {
 
   SaxContentHandler& content_;
   SaxErrorHandler& errors_;
+  ExpatMemoryLimit memory_;  // outlives the parser
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
   std::exception_ptr thrown_;    // by a handler; it may not pass through Expat, which is C
   bool stopped_ = false;         // no event goes out from here on
   const char* fault_ = nullptr;  // of ours, for which Expat was stopped
-  int entities_ = 0;             // that the document type has declared so far
-  int declared_ = 0;             // attributes of it
-  int defaults_ = 0;             // those of them that have one
-  std::int64_t tags_ = 0;        // start tags so far
-  std::int64_t depth_ = 0;       // of the element at hand
-  std::int64_t depths_ = 0;      // of all so far that stand in a namespace, summed up
+  DocumentLimits limits_;
   ExpatAttributes attributes_;
   Utf16Buffer name_;
 

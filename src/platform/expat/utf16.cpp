@@ -21,8 +21,8 @@ constexpr unsigned Byte(char c) { return static_cast<unsigned char>(c); }
 constexpr unsigned Tail(char c) { return Byte(c) & 0x3f; }
 
 // One character: a lead byte that says how many bytes follow, each with six bits. Those of four bytes become a pair.
-const char* CharacterToUtf16(char16_t** room, const char* p) {
-  char16_t*& out = *room;
+const char* CharacterToUtf16(char16_t** buffer, const char* p) {
+  char16_t*& out = *buffer;
   const unsigned lead = Byte(*p);
   if (lead < 0x80) {
     *out++ = static_cast<char16_t>(lead);
@@ -44,16 +44,16 @@ const char* CharacterToUtf16(char16_t** room, const char* p) {
 
 }  // namespace
 
-char16_t* Utf8ToUtf16(char16_t* room, std::string_view utf8) {
+char16_t* Utf8ToUtf16(char16_t* buffer, std::string_view utf8) {
   const char* p = utf8.data();
   const char* const end = p + utf8.size();
   while (p != end) {
-    for (; static_cast<std::size_t>(end - p) >= kStride && IsAscii(p); p += kStride, room += kStride) {
-      for (std::size_t i = 0; i < kStride; ++i) room[i] = static_cast<char16_t>(Byte(p[i]));
+    for (; static_cast<std::size_t>(end - p) >= kStride && IsAscii(p); p += kStride, buffer += kStride) {
+      for (std::size_t i = 0; i < kStride; ++i) buffer[i] = static_cast<char16_t>(Byte(p[i]));
     }
-    if (p != end) p = CharacterToUtf16(&room, p);
+    if (p != end) p = CharacterToUtf16(&buffer, p);
   }
-  return room;
+  return buffer;
 }
 
 std::string_view TruncateToBytes(std::string_view utf8, std::size_t limit) {

@@ -7,13 +7,13 @@
 
 namespace steprt {
 
-// Puts the text into `room`, which must hold a unit for each byte, and gives the end of what it put.
-char16_t* Utf8ToUtf16(char16_t* room, std::string_view utf8);
+// Puts the text into `buffer`, which must hold a unit for each byte. Returns the end of what it put.
+char16_t* Utf8ToUtf16(char16_t* buffer, std::string_view utf8);
 
 // The start of `utf8`, at most `limit` bytes, that ends between two characters.
 std::string_view TruncateToBytes(std::string_view utf8, std::size_t limit);
 
-// Room for one text after another. It grows and stays.
+// A buffer for one text after another. It grows and never shrinks.
 class Utf16Buffer {
  public:
   static constexpr std::size_t kOwnUnits = 1200;  // fits without a Reserve
@@ -40,9 +40,9 @@ class Utf16Buffer {
  private:
   bool Grow(std::size_t bytes);
 
-  char16_t room_[kOwnUnits];
+  char16_t own_[kOwnUnits];
   char16_t* heap_ = nullptr;
-  char16_t* units_ = room_;
+  char16_t* units_ = own_;
   std::size_t capacity_ = kOwnUnits;
 };
 
