@@ -2,6 +2,7 @@
 #include "platform/modules.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <filesystem>
 
 #include "support/module_files.h"
+#include "support/temp_files.h"
 
 namespace {
 
@@ -51,6 +53,33 @@ TEST_F(Modules, APathIsKnownInFullWhenTheFolderItWasRelativeToHasGone) {
     return files.Load("../above.so");
   };
   EXPECT_EXIT(std::_Exit(PathOf(load()) == path ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
+// Then the loader's own name, which is not cut. No file can be opened while no handle is free.
+TEST_F(Modules, APathStaysRelativeWhereTheSystemDoesNotTellWhatIsMapped) {
+  const fs::path before = fs::current_path();
+  files.Copy("chained", "below/relative.so");
+  fs::current_path(files.Folder());
+  HINSTANCE module = files.Load("below/relative.so");
+  fs::current_path(before);
+  rlimit handles;
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &handles), 0);
+  const rlimit none = {0, handles.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &none);
+  const std::string path = PathOf(module);
+  setrlimit(RLIMIT_NOFILE, &handles);
+  EXPECT_EQ(path, "below/relative.so");
+}
+
+TEST_F(Modules, APathThatIsAskedForLeavesNoFileOpen) {
+  const fs::path before = fs::current_path();
+  files.Copy("chained", "asked.so");
+  fs::current_path(files.Folder());
+  HINSTANCE module = files.Load("./asked.so");
+  fs::current_path(before);
+  const int handle = steprt_test::NextHandle();
+  EXPECT_NE(PathOf(module), "");
+  EXPECT_EQ(steprt_test::NextHandle(), handle);
 }
 
 TEST_F(Modules, AHandleThatNoModuleHasIsNotReleased) {

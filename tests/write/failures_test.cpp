@@ -94,7 +94,7 @@ TEST_F(WriteFailures, OnePassingFailureLeavesWholeRecordsAndTheTail) {
 }
 
 // However short the records are, no more of them go than the tail takes.
-TEST_F(WriteFailures, WhereThereIsNoMoreRoomTheTailFits) {
+TEST_F(WriteFailures, WhereThereIsNoMoreSpaceTheTailFits) {
   const std::string path = TempPath("room.stp");
   for (const std::size_t size : {0u, 30u, 3000u}) {
     model_.Delete();
@@ -108,6 +108,20 @@ TEST_F(WriteFailures, WhereThereIsNoMoreRoomTheTailFits) {
       const std::size_t whole = sound.rfind(");\n", room - mask - (sizeof kTail - 1) - 3) + 3;
       EXPECT_EQ(MaskedBytesOf(path), sound.substr(0, whole) + kTail) << size << " " << room;
     }
+  }
+}
+
+// The head stays, with as much of the tail as there is space for.
+TEST_F(WriteFailures, WhereNoTailFitsTheHeadIsNotGivenUp) {
+  Fill(3, 10);
+  const std::string path = TempPath("head.stp");
+  ASSERT_EQ(Write(path), 3);
+  const std::string head = UpToRecord(BytesOf(path), 0);
+  for (std::size_t space = 0; space < sizeof kTail - 2; ++space) {
+    const SizeLimit limit(head.size() + space);
+    EXPECT_EQ(Write(path), -1);
+    EXPECT_EQ(MaskedBytesOf(path), UpToRecord(MaskedBytesOf(path), 0) + std::string(kTail, space)) << space;
+    EXPECT_EQ(BytesOf(path).substr(0, 13), "ISO-10303-21;") << space;
   }
 }
 

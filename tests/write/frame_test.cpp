@@ -1,7 +1,12 @@
 // The frame of a written file, byte for byte, and how its name is opened and shown.
 #include <gtest/gtest.h>
 
-#include "platform/clock.h"
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+
+#include "platform/posix/system_time.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 
@@ -25,21 +30,54 @@ TEST(WrittenFrame, ShowsItsNameAndRemarkAndStandsAloneWithoutInstances) {
   EXPECT_EQ(BytesOf(path), "(none)");
 }
 
-TEST(WrittenFrame, BearsTheLocalTime) {
-  const auto shown = [](const steprt::DateAndTime& d) {
-    char text[40];
-    std::snprintf(text, sizeof text, "'%d.%02d.%d %02d.%02d'", d.day, d.month, d.year, d.hour, d.minute);
-    return std::string(text);
-  };
-  std::string path = TempPath("date.stp");
-  const std::string before = shown(steprt::LocalNow());
-  STEPwrite(path.data(), "", nullptr, ProjSchema());
-  const std::string after = shown(steprt::LocalNow());
-  const std::string bytes = BytesOf(path);
-  EXPECT_TRUE(bytes.find(before) != std::string::npos || bytes.find(after) != std::string::npos) << bytes;
+// Sets the system's clock and the host's time zone for its own life.
+class Moment {
+ public:
+  Moment(std::time_t time, const char* zone) {
+    static std::time_t now;
+    now = time;
+    const char* before = getenv("TZ");
+    hadZone_ = before != nullptr;
+    if (hadZone_) zone_ = before;
+    setenv("TZ", zone, 1);
+    steprt::systemTime = [](std::time_t*) { return now; };
+  }
+  ~Moment() {
+    steprt::systemTime = std::time;
+    hadZone_ ? setenv("TZ", zone_.c_str(), 1) : unsetenv("TZ");
+  }
+
+ private:
+  bool hadZone_ = false;
+  std::string zone_;
+};
+
+// What the system's own program says, which looks at TZ as well.
+std::string DateBySystem(std::time_t time) {
+  std::FILE* output = popen(("date -d @" + std::to_string(time) + " '+%-d.%m.%Y %H.%M'").c_str(), "r");
+  char line[100] = "";
+  EXPECT_NE(std::fgets(line, sizeof line, output), nullptr);
+  pclose(output);
+  line[std::strcspn(line, "\n")] = '\0';
+  return line;
 }
 
-// Longer than any room for a name: a component may have 255 bytes, a path more than 4000.
+// One process, so each row changes the zone while it runs. The days have one and two digits, and so have the months,
+// hours and minutes; in some zones it is another day, month or year.
+TEST(WrittenFrame, BearsTheLocalTimeOfTheZoneOfTheMoment) {
+  std::string path = TempPath("date.stp");
+  for (const std::time_t time : {946684799L, 951782700L, 1772694480L, 1797983940L, 4102444799L}) {
+    for (const char* zone : {"UTC0", "AAA-14", "BBB11:30", "CCC5DDD,M3.2.0,M11.1.0", "EEE-5:45"}) {
+      const Moment moment(time, zone);
+      STEPwrite(path.data(), "", nullptr, ProjSchema());
+      const std::string bytes = BytesOf(path);
+      EXPECT_NE(bytes.find("FILE_NAME('" + path + "','" + DateBySystem(time) + "');"), std::string::npos)
+          << time << ' ' << zone << bytes;
+    }
+  }
+}
+
+// Longer than any buffer for a name: a component may have 255 bytes, a path more than 4000.
 TEST(WrittenFrame, ALongNameIsNeitherCutForOpeningNorForShowing) {
   std::string path = TempPath(std::string(3500, '/'));
   path += std::string(200, '\'');

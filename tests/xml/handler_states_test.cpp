@@ -1,4 +1,7 @@
 // The content handler and the error handler, driven by events made by hand.
+#include <cstring>
+#include <iterator>
+
 #include "read/transfer/instance_table.h"
 #include "read/transfer/references.h"
 #include "xml/error_handler.h"
@@ -9,6 +12,28 @@ namespace {
 using namespace steprt_test;
 using steprt::kSaxFailure;
 using steprt::kSaxOk;
+
+// Where an operation is in its table, from 0, as the compilers of this system code a pointer to it.
+template <typename Operation>
+std::size_t SlotOf(Operation operation) {
+  std::size_t code;
+  std::memcpy(&code, &operation, sizeof code);
+  return (code - 1) / sizeof(void*);
+}
+
+TEST(HandlerSlots, AreInTheOrderOfTheEventsAndTheDestructorIsLast) {
+  using Content = steprt::SaxContentHandler;
+  const std::size_t content[] = {SlotOf(&Content::PutDocumentLocator),  SlotOf(&Content::StartDocument),
+                                 SlotOf(&Content::EndDocument),         SlotOf(&Content::StartPrefixMapping),
+                                 SlotOf(&Content::EndPrefixMapping),    SlotOf(&Content::StartElement),
+                                 SlotOf(&Content::EndElement),          SlotOf(&Content::Characters),
+                                 SlotOf(&Content::IgnorableWhitespace), SlotOf(&Content::ProcessingInstruction),
+                                 SlotOf(&Content::SkippedEntity)};
+  for (std::size_t i = 0; i < std::size(content); ++i) EXPECT_EQ(content[i], i);
+  using Errors = steprt::SaxErrorHandler;
+  const std::size_t errors[] = {SlotOf(&Errors::Error), SlotOf(&Errors::FatalError), SlotOf(&Errors::IgnorableWarning)};
+  for (std::size_t i = 0; i < std::size(errors); ++i) EXPECT_EQ(errors[i], i);
+}
 
 class HandlerStates : public testing::Test, public XmlEvents {};
 
@@ -40,8 +65,9 @@ TEST_F(HandlerStates, OtherEventsChangeNothing) {
 }
 
 TEST_F(HandlerStates, TheFirstCharacterOfANumberIsPassedOverWhateverTheCaseOfItsName) {
-  const std::pair<const char16_t*, int> rows[] = {{u"x12", 12}, {u"12", 2},  {u"#", 0},       {u"", 0},
-                                                  {u"#-5", -5}, {u"# 7", 7}, {u"#12abc", 12}, {u"##3", 0}};
+  const std::pair<const char16_t*, int> rows[] = {{u"x12", 12}, {u"12", 2},        {u"#", 0},
+                                                  {u"", 0},     {u"\u010012", 12}, {u"#-5", -5},
+                                                  {u"# 7", 7},  {u"#12abc", 12},   {u"##3", 0}};
   Feed("<pRoj>");
   for (const auto& [rid, number] : rows) {
     EXPECT_EQ(Start(u"nobody", {{u"RiD", rid}}), kSaxOk);

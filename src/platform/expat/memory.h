@@ -12,8 +12,9 @@ namespace steprt {
 extern const XML_Memory_Handling_Suite expatMemory;
 
 // Limits what Expat holds in proportion to what it was given, for the life of this object. A tag with a long address of
-// a namespace and many attributes lets Expat copy the address for each of them, before any callback could stop it: 1 MB
-// would need 18 GB. A parser must be freed before its limit goes, so limits are nested as parses are.
+// a namespace and many attributes lets Expat copy the address for each of them, before any callback could stop it: that
+// takes the square of the tag's length. A parser must be freed before its limit goes, so limits are nested as parses
+// are.
 class ExpatMemoryLimit {
  public:
   ExpatMemoryLimit();
