@@ -36,7 +36,7 @@ class SaxContentHandler {
   virtual SaxResult EndPrefixMapping(std::u16string_view prefix) = 0;
   virtual SaxResult StartElement(std::u16string_view localName, SaxAttributes& attributes) = 0;
   virtual SaxResult EndElement() = 0;
-  virtual SaxResult Characters(std::u16string_view text) = 0;  // one run may come in any number of calls
+  virtual SaxResult Characters(std::u16string_view text) = 0;  // a text may arrive in several calls
   virtual SaxResult IgnorableWhitespace(std::u16string_view text) = 0;
   virtual SaxResult ProcessingInstruction(std::u16string_view target, std::u16string_view text) = 0;
   virtual SaxResult SkippedEntity(std::u16string_view name) = 0;

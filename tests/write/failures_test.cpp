@@ -23,7 +23,8 @@ using namespace steprt_test;
 
 constexpr char kTail[] = "ENDSEC;\n\nEND-ISO-10303-21;\n";
 
-// No file of the process grows beyond it for its own life.
+// No file of the process grows beyond it for its own life. Nothing may fail meanwhile: the words about it may go to a
+// file as well.
 class SizeLimit {
  public:
   explicit SizeLimit(rlim_t size) {
@@ -95,18 +96,22 @@ TEST_F(WriteFailures, OnePassingFailureLeavesWholeRecordsAndTheTail) {
 
 // However short the records are, no more of them go than the tail takes.
 TEST_F(WriteFailures, WhereThereIsNoMoreSpaceTheTailFits) {
-  const std::string path = TempPath("room.stp");
+  const std::string path = TempPath("space.stp");
   for (const std::size_t size : {0u, 30u, 3000u}) {
     model_.Delete();
     Fill(size < 30 ? 9000 : 2000, size);
     ASSERT_GT(Write(path), 0);
     const std::string sound = MaskedBytesOf(path);
     const std::size_t mask = BytesOf(path).size() - sound.size();
-    for (std::size_t room = 70000; room < 70000 + sizeof kTail; ++room) {
-      const SizeLimit limit(room);
-      EXPECT_EQ(Write(path), -1);
-      const std::size_t whole = sound.rfind(");\n", room - mask - (sizeof kTail - 1) - 3) + 3;
-      EXPECT_EQ(MaskedBytesOf(path), sound.substr(0, whole) + kTail) << size << " " << room;
+    for (std::size_t space = 70000; space < 70000 + sizeof kTail; ++space) {
+      int result;
+      {
+        const SizeLimit limit(space);
+        result = Write(path);
+      }
+      EXPECT_EQ(result, -1);
+      const std::size_t whole = sound.rfind(");\n", space - mask - (sizeof kTail - 1) - 3) + 3;
+      EXPECT_EQ(MaskedBytesOf(path), sound.substr(0, whole) + kTail) << size << " " << space;
     }
   }
 }
@@ -118,8 +123,12 @@ TEST_F(WriteFailures, WhereNoTailFitsTheHeadIsNotGivenUp) {
   ASSERT_EQ(Write(path), 3);
   const std::string head = UpToRecord(BytesOf(path), 0);
   for (std::size_t space = 0; space < sizeof kTail - 2; ++space) {
-    const SizeLimit limit(head.size() + space);
-    EXPECT_EQ(Write(path), -1);
+    int result;
+    {
+      const SizeLimit limit(head.size() + space);
+      result = Write(path);
+    }
+    EXPECT_EQ(result, -1);
     EXPECT_EQ(MaskedBytesOf(path), UpToRecord(MaskedBytesOf(path), 0) + std::string(kTail, space)) << space;
     EXPECT_EQ(BytesOf(path).substr(0, 13), "ISO-10303-21;") << space;
   }

@@ -3,9 +3,7 @@
 #ifndef STEPRT_PLATFORM_EXPAT_NAME_TABLE_H
 #define STEPRT_PLATFORM_EXPAT_NAME_TABLE_H
 
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "support/hash.h"

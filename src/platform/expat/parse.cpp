@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <utility>
 
 #include "platform/expat/code_pages.h"
