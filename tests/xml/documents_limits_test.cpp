@@ -121,6 +121,7 @@ TEST(DocumentLimits, HostileDocumentsAreRefused) {
        Document("<!ENTITY % p \"" + Attributes(1'000, "b@ CDATA #IMPLIED ") + "\">" + Times(200, "%p;"), "")},
       {"too many defaults of attributes declared", Document(Attributes(1'000, "b@ CDATA 'x' "), tags)},
       {"too long names of attributes", Document(Attributes(8, "q:" + longName + "@ CDATA 'x' "), tags)},
+      {"too long names of attributes", Document("<!ATTLIST a " + Times(20, longName) + " CDATA 'x'>", tags + tags)},
       {"too many or too long names of namespaces", Document(Attributes(1'000, "xmlns:p@ CDATA 'u' "), tags)},
       {"too many or too long names of namespaces", Document("<!ATTLIST a xmlns:p CDATA '" + longName + "'>", tags)},
       {"too long names of attributes",

@@ -24,6 +24,7 @@ constexpr std::int64_t kForBinding = 190;
 constexpr std::int64_t kForBoundCharacter = 16;  // of the address
 constexpr std::int64_t kForOpenElement = 5;      // that is walked when a binding's buffer grows
 constexpr std::int64_t kCopiedForOne = 4;        // characters of an address in the name of an element
+constexpr std::int64_t kWalkedForOne = 2;        // characters of a name by which the library looks for a namespace
 
 // With fewer attributes than these for each element a tag costs about what its bytes cost.
 constexpr std::int64_t kFewDeclared = 16;
@@ -132,7 +133,10 @@ const char* DocumentLimits::WalkAttributes(const XML_Char** attributes) {
   for (int i = 0; attributes[i]; i += 2) {
     const XML_Char* local = LocalPart(attributes[i]);
     if (i >= given) defaults += kForDefault;
-    if (local == attributes[i]) continue;
+    if (local == attributes[i]) {
+      if (i >= given) names += static_cast<std::int64_t>(std::strlen(local)) / kWalkedForOne;
+      continue;
+    }
     names += kForNameInNamespace + kForAddressCharacter * (local - attributes[i]) +
              kForNameCharacter * static_cast<std::int64_t>(std::strlen(local));
   }

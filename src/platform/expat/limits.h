@@ -6,7 +6,8 @@
 //   tags in entities                             makes the element, for a reference of a few bytes
 //   many attributes declared of an element       walks all of them for each of its tags, and for each token in a tag
 //   defaults of attributes                       adds each to each tag of the element
-//   long names of attributes in a namespace      hashes the name, with the namespace's address, for each tag
+//   long names of attributes with defaults       hashes one in a namespace, with its address, for each tag; the
+//                                                library walks the others
 //   long addresses of namespaces                 copies the address into each name
 //   many bindings of namespaces                  walks all open elements when a binding's buffer grows
 //   entities inside of entities                  recurses, see entity_nesting.h
