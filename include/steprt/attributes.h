@@ -26,7 +26,7 @@
 #include <steprt/read.h>
 #include <steprt/write.h>
 
-#include <cstdio>
+#include <charconv>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -45,8 +45,7 @@ namespace detail {
 
 inline void PrintNumber(std::string& out, double number) {
   char text[32];
-  std::snprintf(text, sizeof text, "%.17g", number);
-  out += text;
+  out.append(text, std::to_chars(text, text + sizeof text, number).ptr);
 }
 
 inline void PrintReference(std::string& out, const STEPheader* object) {
