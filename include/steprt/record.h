@@ -166,9 +166,19 @@ inline void WriteRecord(STEPtransfer* t, STEPheader* object) {
   static_cast<Record*>(object)->Describe(writer);
 }
 
+// Null is no text.
+constexpr bool IsSameText(const char* a, const char* b) {
+  if (!a || !b) return false;
+  while (*a && *a == *b) {
+    ++a;
+    ++b;
+  }
+  return *a == *b;
+}
+
 template <class T>
 constexpr APPentity RowOf() {
-  static_assert(&T::kKeyword != &T::Super::kKeyword, "each entity class has a kKeyword of its own");
+  static_assert(!IsSameText(T::kKeyword, T::Super::kKeyword), "each entity class has a kKeyword of its own");
   if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
     return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
   } else {
@@ -177,7 +187,7 @@ constexpr APPentity RowOf() {
 }
 
 template <class... Classes>
-inline constexpr APPentity kRows[] = {RowOf<Classes>()...};
+inline constexpr APPentity kRows[sizeof...(Classes)] = {RowOf<Classes>()...};
 
 }  // namespace detail
 
