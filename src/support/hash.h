@@ -18,8 +18,9 @@ inline std::uint64_t Mix(std::uint64_t value, std::uint64_t factor) {
   return static_cast<std::uint64_t>(product >> 64) ^ static_cast<std::uint64_t>(product);
 }
 
-// Two rounds. After one, numbers at regular distances crowd with some factors: in 14 of 480 trials a search among 60,000
-// numbers in a half full table took more than 3 probes on average, in one of them 68. After two it took at most 1.4.
+// Two rounds. After one, numbers at regular distances crowd with some factors: in 14 of 480 trials a search among
+// 60,000 numbers in a half full table took more than 3 probes on average, in one of them 68. After two it took at
+// most 1.4.
 inline std::uint64_t HashNumber(std::uint64_t number, HashSeed seed) {
   return Mix(Mix(number ^ seed.start, seed.factor) ^ seed.start, seed.factor);
 }
