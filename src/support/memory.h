@@ -35,7 +35,7 @@ template <typename T>
   const std::size_t larger = std::max(wanted, *capacity * 2);
   T* const made = new (std::nothrow) T[larger];
   if (!made) return nullptr;
-  if (used > 0) std::memcpy(static_cast<void*>(made), items, used * sizeof(T));
+  std::copy_n(items, used, made);
   *capacity = larger;
   return made;
 }
