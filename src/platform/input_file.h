@@ -1,6 +1,7 @@
-// A file that is read through one block. The tokeniser scans inside the block, between Cursor and Limit; behind Limit
-// stand kScanReach line feeds, the first of which ends every scan, so that a scan looks for Limit only where it meets
-// one and may look at that many bytes at once.
+// A file, or a text in memory, that is read through one block.
+//
+// The tokeniser scans inside the block, between Cursor and Limit. kScanReach line feeds follow Limit. The first of them
+// ends every scan, so a scan compares with Limit only where it meets a line feed, and may read that many bytes at once.
 #ifndef STEPRT_PLATFORM_INPUT_FILE_H
 #define STEPRT_PLATFORM_INPUT_FILE_H
 
@@ -16,13 +17,14 @@ class InputFile {
  public:
   static constexpr int kEnd = -1;
 
-  // Opens for reading; null when the file cannot be opened, is a directory, or memory is exhausted. For delete.
+  // Opens a file for reading. Returns null if it cannot be opened or is a directory, or when memory runs out. Release
+  // it with delete.
   [[nodiscard]] static InputFile* OpenOrNull(const char* name);
 
-  // Reads from memory instead. It is empty until Restart. Null when memory is exhausted. For delete.
+  // Makes one that reads from memory and is empty until Restart. Returns null when memory runs out.
   [[nodiscard]] static InputFile* MemoryOrNull();
 
-  // Begins anew with `text`, which must stay as it is while it is read. Only for one that reads from memory.
+  // Starts again with `text`, which must not change while it is read. Only for one that reads from memory.
   void Restart(std::string_view text);
 
   ~InputFile();
@@ -38,24 +40,24 @@ class InputFile {
 
   void MoveTo(const char* cursor) { cursor_ = cursor; }
 
-  // Blocks read so far; the one at hand is the last.
+  // The count of blocks read so far.
   std::uint32_t Blocks() const { return blocks_; }
 
-  // How many times as long as the part in front of the cursor the file is; 1 where its size is not known.
+  // The size of the file divided by the size of the part before the cursor; 1 if the size of the file is unknown.
   double Growth() const {
     const std::uint64_t passed = taken_ - static_cast<std::uint64_t>(limit_ - cursor_);
     return size_ > passed && passed > 0 ? static_cast<double>(size_) / static_cast<double>(passed) : 1;
   }
 
-  // The next byte, read on from the file where the block ends; kEnd at the end of the file. A read that fails ends the
-  // file.
+  // Return the next byte, and read the next block if this one is used up. They return kEnd at the end of the file. A
+  // read that fails ends the file.
   int Peek() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_) : kEnd; }
   int Get() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_++) : kEnd; }
 
-  // Whether a read has failed, which ended the file.
+  // Whether the file ended because a read failed.
   bool HasFailed() const { return failed_; }
 
-  // Reads the next block over this one, which must be used up. False at the end of the file.
+  // Replaces this block, which must be used up, by the next one. Returns false at the end of the file.
   bool Refill();
 
  private:
@@ -66,9 +68,9 @@ class InputFile {
   std::size_t ReadBlock();
   void EndBlock();
 
-  const int handle_;          // -1: none, the bytes are in memory
-  std::string_view memory_;   // what is left of them
-  const std::uint64_t size_;  // 0 where it is not known
+  const int handle_;          // -1: the bytes are in memory
+  std::string_view memory_;   // the bytes not yet read
+  const std::uint64_t size_;  // 0: unknown
   char before_ = '\n';
   std::uint64_t taken_ = 0;
   std::uint32_t blocks_ = 0;

@@ -1,4 +1,4 @@
-// Shows one text to the user and returns when that is done.
+// Shows a text to the user and returns when that is done.
 #ifndef STEPRT_PLATFORM_MESSAGE_BOX_H
 #define STEPRT_PLATFORM_MESSAGE_BOX_H
 

@@ -1,5 +1,5 @@
-// Modules that are loaded at run time, their entries, and the chain of extension modules. A null module is none: it has
-// no entries and no path, and is not released.
+// Modules that are loaded at run time, their entries, and the chain of extension modules. A null module has no entries
+// and no path, and is not released.
 #ifndef STEPRT_PLATFORM_MODULES_H
 #define STEPRT_PLATFORM_MODULES_H
 
@@ -8,27 +8,29 @@
 
 namespace steprt {
 
-// One reference more to the module, or null when it cannot be loaded, as with a null or an empty path.
+// Loads the module, or adds a reference to it. Returns null if it cannot be loaded, also for a null or empty path.
 HINSTANCE LoadModule(const char* path);
 
-// One reference less; false, and nothing happens, when no module has the handle. The handle of a module that has gone
-// may by now be that of another: nobody can tell the two apart.
+// Removes a reference. Returns false, and does nothing, if no module has the handle. The system may use the handle of
+// an unloaded module again for another one; the two cannot be told apart.
 bool ReleaseModule(HINSTANCE module);
 
-// An entry of the module itself, not of what it depends on; null if it has none of that name or number.
+// Return an entry of the module itself, not of one that it depends on. They return null if it has no such entry.
 void* FindEntry(HINSTANCE module, const char* name);
 STEPentryFunc FindEntry(HINSTANCE module, int number);
 
-// The module's full path, cut to `size` - 1 characters.
+// Stores the module's full path, truncated to `size` - 1 characters.
 void ModulePath(HINSTANCE module, char* path, int size);
 
-// The loaded module in which the address lies, without a reference to it; null for the program and for no module.
+// Returns the loaded module that contains the address, without a new reference. Returns null if the program contains
+// it, or no module.
 HINSTANCE ModuleOf(const void* address);
 
-// The chain of extension modules, which modules join and leave by their STEPmodule; null when it is empty.
+// Returns the head of the chain of extension modules, or null if it is empty. A STEPmodule object joins the chain and
+// leaves it.
 STEPmodule* FirstModule();
 
-// What the layer knows of a module that has made itself known without joining the chain.
+// A module that has registered itself without joining the chain.
 struct ModuleRecord {
   HINSTANCE module = nullptr;
 };

@@ -1,7 +1,7 @@
 // A file that is written through one block.
 //
-// A write that fails sets a flag, and all that is put from then on is dropped, so the writers need not look after each
-// piece. At the end the file goes back to its last whole record and is ended there:
+// A write that fails sets a flag, and everything that is put from then on is dropped, so the writers need not check
+// each piece. At the end the file is cut back to its last whole record and ended there:
 //
 //   file->CutBackToMark();
 //   file->PutTail(tail);
@@ -36,7 +36,7 @@ class OutputFile {
   }
   void Put(std::string_view text);
 
-  // A buffer of `count` characters, 64 at most, to print into. Advance says where the print ended.
+  // Returns a buffer of `count` characters, at most 64, to print into. Advance marks the end of what was printed.
   char* Buffer(std::size_t count) {
     if (kBlock - used_ < count) Flush();
     return block_ + used_;
@@ -46,7 +46,7 @@ class OutputFile {
   // Writes what the block holds.
   void Flush();
 
-  // Says that what was put so far is made of whole records.
+  // Marks what was put so far as whole records.
   void Mark() {
     if (!failed_) ends_[marks_++ % kMarks] = written_ + static_cast<std::int64_t>(used_);
   }
@@ -58,9 +58,9 @@ class OutputFile {
   // Writes the last pieces of the file and all that the block holds.
   void PutTail(std::initializer_list<std::string_view> tail);
 
-  // If a file that was cut has no space for the tail, gives up as many records as the tail needs and puts it again.
-  // The head of the file is never given up. Without a cut it does nothing: a file that was sound until its tail keeps
-  // its records.
+  // If a file that was cut has no space for the tail, removes as many records as the tail needs and puts it again.
+  // It never removes the head of the file. It does nothing if the file was not cut: a file that was sound until its
+  // tail keeps its records.
   void MakeTailFit(std::initializer_list<std::string_view> tail);
 
   bool HasFailed() const { return failed_; }

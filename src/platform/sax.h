@@ -1,5 +1,5 @@
-// The SAX2 service: it parses a document and hands its events to two handlers. Texts are UTF-16 and live for the call
-// they are given to.
+// The SAX2 service: it parses a document and passes its events to two handlers. Texts are UTF-16 and valid only during
+// the call that receives them.
 #ifndef STEPRT_PLATFORM_SAX_H
 #define STEPRT_PLATFORM_SAX_H
 
@@ -8,14 +8,14 @@
 
 namespace steprt {
 
-// What a handler answers; one below 0 is a failure and stops the parse.
+// The result of a handler. A negative one is a failure and stops the parse.
 using SaxResult = int;
 inline constexpr SaxResult kSaxOk = 0;
 inline constexpr SaxResult kSaxFailure = static_cast<SaxResult>(0x80004005u);
 
-// The attributes of one start tag. Declarations of namespaces do not count. Of a text the first units are given, at
-// most `limit`, so that one that the document type repeats for every tag costs no more than is wanted of it. It lives
-// until the next one is asked for.
+// The attributes of one start tag, without declarations of namespaces. The functions return at most the first `limit`
+// units of a text: a default value may be long, and a document type repeats it for every tag. A text is valid until the
+// next call.
 class SaxAttributes {
  public:
   virtual ~SaxAttributes() = default;
@@ -25,8 +25,8 @@ class SaxAttributes {
 };
 
 // The events of SAX2 in its order, and the destructor last, so that each has the slot that other senders of events
-// expect. A handler belongs to whoever makes it, so nothing counts references. The service sends the events that the
-// library listens to.
+// expect. The code that creates a handler owns it, so nothing counts references. The service sends the events that the
+// library uses.
 class SaxContentHandler {
  public:
   virtual SaxResult PutDocumentLocator() = 0;
@@ -52,14 +52,14 @@ class SaxErrorHandler {
   virtual ~SaxErrorHandler() = default;
 };
 
-// Both parse all of a document, decoded by its own declaration, before they return. Nothing outside of the document is
-// loaded. What a handler throws comes out of them when the parser is gone.
+// Both functions parse the whole document before they return. Its declaration says how it is encoded. They load nothing
+// outside the document. An exception of a handler leaves them after the parser has been freed.
 struct SaxService {
   void (*parse)(const char* document, SaxContentHandler& content, SaxErrorHandler& errors);
   void (*parseFile)(const char* name, SaxContentHandler& content, SaxErrorHandler& errors);
 };
 
-// Null where the library is built without one. A variable, so that a test can put another in its place.
+// Null if the library is built without a service. It is a variable, so that a test can replace it.
 extern const SaxService* saxService;
 
 }  // namespace steprt

@@ -23,7 +23,7 @@ class ListAppender {
   // Copies the text. When memory runs out for the copy, the item is lost without a report.
   void AppendText(const char* text);
 
-  // A number that stands for no instance is reported and left out. An instance of a wrong type is linked first and
+  // A number without an instance is reported and left out. An instance of a wrong type is linked first and
   // reported then, so an error procedure that looks at the list sees it.
   void AppendReference(int number, int expected);
 

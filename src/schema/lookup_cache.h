@@ -89,7 +89,7 @@ class LookupCache {
   int nodeCount_ = 0;
   HashTable<NameSlot, 4> names_;
   HashTable<TypeSlot, 4> types_;
-  int nameAnswers_[kAnswers];  // nodes whose rows spell the name as it was asked for
+  int nameAnswers_[kAnswers];  // nodes whose rows spell the name as the lookup did
   SubtypeAnswer subtypeAnswers_[kAnswers];
 };
 

@@ -8,8 +8,8 @@ constexpr int kBadDocument = -1;
 
 }  // namespace
 
-// The service's words go out as they are, without the head of a report, and the count becomes -1 whatever it was. It is
-// meant: reports that follow count up from there.
+// The message is passed on unchanged, without the head of a report, and the count becomes -1 whatever it was. Both are
+// intended: later reports count up from -1.
 SaxResult XmlErrorHandler::Deliver(const char16_t* message) {
   char text[kMessageLimit + 1];
   int length = 0;

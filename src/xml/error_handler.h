@@ -1,4 +1,4 @@
-// Hands what the SAX service says of a document to the transfer's error procedure.
+// Passes the messages of the SAX service about a document to the transfer's error procedure.
 #ifndef STEPRT_XML_ERROR_HANDLER_H
 #define STEPRT_XML_ERROR_HANDLER_H
 

@@ -1,4 +1,4 @@
-// Handlers that take every event, do nothing and go on. What listens to some events derives from them.
+// Handlers that ignore every event and continue. A handler of some events derives from them.
 #ifndef STEPRT_XML_HANDLERS_H
 #define STEPRT_XML_HANDLERS_H
 

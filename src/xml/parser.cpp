@@ -21,7 +21,7 @@ SaxResult XmlParser::StartDocument() {
   return kSaxOk;
 }
 
-// Elements around the root are not counted, so a root is found inside of them.
+// Elements around the root are not counted, so a root inside other elements is found.
 SaxResult XmlParser::StartElement(std::u16string_view localName, SaxAttributes& attributes) {
   const std::size_t length = NarrowText(localName);
   switch (depth) {
@@ -54,7 +54,7 @@ SaxResult XmlParser::StartEntity(SaxAttributes& attributes) {
   return kSaxOk;
 }
 
-// Ends the parse. The message goes out bare and is not counted, which is meant.
+// Ends the parse. The message has no head and is not counted, which is intended.
 SaxResult XmlParser::RefuseEntity() {
   if (transfer->errorProc) transfer->errorProc(kMissingRid);
   return kSaxFailure;

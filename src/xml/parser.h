@@ -10,9 +10,9 @@
 
 namespace steprt {
 
-// The document is a root element named after the schema, in it an element for each instance, with the instance's number
-// in its one attribute, `rid`, and in that an element for each attribute. At an instance's end tag the read function of
-// its row is called, which finds the child elements in the transfer.
+// A document has a root element with the name of the schema. The root has an element for each instance, whose only
+// attribute `rid` is the instance's number. An instance has an element for each attribute. At the end tag of an
+// instance the parser calls the read function of its row, which finds the child elements in the transfer.
 class XmlParser : public SAXContentHandlerImpl {
  public:
   SaxResult StartDocument() override;
@@ -20,16 +20,16 @@ class XmlParser : public SAXContentHandlerImpl {
   SaxResult EndElement() override;
   SaxResult Characters(std::u16string_view units) override;
 
-  // Where the next start tag stands. What lies above kInChild is nested in a child element.
+  // Where the next start tag is. A depth above kInChild is inside a child element.
   enum Depth { kOutside = 0, kInRoot = 1, kInEntity = 2, kInChild = 3 };
   static constexpr int kTextLimit = 260;
 
   STEPtransfer* transfer = nullptr;  // set by the driver
-  STEPentry* entry = nullptr;        // of the instance at hand
+  STEPentry* entry = nullptr;        // of the current instance
   APPobject0* schema = nullptr;      // set by the driver
-  APPentity* row = nullptr;          // of the instance at hand; null when the schema does not know its name
-  STEPelement* element = nullptr;    // the newest child element, which character data is appended to
-  char text[kTextLimit + 1];         // the name or value at hand
+  APPentity* row = nullptr;          // of the current instance; null if the schema has no row of its name
+  STEPelement* element = nullptr;    // the latest child element, which receives character data
+  char text[kTextLimit + 1];         // the current name or value
   int depth = kOutside;
 
  private:
@@ -38,7 +38,7 @@ class XmlParser : public SAXContentHandlerImpl {
   void BeginInstance(int number);
   void StartChild(std::size_t nameLength);
   void ReadInstance();
-  std::size_t NarrowText(std::u16string_view units);  // into `text`; gives its length
+  std::size_t NarrowText(std::u16string_view units);  // into `text`; returns its length
 };
 
 }  // namespace steprt

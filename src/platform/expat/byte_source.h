@@ -15,10 +15,10 @@ class ByteSource {
  public:
   virtual ~ByteSource() = default;
 
-  // Copies the next bytes, as many as there are and fit. 0 at the end.
+  // Copies the next bytes, as many as there are and fit, and returns their count. Returns 0 at the end.
   virtual std::size_t Fill(char* buffer, std::size_t size) = 0;
 
-  // Whether the end is one because no more could be read.
+  // Whether the source ended because a read failed.
   virtual bool HasFailed() const { return false; }
 };
 

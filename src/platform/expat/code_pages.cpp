@@ -5,8 +5,8 @@
 namespace steprt {
 namespace {
 
-// The upper half of each page; the lower one is ASCII. A byte to which a page gives no character stands for the control
-// character of its own number.
+// The upper half of each page; the lower one is ASCII. A byte without a character in the page is the control character
+// of its own number.
 constexpr int kUpperHalf = 128;
 struct CodePage {
   const char* name;

@@ -1,4 +1,4 @@
-// The single-byte encodings that a document may declare beside those that Expat knows.
+// The single-byte encodings that a document may declare in addition to those of Expat.
 #ifndef STEPRT_PLATFORM_EXPAT_CODE_PAGES_H
 #define STEPRT_PLATFORM_EXPAT_CODE_PAGES_H
 
@@ -6,7 +6,8 @@
 
 namespace steprt {
 
-// For XML_SetUnknownEncodingHandler: windows-1250 to -1252, ISO-8859-2, -5 and -15, their names in any case.
+// For XML_SetUnknownEncodingHandler: windows-1250 to -1252, ISO-8859-2, -5 and -15. Names are compared
+// case-insensitively.
 int XMLCALL DescribeCodePage(void* data, const XML_Char* name, XML_Encoding* encoding);
 
 }  // namespace steprt

@@ -16,7 +16,7 @@ constinit ExpatMemoryLimit* memoryLimit = nullptr;  // that of the innermost par
 constexpr std::size_t kMemoryForByte = 96;
 constexpr std::size_t kMemoryForNothing = std::size_t{1} << 24;
 
-// The size of a block is in front of it: a block that grows or goes has to know it.
+// The size of a block is stored before it: it is needed when the block grows or is released.
 constexpr std::size_t kHead = alignof(std::max_align_t);
 static_assert(kHead >= sizeof(std::size_t));
 

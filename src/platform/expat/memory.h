@@ -1,5 +1,5 @@
-// Expat's memory comes from the same operators as the library's own, so that what watches or fails those reaches both.
-// What it may hold is limited.
+// Expat allocates with the same operators as the library, so that a test that counts or fails allocations covers both.
+// The memory that Expat may hold is limited.
 #ifndef STEPRT_PLATFORM_EXPAT_MEMORY_H
 #define STEPRT_PLATFORM_EXPAT_MEMORY_H
 
@@ -13,8 +13,7 @@ extern const XML_Memory_Handling_Suite expatMemory;
 
 // Limits what Expat holds in proportion to what it was given, for the life of this object. A tag with a long address of
 // a namespace and many attributes lets Expat copy the address for each of them, before any callback could stop it: that
-// takes the square of the tag's length. A parser must be freed before its limit goes, so limits are nested as parses
-// are.
+// takes the square of the tag's length. A parser must be freed before its limit is destroyed; limits nest as parses do.
 class ExpatMemoryLimit {
  public:
   ExpatMemoryLimit();
@@ -27,7 +26,7 @@ class ExpatMemoryLimit {
 
   bool WasMet() const { return wasMet_; }
 
-  // For the memory suite. False when the block would be too much.
+  // For the memory suite. Returns false if the block would exceed the limit.
   [[nodiscard]] bool Take(std::size_t size);
   void Return(std::size_t size) { held_ -= size; }
 

@@ -58,7 +58,7 @@ void AddCount(TextBuffer& text, XML_Size count) {
   text.Add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
-// Cut where there is no memory for all of it.
+// The message is truncated when memory runs out.
 const char16_t* PutMessage(Utf16Buffer& buffer, std::string_view message) {
   if (!buffer.Reserve(message.size() + 1)) message = message.substr(0, Utf16Buffer::kOwnUnits - 1);
   return buffer.PutBytes(message);
@@ -106,8 +106,8 @@ bool ExpatParse::MakeParser() {
   return true;
 }
 
-// False where Expat stopped. Each block that ends inside a token lets Expat scan that token from its start again, so
-// blocks double for as long as one token goes on.
+// Returns false if Expat stopped. For each block that ends inside a token, Expat scans that token again from its start,
+// so blocks double as long as one token continues.
 bool ExpatParse::Feed(ByteSource& source) {
   constexpr int kBlock = 1 << 16;
   constexpr int kLargestBlock = 1 << 28;
@@ -170,8 +170,9 @@ void ExpatParse::DeclareAttribute(const XML_Char* element, const XML_Char* type,
   Refuse(limits_.DeclareAttribute(element, type, hasDefault));
 }
 
-// A handler of external entities would cost all bound prefixes for each reference, so references to them are taken from
-// what is left over. Comments and instructions have handlers so that no piece of a long one looks like a reference.
+// With a handler of external entities, Expat walks all bound prefixes for each reference. So references to them are
+// read from the markup that has no other callback. Comments and instructions have handlers, so that no piece of a long
+// one is taken for a reference.
 void ExpatParse::EndDocumentType() {
   XML_SetDefaultHandlerExpand(parser_.get(), OnMarkup);
   XML_SetCommentHandler(parser_.get(), OnComment);
@@ -204,7 +205,7 @@ void ExpatParse::SendText() {
   if (size > 0) Send([=, this] { return content_.Characters({text_, size}); });
 }
 
-// Nothing that the event throws goes on from here: Expat's frames lie above.
+// No exception of the event leaves this function: it would pass through the frames of Expat.
 template <typename Event>
 void ExpatParse::Send(Event event) {
   if (stopped_) return;

@@ -18,10 +18,10 @@
 
 namespace steprt {
 
-// The attributes of the start tag at hand.
+// The attributes of the current start tag.
 class ExpatAttributes final : public SaxAttributes {
  public:
-  // Takes pairs of name and value, up to a null. Nothing is looked at before it is asked for.
+  // Takes pairs of name and value that a null ends. A pair is converted only when it is requested.
   void Bind(const XML_Char** pairs) { pairs_ = pairs; }
 
   int Length() override;
@@ -39,7 +39,7 @@ class ExpatParse {
   ExpatParse(const ExpatParse&) = delete;
   ExpatParse& operator=(const ExpatParse&) = delete;
 
-  // Parses all of the source, or up to a fault, which is reported, or to a handler's failure, which is not.
+  // Parses the whole source. A fault, which is reported, or the failure of a handler, which is not, ends it earlier.
   void Run(ByteSource& source);
 
   // Expat's callbacks.
@@ -49,8 +49,8 @@ class ExpatParse {
   void DeclareEntity(const XML_Char* name, std::string_view text, bool isParameter);
   void DeclareAttribute(const XML_Char* element, const XML_Char* type, bool hasDefault);
   void EndDocumentType();
-  void Markup(std::string_view utf8);      // that no other callback takes
-  void SkipEntity(std::string_view name);  // that is not in the document; goes on without it
+  void Markup(std::string_view utf8);      // for which there is no other callback
+  void SkipEntity(std::string_view name);  // reports an entity that was not loaded, and continues
   void Text(std::string_view utf8);
 
  private:
@@ -72,15 +72,15 @@ class ExpatParse {
   SaxErrorHandler& errors_;
   ExpatMemoryLimit memory_;  // outlives the parser
   std::unique_ptr<XML_ParserStruct, ParserDeleter> parser_;
-  std::exception_ptr thrown_;    // by a handler; it may not pass through Expat, which is C
-  bool stopped_ = false;         // no event goes out from here on
+  std::exception_ptr thrown_;    // by a handler; an exception must not pass through Expat, which is C
+  bool stopped_ = false;         // no further event is sent
   const char* fault_ = nullptr;  // of ours, for which Expat was stopped
   DocumentLimits limits_;
   ExpatAttributes attributes_;
   Utf16Buffer name_;
 
-  // Character data is gathered up to the next tag or until the block is full, so that what the handler gets does not
-  // depend on where the blocks of the file lie.
+  // Character data is collected up to the next tag, or until the block is full, so that the calls of a handler do not
+  // depend on the blocks of the file.
   static constexpr std::size_t kTextBlock = 4096;
   std::size_t used_ = 0;
   char16_t text_[kTextBlock];

@@ -1,4 +1,4 @@
-// Texts from Expat, which come in UTF-8 and are sound, as UTF-16.
+// Texts from Expat, which are valid UTF-8, as UTF-16.
 #ifndef STEPRT_PLATFORM_EXPAT_UTF16_H
 #define STEPRT_PLATFORM_EXPAT_UTF16_H
 
@@ -7,10 +7,10 @@
 
 namespace steprt {
 
-// Puts the text into `buffer`, which must hold a unit for each byte. Returns the end of what it put.
+// Writes the text to `buffer`, which must hold a unit for each byte. Returns the end of what it wrote.
 char16_t* Utf8ToUtf16(char16_t* buffer, std::string_view utf8);
 
-// The start of `utf8`, at most `limit` bytes, that ends between two characters.
+// Returns the longest start of `utf8` that has at most `limit` bytes and ends between two characters.
 std::string_view TruncateToBytes(std::string_view utf8, std::size_t limit);
 
 // A buffer for one text after another. It grows and never shrinks.
@@ -23,7 +23,7 @@ class Utf16Buffer {
   Utf16Buffer(const Utf16Buffer&) = delete;
   Utf16Buffer& operator=(const Utf16Buffer&) = delete;
 
-  // Sees to it that a text of so many bytes fits. False, without a change, when memory is exhausted.
+  // Makes sure that a text of so many bytes fits. Returns false, without a change, when memory runs out.
   [[nodiscard]] bool Reserve(std::size_t bytes) { return bytes <= capacity_ || Grow(bytes); }
 
   // Replaces the text by one that fits.
@@ -31,10 +31,10 @@ class Utf16Buffer {
     return {units_, static_cast<std::size_t>(Utf8ToUtf16(units_, utf8) - units_)};
   }
 
-  // Replaces it by the first units, at most `limit`, of one that is terminated; by fewer when memory is exhausted.
+  // Replaces the text by at most the first `limit` units of a terminated one; by fewer when memory runs out.
   std::u16string_view PutStart(const char* utf8, std::size_t limit);
 
-  // Replaces it by the bytes as they are and a terminator, which must fit.
+  // Replaces the text by these bytes, one a unit, and a terminator, which must fit.
   const char16_t* PutBytes(std::string_view bytes);
 
  private:

@@ -9,7 +9,8 @@ namespace steprt {
 
 namespace {
 
-// A host that has closed its standard streams, or this library with a message, would write into the file.
+// If the host has closed its standard streams, a new file may receive one of their handles. A message to a stream would
+// then be written into the file.
 int MoveFromStandardStreams(int handle) {
   if (handle < 0 || handle > STDERR_FILENO) return handle;
   const int higher = ::fcntl(handle, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);

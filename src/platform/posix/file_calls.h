@@ -1,4 +1,4 @@
-// The system's calls for files, as a table, so that a test can make the n-th of them fail or fall short.
+// The system's calls for files, as a table, so that a test can make the n-th call fail or transfer less.
 #ifndef STEPRT_PLATFORM_POSIX_FILE_CALLS_H
 #define STEPRT_PLATFORM_POSIX_FILE_CALLS_H
 
@@ -16,8 +16,8 @@ struct FileCalls {
 
 extern FileCalls fileCalls;
 
-// Opens a file, which the flags may let be created, however often a signal interrupts it. Gives a handle behind those
-// of the standard streams, to be closed in a new program, or one below 0 with the reason in errno.
+// Opens a file, or creates it if the flags say so, however often a signal interrupts the call. Returns a handle above
+// those of the standard streams, or a negative one with the reason in errno. A new program does not inherit it.
 int OpenFile(const char* name, int flags);
 
 }  // namespace steprt

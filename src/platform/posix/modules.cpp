@@ -16,7 +16,7 @@ namespace {
 
 constinit STEPmodule* firstModule = nullptr;
 
-// The loader's record of the program, at the head of those of all modules.
+// Returns the loader's record of the program. The records of all modules follow it.
 const link_map* ProgramMap() {
   void* program = dlopen(nullptr, RTLD_LAZY);
   if (!program) return nullptr;
@@ -26,8 +26,8 @@ const link_map* ProgramMap() {
   return map;
 }
 
-// That of a module, whose address is the handle, or null when it has gone: the loader's own calls may not be given such
-// a handle.
+// Returns the record of a module, whose address is the handle. Returns null if the module has been unloaded: such a
+// handle must not be passed to the loader.
 const link_map* MapOf(HINSTANCE module) {
   const link_map* map = ProgramMap();
   while (map && map != module) map = map->l_next;
@@ -39,7 +39,7 @@ const void* BaseOf(const void* address) {
   return dladdr(address, &info) ? info.dli_fbase : nullptr;
 }
 
-// A line of /proc/self/maps: START-END, four more words, and the path, if a file is what is mapped there.
+// A line of /proc/self/maps is START-END, four more words, and a path if a file is mapped there.
 const char* MappedPath(char* line, std::uintptr_t address) {
   char* rest = line;
   const std::uintptr_t start = std::strtoul(rest, &rest, 16);
@@ -48,8 +48,8 @@ const char* MappedPath(char* line, std::uintptr_t address) {
   return start <= address && address < end ? std::strchr(rest, '/') : nullptr;
 }
 
-// The folder of the file that is mapped at the address, ended by its slash; empty when it cannot be told. The loader
-// is not asked: where it could not find out the folder itself, what it says is no text, and of any length.
+// Stores the folder of the file that is mapped at the address, with its slash, or the empty text if it is unknown. The
+// loader's own answer is not used: if it could not find the folder, its answer is not a text.
 void FolderOf(const void* address, char* folder, int size) {
   folder[0] = '\0';
   std::FILE* maps = std::fopen("/proc/self/maps", "re");
@@ -66,15 +66,15 @@ void FolderOf(const void* address, char* folder, int size) {
 
 }  // namespace
 
-// dlopen would take an empty path for the program itself. All of a module's names must be found now, so that a module
-// that lacks some fails here and not in the middle of a call.
+// An empty path would mean the program to dlopen. All names of a module are resolved now, so that a module with a
+// missing one fails here and not during a call.
 HINSTANCE LoadModule(const char* path) { return path && *path ? dlopen(path, RTLD_NOW | RTLD_LOCAL) : nullptr; }
 
 bool ReleaseModule(HINSTANCE module) { return MapOf(module) && dlclose(module) == 0; }
 
-// A module that came with another, and was never opened itself, has no list of modules for dlsym to search: it is
-// opened for the call. dlsym goes on to the modules that this one depends on, and so would find their entries, or the
-// library's.
+// A module that was loaded as the dependency of another has no list of modules for dlsym to search, so it is opened for
+// the call. dlsym also searches the modules that this one depends on, among them the library; their entries are
+// refused.
 void* FindEntry(HINSTANCE module, const char* name) {
   const link_map* map = MapOf(module);
   void* opened = map ? dlopen(map->l_name, RTLD_LAZY | RTLD_NOLOAD) : nullptr;
@@ -89,7 +89,7 @@ STEPentryFunc FindEntry(HINSTANCE module, int number) {
   return table && number >= 1 && number <= table->count ? table->entries[number - 1] : nullptr;
 }
 
-// The loader keeps a relative path as it was given. What it was relative to may be another folder by now, or none.
+// The loader keeps a relative path unchanged. The current folder may be another one by now.
 void ModulePath(HINSTANCE module, char* path, int size) {
   path[0] = '\0';
   const link_map* map = MapOf(module);
@@ -104,7 +104,7 @@ void ModulePath(HINSTANCE module, char* path, int size) {
   Copy(path + length, name, size - 1 - length);
 }
 
-// Asked by address, not by name: the program's name is what its caller made of it, and may be that of a module.
+// Modules are compared by address, not by name: the caller of a program chooses its name, which may be a module's.
 HINSTANCE ModuleOf(const void* address) {
   const void* base = BaseOf(address);
   const link_map* program = ProgramMap();

@@ -39,14 +39,14 @@ bool Empty(int handle) {
 
 }  // namespace
 
-// The memory comes first, so that nothing is made without it.
+// Memory is allocated first, so that no file is created without it.
 OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
   std::unique_ptr<OutputFile> file(new (std::nothrow) OutputFile);
   return file && file->Open(name, sharing) ? file.release() : nullptr;
 }
 
-// O_NONBLOCK makes a FIFO that nobody reads fail instead of waiting, and goes again so that writes wait. A file that
-// another process holds by a lease fails as well then; its lease is broken by waiting.
+// With O_NONBLOCK, a FIFO that nobody reads fails instead of waiting. It is removed afterwards, so that writes wait. A
+// file on which another process has a lease fails too; an open that waits breaks the lease.
 bool OutputFile::Open(const char* name, Sharing sharing) {
   constexpr int kFlags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY;
   handle_ = OpenFile(name, kFlags | O_NONBLOCK);
@@ -57,7 +57,7 @@ bool OutputFile::Open(const char* name, Sharing sharing) {
   return !taken && Empty(handle_);
 }
 
-// A child that the host has forked meanwhile would keep the lock.
+// Unlocked explicitly: a child process that the host has forked meanwhile would keep the lock.
 OutputFile::~OutputFile() {
   Flush();
   if (handle_ < 0) return;
@@ -86,7 +86,7 @@ void OutputFile::Flush() {
   used_ = 0;
 }
 
-// What has failed once may succeed now, so as many records as are whole stay at first.
+// A write that failed before may succeed now, so at first all whole records stay.
 void OutputFile::CutBackToMark() {
   if (!failed_) return;
   used_ = 0;

@@ -1,4 +1,4 @@
-// Writes of the library's bring the host no signal.
+// A write of the library causes no signal in the host.
 #ifndef STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
 #define STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
 
@@ -8,8 +8,8 @@
 
 namespace steprt {
 
-// Keeps the signals that a failing write brings (a closed pipe, a size limit) from the host for its own life. One that
-// was pending before stays pending.
+// As long as it lives, it keeps the signals of a failing write (a closed pipe, a size limit) from the host. A signal
+// that was pending before stays pending.
 class QuietSignals {
  public:
   QuietSignals() {

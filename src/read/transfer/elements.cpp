@@ -83,7 +83,7 @@ const STEPelement* ChildElements::Find(std::string_view name) {
   if (ExtendIndex(link)) {
     return index_.Find(hash, [&](const Slot& slot) { return IsNamed(*slot.element, name, hash); })->element;
   }
-  const STEPelement* element = *link;  // without memory for an index they are all compared
+  const STEPelement* element = *link;  // when memory runs out for an index, all are compared
   while (element && !IsNamed(*element, name, hash)) element = element->next;
   return element;
 }

@@ -1,4 +1,4 @@
-// The instance table: which instance each number of a file stands for. Records enter it, references look it up.
+// The instance table: which instance has each number of a file. Records enter it, references look it up.
 #ifndef STEPRT_READ_TRANSFER_INSTANCE_TABLE_H
 #define STEPRT_READ_TRANSFER_INSTANCE_TABLE_H
 

@@ -13,7 +13,7 @@ struct StoredReference {
 };
 
 // Stores the instance of `number` in *slot. If its record has not been read, a fixup stores it at the end of the
-// transfer, and *slot keeps its value until then. A number that stands for no instance stores null and is reported.
+// transfer, and *slot keeps its value until then. A number without an instance stores null and is reported.
 // When memory runs out for the fixup, that is reported and *slot keeps its value.
 StoredReference StoreReference(STEPtransfer* t, int number, int expected, STEPheader** slot);
 
