@@ -89,7 +89,7 @@ TEST_F(EntryTable, ATableFilledFromTheLibraryStartsWithNumber2) {
   }
 }
 
-TEST_F(EntryTable, EveryNumberGivesWhatTheListSays) {
+TEST_F(EntryTable, EveryNumberReturnsWhatTheListSays) {
   ASSERT_NE(library, nullptr) << dlerror();
   int last = 0;
   for (const Listed& each : kListed) {

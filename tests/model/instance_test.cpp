@@ -30,7 +30,7 @@ TEST(Instance, IsNewInTheModelThatItsArgumentNamesOrElseInTheCurrentOne) {
   EXPECT_TRUE(current.Changed()) << "whether it is locked or not";
 }
 
-TEST(Instance, WithoutAnyModelItStandsAloneUntilOneTakesIt) {
+TEST(Instance, HasNoModelUntilOneTakesIt) {
   CurrentModel(nullptr);
   auto* object = new Entity(kWall);
   EXPECT_EQ(object->Model(), nullptr);

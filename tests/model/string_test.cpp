@@ -116,7 +116,7 @@ TEST(String, IsAboveNullUnlessItIsEmpty) {
   }
 }
 
-TEST(String, WithoutMemoryIsEmpty) {
+TEST(String, IsEmptyWhenMemoryRunsOut) {
   Text held("abc");
   {
     const FailingNew failing(1, FailingNew::kAndAllBehind);

@@ -49,7 +49,7 @@ void ExpectFound(EntryIndex& index, const std::vector<int>& numbers) {
   }
 }
 
-TEST(EntryIndex, FindsEachRowWhereItWasMadeAndNothingElse) {
+TEST(EntryIndex, FindsEachEntryWhereItWasMadeAndNothingElse) {
   constexpr std::uint32_t kCount = 30000;
   for (const Numbering& each : kNumberings) {
     for (const int way : {0, 1, 2, 3}) {

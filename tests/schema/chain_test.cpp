@@ -20,7 +20,7 @@ Names NamesOf(const APPobject0* schema) {
 }
 
 // What stands behind the other head is cut off. A name that is there changes nothing.
-TEST(AddModel, LinksTheOtherHeadAloneBehindTheChainUnlessItsNameIsThere) {
+TEST(AddModel, AppendsOnlyTheHeadOfTheOtherChainUnlessItsNameIsThere) {
   const struct {
     const char* name;
     Names own;

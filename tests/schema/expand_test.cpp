@@ -29,7 +29,7 @@ Types Extract(APPobject0* schema, int type, int capacity, int depth) {
 
 // Of rows of one type the linear path takes the first and the indexed the last. A supertype in another case links on
 // the linear path and where it hashes alike: letters whose weight is 4 or more keep their bucket in either case.
-TEST(ExtractTypes, GivesATypeAndItsSubtypesInRowOrderOrItsReverse) {
+TEST(ExtractTypes, StoresATypeAndItsSubtypesInRowOrderOrItsReverse) {
   const Chain chain(
       {{"FIRST", {{"T", 10}, {"A", 11, "T"}, {"LONE", 15, "NOWHERE"}}},
        {"SECOND", {{"B", 12, "T"}, {"D", 13, "A"}, {"E", 14, "D"}}},
@@ -86,7 +86,7 @@ TEST(ExtractTypes, ARingAsDeepAsALargeCapacityEnds) {
 
 // Siblings are all that the paths put in another order: the walk along the chain with its rows turned round gives what
 // the index of the chain gives.
-TEST(ExtractTypes, TheIndexGivesWhatTheWalkGivesAlongTheReversedChain) {
+TEST(ExtractTypes, TheIndexReturnsWhatTheWalkReturnsAlongTheReversedChain) {
   std::mt19937 random(20240611);
   for (int round = 0; round < 300; ++round) {
     std::vector<Schema> schemas = GenerateChain(random);

@@ -115,7 +115,7 @@ TEST_F(Libraries, TheNewestModuleOfTheChainThatMatchesWins) {
 }
 
 // Of a path, 127 characters are looked at.
-TEST_F(Libraries, AKeyBehindTheCutOfALongPathIsNotFound) {
+TEST_F(Libraries, AKeyAfterTheLimitOfALongPathIsNotFound) {
   const std::size_t fill = 127 - files.Folder().size() - 1;
   const std::string inside = std::string(fill - 4, 'f') + "/abc";   // "abc" are the last three that count
   const std::string outside = std::string(fill - 3, 'g') + "/abd";  // "abd" is cut by one

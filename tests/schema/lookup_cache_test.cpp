@@ -88,7 +88,7 @@ TEST(LookupCache, AgreesWithThePathInForceWhateverHappensBetweenTwoQuestions) {
 }
 
 // An index of another chain that is built and dropped is two changes.
-TEST(LookupCache, DrawsItsPictureOnceAndKeepsItWhenOtherChainsChange) {
+TEST(LookupCache, BuildsItsSnapshotOnceAndKeepsItWhenOtherChainsChange) {
   const Chain chain({{"S", {{"WALL", 1}}}, {"T", {{"DOOR", 2, "WALL"}}}});
   const Chain others({{"OTHERS", {{"DUCT", 3}}}});
   const Chain stranger({{"STRANGER", {{"PIPE", 4}}}});
@@ -136,7 +136,7 @@ TEST(LookupCache, SeesThatItsChainWasCutOff) {
   EXPECT_EQ(cache.FindEntityByName("door"), nullptr);
 }
 
-TEST(LookupCache, WithoutMemoryForThePictureItAsksAnewAndTriesNoMoreUntilAChange) {
+TEST(LookupCache, AnswersByWalksWhenMemoryRunsOutForTheSnapshotAndTriesAgainAfterAChange) {
   const Chain chain({{"S", {{"WALL", 1}, {"DOOR", 2, "WALL"}}}});
   Model model(chain.Head());
   LookupCache cache(chain.Head());

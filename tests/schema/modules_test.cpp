@@ -89,7 +89,7 @@ TEST_F(Modules, AHandleThatNoModuleHasIsNotReleased) {
   EXPECT_FALSE(steprt::ReleaseModule(nullptr));
 }
 
-TEST(ModuleChain, WhatLiesInNoModuleJoinsNone) {
+TEST(ModuleChain, AnObjectOutsideOfModulesJoinsNothing) {
   static STEPmodule inTheProgram;
   const STEPmodule onTheStack;
   EXPECT_EQ(onTheStack.module, nullptr);
@@ -100,7 +100,7 @@ TEST(ModuleChain, WhatLiesInNoModuleJoinsNone) {
 // What a program is called is its caller's choice: here, the name of a module that is loaded.
 TEST(ModuleChain, AProgramWithTheNameOfAModuleIsStillNone) {
   char name[] = "libc.so.6";
-  char filter[] = "--gtest_filter=ModuleChain.WhatLiesInNoModuleJoinsNone";
+  char filter[] = "--gtest_filter=ModuleChain.AnObjectOutsideOfModulesJoinsNothing";
   char* const arguments[] = {name, filter, nullptr};
   const pid_t child = fork();
   if (child == 0) {

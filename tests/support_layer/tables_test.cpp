@@ -118,7 +118,7 @@ TEST(Hash, NamesThatAreMadeAlikeDoNotCrowd) {
 }
 
 // Case folds for ASCII letters only, and every byte counts: otherwise a document could be made to collide.
-TEST(Hash, NamesHashAlikeIfTheyDifferInTheCaseOfLettersAlone) {
+TEST(Hash, NamesHashAlikeOnlyIfTheyDifferInTheCaseOfLetters) {
   const HashSeed seed = ProcessSeed();
   for (std::string name : {"a", "Name", "RefLatitude", "IFCRELCONTAINEDINSPATIALSTRUCTURE"}) {
     const std::uint64_t hash = HashNoCase(name, seed);

@@ -85,7 +85,7 @@ bool SaysThatItFailed(const Outcome& outcome) {
 }
 
 // A document says that it could not be read, even where all of it had come; of clear text what is missing is told.
-TEST(IoSweep, AReadGivesWhatTheBytesThatArrivedGive) {
+TEST(IoSweep, AReadReturnsWhatTheBytesThatArrivedReturn) {
   for (const Input& input : Inputs()) {
     const Outcome sound = Read(input, input.bytes);
     ASSERT_GT(sound.population.size(), 10u) << input.name;

@@ -135,7 +135,7 @@ TEST_F(WriteFailures, WhereNoTailFitsTheHeadIsNotGivenUp) {
 }
 
 // Half a record stays there, on lines of its own.
-TEST_F(WriteFailures, WhereNothingCanBeCutOffTheTailStandsOnANewLine) {
+TEST_F(WriteFailures, WhereNothingCanBeCutOffTheTailIsOnANewLine) {
   Fill(1, 3000);
   const std::string pipe = TempPath("passing-pipe.stp");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);

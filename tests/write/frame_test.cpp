@@ -14,7 +14,7 @@ namespace {
 
 using namespace steprt_test;
 
-TEST(WrittenFrame, ShowsItsNameAndRemarkAndStandsAloneWithoutInstances) {
+TEST(WrittenFrame, ShowsItsNameAndRemarkAndIsWrittenWithoutInstances) {
   const std::string folder = TempPath("");
   MakeFile("w\\it's.stp", std::string(100000, 'x'));
   std::string path = folder + "w\\it's";
@@ -64,7 +64,7 @@ std::string DateBySystem(std::time_t time) {
 
 // One process, so each row changes the zone while it runs. The days have one and two digits, and so have the months,
 // hours and minutes; in some zones it is another day, month or year.
-TEST(WrittenFrame, BearsTheLocalTimeOfTheZoneOfTheMoment) {
+TEST(WrittenFrame, HasTheLocalTimeOfTheCurrentZone) {
   std::string path = TempPath("date.stp");
   for (const std::time_t time : {946684799L, 951782700L, 1002708600L, 1772694480L, 1946711340L, 4102444799L}) {
     for (const char* zone : {"UTC0", "AAA-14", "BBB11:30", "CCC5DDD,M3.2.0,M11.1.0", "EEE-5:45"}) {

@@ -29,7 +29,7 @@ struct Elements : XmlEvents {
   int count = 0;
 };
 
-TEST(XmlElements, AreFoundByNameInAnyCaseAndTheFirstCounts) {
+TEST(XmlElements, AreFoundByNameCaseInsensitivelyAndTheFirstCounts) {
   for (const int count : {1, 7, 15, 16, 17, 18, 40, 1000}) {
     Elements entity;
     entity.AddMany(count);
@@ -84,7 +84,7 @@ TEST(XmlElements, ThoseThatComeAfterAQuestionAreFoundToo) {
   }
 }
 
-TEST(XmlElements, AreFoundWithoutMemoryForAnIndex) {
+TEST(XmlElements, AreFoundWhenMemoryRunsOutForAnIndex) {
   Elements entity;
   entity.AddMany(500);
   const FailingNew failing(1, FailingNew::kAndAllBehind);
@@ -93,7 +93,7 @@ TEST(XmlElements, AreFoundWithoutMemoryForAnIndex) {
   EXPECT_EQ(entity.Find(NameOf(500)), "");
 }
 
-TEST(XmlElements, TheirRoomsAreUsedAgainByTheNextEntities) {
+TEST(XmlElements, TheirBuffersAreUsedAgainByTheNextEntities) {
   std::string entities;
   for (int i = 1; i <= 500; ++i) {
     entities += "<PROBE rid='#" + std::to_string(i) + "'><A>some text</A><B>more text</B></PROBE>";

@@ -37,7 +37,7 @@ TEST(HandlerSlots, AreInTheOrderOfTheEventsAndTheDestructorIsLast) {
 
 class HandlerStates : public testing::Test, public XmlEvents {};
 
-TEST_F(HandlerStates, DepthSaysWhereTheNextTagStands) {
+TEST_F(HandlerStates, DepthSaysWhereTheNextTagIs) {
   const std::pair<const char*, int> steps[] = {
       {"</>", 0},        {"<a #1>", 0}, {"<BASE>", 0}, {"<PROJ>", 1}, {"</>", 0},        {"</>", 0}, {"<PROJ>", 1},
       {"<POINT #1>", 2}, {"<X>", 3},    {"<b>", 4},    {"<PROJ>", 5}, {"</>", 4},        {"</>", 3}, {"</>", 2},

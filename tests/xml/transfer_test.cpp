@@ -76,7 +76,7 @@ TEST_F(XmlTransfer, AnInstanceHasItsNumberAndOfADoubledNumberTheLastEntityCounts
   EXPECT_EQ(model.Inst()->number, 7);
 }
 
-TEST_F(XmlTransfer, ASchemaWithoutANameBearsTheEmptyOne) {
+TEST_F(XmlTransfer, ASchemaWithoutANameHasTheEmptyOne) {
   ProjSchema()->name = nullptr;
   ProjModel model;
   new Entity(kPerson, &model);
