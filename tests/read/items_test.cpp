@@ -155,6 +155,37 @@ TEST(Items, NestedTooDeepAreReportedOnceAndPassedOver) {
             (Texts{open + "?deep" + close + ",7", "(1) [PROBE]Too deep nesting"}));
 }
 
+// Calls that do not fit the value read nothing.
+TEST(Items, AreNotReadByACallForAnotherKind) {
+  const auto read = [](STEPtransfer* t) {
+    rSTEPclose(t);
+    EXPECT_EQ(rSTEPopen(t, kA), nullptr);
+    const std::string five = rSTEPtoken(t, kA);
+    EXPECT_STREQ(rSTEPtoken(t, kA), "");
+    EXPECT_STREQ(rSTEPopen(t, kA), "");
+    EXPECT_STREQ(rSTEPtoken(t, kA), "");
+    EXPECT_STREQ(rSTEPopen(t, kA), "B");
+    EXPECT_STREQ(rSTEPtoken(t, kA), "");
+    EXPECT_TRUE(rSTEPrefuse(t, kA, "refused"));
+    return five;
+  };
+  EXPECT_EQ(Read("#1=PROBE(5,(B()));", read), (Texts{"5", "(1) [PROBE]refused"}));
+}
+
+TEST(Items, ThatAWriterLeavesOpenAreEnded) {
+  ProjModel model;
+  new Entity(kProbe, &model);
+  SetProbe({"", -1, nullptr, [](STEPtransfer* t) {
+              wSTEPclose(t);
+              wSTEPopen(t, kA, "B");
+              wSTEPopen(t, kA, nullptr);
+              wSTEPtoken(t, kA, nullptr);
+            }});
+  std::string path = TempPath("items.stp");
+  EXPECT_EQ(model.Write(path.data(), nullptr), 1);
+  EXPECT_NE(BytesOf(path).find("PROBE(B(($)));\n"), std::string::npos) << BytesOf(path);
+}
+
 // ---- written again --------------------------------------------------------------------------------------------------
 
 TEST(Items, AreWrittenWithTheCommasOfTheRecord) {
