@@ -36,8 +36,8 @@ enum class Code {
   kTypeRing,          // type-ring: a defined type is its own underlying or element type
   kSelectRing,        // select-ring: a select is its own member
   kUnknownAttribute,  // unknown-attribute: the entity has no such attribute
-  kNotSupertype,      // not-supertype: an attribute of a stranger is redeclared
-  kNotSubtype,        // not-subtype: a supertype expression names a stranger
+  kNotSupertype,      // not-supertype: an attribute of an entity that is no supertype is redeclared
+  kNotSubtype,        // not-subtype: a supertype expression names an entity that is no subtype
   kNotExtensible,     // not-extensible: BASED_ON names a type that cannot be extended
   kTooLarge,          // too-large: Limits::steps
 };

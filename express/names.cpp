@@ -192,22 +192,27 @@ Declaration* Lookup(Context& context, Schema& schema, const Name& name) {
   return nullptr;
 }
 
-Entity* LookupEntity(Context& context, Schema& schema, const Name& name) {
+namespace {
+
+// `as` returns the declaration as what is wanted, or null.
+template <class As>
+auto LookupAs(Context& context, Schema& schema, const Name& name, const std::string& wanted, As as) {
   Declaration* const declaration = Lookup(context, schema, name);
-  Entity* const entity = AsEntity(declaration);
-  if (declaration == nullptr || entity != nullptr) return entity;
-  context.Error(name, Code::kWrongKind, "expected an entity, " + Quoted(name) + " is none");
+  const auto found = as(declaration);
+  if (declaration == nullptr || found != nullptr) return found;
+  context.Error(name, Code::kWrongKind, "expected " + wanted + ", " + Quoted(name) + " is none");
   context.diagnostics.Note(declaration->name.place, "it is declared here");
-  return nullptr;
+  return found;
+}
+
+}  // namespace
+
+Entity* LookupEntity(Context& context, Schema& schema, const Name& name) {
+  return LookupAs(context, schema, name, "an entity", [](Declaration* each) { return AsEntity(each); });
 }
 
 DefinedType* LookupType(Context& context, Schema& schema, const Name& name) {
-  Declaration* const declaration = Lookup(context, schema, name);
-  DefinedType* const type = AsType(declaration);
-  if (declaration == nullptr || type != nullptr) return type;
-  context.Error(name, Code::kWrongKind, "expected a defined type, " + Quoted(name) + " is none");
-  context.diagnostics.Note(declaration->name.place, "it is declared here");
-  return nullptr;
+  return LookupAs(context, schema, name, "a defined type", [](Declaration* each) { return AsType(each); });
 }
 
 }  // namespace express

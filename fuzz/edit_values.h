@@ -70,7 +70,7 @@ class Selects {
     }
   }
 
-  // The assignment hands the same text to both, so the source gives it up.
+  // The assignment copies the pointer, so both would release the text: the source forgets it.
   static void Assign(Held& target, Held& source) {
     delete[] target.select.GetCharPtr();
     target.select = source.select;

@@ -3,7 +3,7 @@
 
 An include is needed if the file mentions a name that the header declares: a type, function, constant, macro or member.
 standard_names.txt has the names of the standard library's headers. Other headers of the system are left alone.
-A header that declares nothing stands for the headers that it includes. The check also refuses a second include of the
+A header that declares nothing counts as the headers that it includes. The check also refuses a second include of the
 same header. It reads texts, not meanings: a common name may hide an include that is not needed.
 
 --self-test plants faults and fails if one of them passes.

@@ -75,8 +75,8 @@ STEPitem KindOf(STEPtransfer* t, int token) {
   }
 }
 
-// Reads the token of the next value and pushes it back for the next reader. An empty value
-// between two commas is passed over: a comma that is pushed back would be the separator of the next value.
+// Reads the token of the next value and pushes it back for the next reader. An empty value between two commas is passed
+// over: a comma that is pushed back would be the separator of the next value.
 STEPitem Peek(STEPtransfer* t) {
   int token = NextAttrToken(t);
   while (token == TOK_COMMA) token = NextAttrToken(t);
@@ -268,6 +268,6 @@ const char* rSTEPtoken(STEPtransfer* t, const char* name) {
   return t->xml ? ElementValue(t, name) : TokenFromTokens(t);
 }
 
-void steprt::CloseOpenItems(STEPtransfer* t) {
+void steprt::CloseAllItems(STEPtransfer* t) {
   while (t->items.depth > 0) rSTEPclose(t);
 }

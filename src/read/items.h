@@ -6,8 +6,13 @@
 
 namespace steprt {
 
-// Closes the values that a read function has left open.
-void CloseOpenItems(STEPtransfer* t);
+void CloseAllItems(STEPtransfer* t);
+
+// Closes the values that a read function has left open. Few records have any, so only the question is on the path of
+// all.
+inline void CloseOpenItems(STEPtransfer* t) {
+  if (t->items.depth > 0) CloseAllItems(t);
+}
 
 }  // namespace steprt
 

@@ -15,7 +15,7 @@ APPentity* FindEntityByType(int type, APPobject0* schema);
 // The first row of that type along the chain, even if there is an index.
 APPentity* FindEntityLinear(int type, APPobject0* schema);
 
-// Whether `actual` is `expected` or a subtype of it. A negative `expected` stands for any type. The walk through the
+// Whether `actual` is `expected` or a subtype of it. A negative `expected` means any type. The walk through the
 // supertypes also ends if they form a ring.
 bool IsSubtype(APPobject0* schema, int expected, int actual);
 

@@ -9,8 +9,9 @@
 
 namespace steprt {
 
-// `start` is "<" or "</". A tag of usual length is composed in the file's own block.
-inline void PutTag(OutputFile& out, std::string_view start, std::string_view name) {
+// `start` is "<" or "</". A tag of usual length is composed in the file's own block. Without the attribute the compiler
+// no longer folds `start` in: writing a document then takes some 2 % more instructions.
+[[gnu::always_inline]] inline void PutTag(OutputFile& out, std::string_view start, std::string_view name) {
   constexpr std::size_t kBuffer = 64;
   if (start.size() + name.size() + 1 > kBuffer) {
     out.Put(start);

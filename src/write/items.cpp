@@ -52,6 +52,6 @@ void wSTEPtoken(STEPtransfer* t, const char* name, const char* token) {
   PutWord(t, token ? token : "$");
 }
 
-void steprt::EndOpenItems(STEPtransfer* t) {
+void steprt::EndAllItems(STEPtransfer* t) {
   while (t->items.depth > 0) wSTEPclose(t);
 }

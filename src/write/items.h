@@ -6,8 +6,13 @@
 
 namespace steprt {
 
-// Ends the values that a write function has left open.
-void EndOpenItems(STEPtransfer* t);
+void EndAllItems(STEPtransfer* t);
+
+// Ends the values that a write function has left open. Few records have any, so only the question is on the path of
+// all.
+inline void EndOpenItems(STEPtransfer* t) {
+  if (t->items.depth > 0) EndAllItems(t);
+}
 
 }  // namespace steprt
 

@@ -84,8 +84,8 @@ TEST(ExtractTypes, ARingAsDeepAsALargeCapacityEnds) {
   }
 }
 
-// Siblings are all that the paths put in another order: the walk along the chain with its rows turned round gives what
-// the index of the chain gives.
+// The two lookups differ only in the order of siblings: a walk along the chain with its rows reversed returns what the
+// index of the chain returns.
 TEST(ExtractTypes, TheIndexReturnsWhatTheWalkReturnsAlongTheReversedChain) {
   std::mt19937 random(20240611);
   for (int round = 0; round < 300; ++round) {
