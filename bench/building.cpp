@@ -1,7 +1,6 @@
 // The client's side of the library: the functions of the rows, and the descriptor.
 #include "building.h"
 
-#include <array>
 #include <cstdio>
 #include <cstring>
 #include <random>
@@ -100,32 +99,15 @@ const APPentity kUsedRows[] = {
     AbstractRow("IFCWALL", kWall, "IFCBUILDINGELEMENT"),
     Row<WallStandardCase>(kWallStandardCase, "IFCWALL"),
 };
-constexpr int kUsedCount = sizeof kUsedRows / sizeof kUsedRows[0];
-constexpr int kNameRoom = 40;
 
-struct Descriptor {
-  APPentity rows[kRowCount];
-  std::array<char[kNameRoom], kRowCount> names;  // of the padding rows
-
-  Descriptor() {
-    std::mt19937 random(kRowCount);
-    int used = 0;
-    for (int i = 0; i < kRowCount; ++i) {
-      const bool isDue = used < kUsedCount && i * kUsedCount / kRowCount >= used;
-      rows[i] = isDue ? kUsedRows[used++] : Padding(i, random);
-    }
-  }
-
-  // A name of 10 to 34 characters, and a supertype among the used rows.
-  APPentity Padding(int i, std::mt19937& random) {
-    char* name = names[static_cast<std::size_t>(i)];
-    const std::size_t length = 4 + random() % 25;
-    std::memcpy(name, "IFC", 3);
-    for (std::size_t k = 0; k < length; ++k) name[3 + k] = static_cast<char>('A' + random() % 26);
-    std::snprintf(name + 3 + length, 4, "%03d", i);
-    return AbstractRow(name, kFirstPadding + i, kUsedRows[random() % kUsedCount].name);
-  }
-};
+// A name of 10 to 34 characters, and a supertype among the used rows.
+APPentity PaddingRow(char* name, int i, std::mt19937& random, std::span<const APPentity> used) {
+  const std::size_t length = 4 + random() % 25;
+  std::memcpy(name, "IFC", 3);
+  for (std::size_t k = 0; k < length; ++k) name[3 + k] = static_cast<char>('A' + random() % 26);
+  std::snprintf(name + 3 + length, 4, "%03d", i);
+  return AbstractRow(name, kFirstPadding + i, used[random() % used.size()].name);
+}
 
 }  // namespace
 
@@ -136,9 +118,19 @@ char* CopyText(const char* text, unsigned long length) {
   return copy;
 }
 
+PaddedRows::PaddedRows(std::span<const APPentity> used) {
+  std::mt19937 random(kRowCount);
+  std::size_t next = 0;
+  for (int i = 0; i < kRowCount; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    const bool isDue = next < used.size() && place * used.size() / kRowCount >= next;
+    rows[i] = isDue ? used[next++] : PaddingRow(names[place], i, random, used);
+  }
+}
+
 APPobject0* BuildingSchema() {
-  static const Descriptor descriptor;
-  static APPtable schema("IFC2X3", descriptor.rows);
+  static const PaddedRows padded(kUsedRows);
+  static APPtable schema("IFC2X3", padded.rows);
   return &schema;
 }
 

@@ -5,6 +5,9 @@
 
 #include <steprt/step.h>
 
+#include <array>
+#include <span>
+
 namespace bench {
 
 // Type numbers. Those of the padding rows lie above.
@@ -326,11 +329,21 @@ void WithClass(STEPheader* object, Action action) {
 // Copies a text, for delete[].
 char* CopyText(const char* text, unsigned long length);
 
-// The descriptor: a row for each type above, supertypes among them, spread over rows that nothing uses.
-APPobject0* BuildingSchema();
-
 // Rows of the descriptor, without the one that ends it.
 inline constexpr int kRowCount = 653;
+
+// The rows of a descriptor: those that are used, spread over rows that nothing uses.
+struct PaddedRows {
+  explicit PaddedRows(std::span<const APPentity> used);
+  PaddedRows(const PaddedRows&) = delete;
+  PaddedRows& operator=(const PaddedRows&) = delete;
+
+  APPentity rows[kRowCount];
+  std::array<char[40], kRowCount> names;  // of the padding rows
+};
+
+// The descriptor: a row for each type above, supertypes among them, and padding rows.
+APPobject0* BuildingSchema();
 
 class BuildingModel : public STEPmodel {
  public:

@@ -5,6 +5,7 @@
 //
 //   steprt_bench --benchmark_filter=/10k     some seconds: every task, small
 //   steprt_bench --benchmark_filter='^read/'
+//   steprt_bench --benchmark_filter=^described   classes that describe their attributes, against functions by hand
 //   steprt_bench --benchmark_filter='^schema/'   lookups and queries by type, for each size of a schema
 //   steprt_bench --benchmark_filter='^doubling/'  files of twice the size, for each shape in shapes.h
 #include <string_view>
@@ -53,6 +54,7 @@ void RegisterAll(int records) {
   bench::RegisterReads(records);
   bench::RegisterGrowth(records);
   bench::RegisterWrites(records);
+  bench::RegisterDescribed(records);
   bench::RegisterDestruction(records);
   bench::RegisterMemory(records);
 #ifdef STEPRT_BENCH_XML

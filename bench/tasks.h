@@ -12,6 +12,7 @@ struct Shape;
 
 void RegisterReads(int records);
 void RegisterWrites(int records);
+void RegisterDescribed(int records);
 void RegisterDestruction(int records);
 void RegisterMemory(int records);
 void RegisterXml(int records);
