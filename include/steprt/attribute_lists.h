@@ -51,8 +51,9 @@ class Aggregate : public Presence {
   // Prepares a read. Returns false if the value has been read: a `$`, a `*`, or no list.
   bool BeginRead(STEPtransfer* t, const char* name, const char* message) {
     Clear();
-    if (ReadMark(t, name)) return false;
-    if (rSTEPkind(t, name) == STEP_LIST || !rSTEPrefuse(t, name, message)) return true;
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED) return false;
+    if (kind == STEP_LIST || !rSTEPrefuse(t, name, message)) return true;
     Omit();
     return false;
   }
@@ -159,8 +160,9 @@ class List : public detail::Presence {
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
     Clear();
-    if (ReadMark(t, name)) return;
-    if (rSTEPkind(t, name) != STEP_LIST) {
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED) return;
+    if (kind != STEP_LIST) {
       if (rSTEPrefuse(t, name, "Missing list")) return Omit();
       return detail::ReadElementList(*this, t, name);
     }

@@ -66,10 +66,14 @@ class Presence {
   bool IsDerived() const { return mark_ == STEP_DERIVED; }
 
  protected:
-  // Takes a `$` or a `*`. Returns false if a value follows.
-  bool ReadMark(STEPtransfer* t, const char* name) {
+  // Returns the kind of the value that follows, and leaves the value to its reader. Takes a `$`, a `*` and in XML a
+  // missing element, and returns STEP_OMITTED for each of them.
+  STEPitem BeginValue(STEPtransfer* t, const char* name) {
+    const STEPitem kind = rSTEPkind(t, name);
+    mark_ = STEP_END;
+    if (kind != STEP_OMITTED && kind != STEP_DERIVED && kind != STEP_END) return kind;
     mark_ = rSTEPnull(t, name);
-    return mark_ != STEP_END;
+    return mark_ == STEP_END ? STEP_END : STEP_OMITTED;
   }
   // Writes a `$` or a `*`. Returns false if there is a value to write.
   bool WriteMark(STEPtransfer* t, const char* name) const {
@@ -83,8 +87,7 @@ class Presence {
   }
   const char* Mark() const { return IsDerived() ? "*" : "$"; }
   // Refuses a value that is missing or bracketed, which no reader of one value passes over whole.
-  bool RefuseBracketed(STEPtransfer* t, const char* name, const char* message) {
-    const STEPitem kind = rSTEPkind(t, name);
+  bool RefuseBracketed(STEPtransfer* t, const char* name, STEPitem kind, const char* message) {
     if (kind != STEP_END && kind != STEP_TYPED && kind != STEP_LIST) return false;
     if (!rSTEPrefuse(t, name, message)) return false;
     mark_ = STEP_OMITTED;
@@ -111,8 +114,9 @@ class Scalar : public Presence {
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
-    if (ReadMark(t, name)) return;
-    if (Form::Fits(rSTEPkind(t, name)) || !rSTEPrefuse(t, name, Form::kMissing)) {
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED) return;
+    if (Form::Fits(kind) || !rSTEPrefuse(t, name, Form::kMissing)) {
       value_ = Form::Read(t, name);
     } else {
       mark_ = STEP_OMITTED;
@@ -241,7 +245,8 @@ class Text : public detail::Presence {
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
     Omit();
-    if (ReadMark(t, name) || RefuseBracketed(t, name, "Missing text")) return;
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED || RefuseBracketed(t, name, kind, "Missing text")) return;
     *this = rSTEPtext(t, name);
   }
   void Write(STEPtransfer* t, const char* name) const {
@@ -280,8 +285,9 @@ class Binary : public detail::Presence {
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {
-    if (ReadMark(t, name)) return;
-    if (rSTEPkind(t, name) == STEP_BINARY || !rSTEPrefuse(t, name, "Missing binary")) {
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED) return;
+    if (kind == STEP_BINARY || !rSTEPrefuse(t, name, "Missing binary")) {
       token_ = rSTEPtoken(t, name);
     } else {
       Omit();
@@ -334,7 +340,8 @@ class Reference : public Presence {
   // The instance may be stored only when the transfer ends.
   void ReadAs(STEPtransfer* t, const char* name, int expected) {
     Omit();
-    if (ReadMark(t, name) || RefuseBracketed(t, name, "Missing reference")) return;
+    const STEPitem kind = BeginValue(t, name);
+    if (kind == STEP_OMITTED || RefuseBracketed(t, name, kind, "Missing reference")) return;
     xrSTEPref(t, name, &object_, expected, true);
   }
 
