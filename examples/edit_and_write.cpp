@@ -9,32 +9,31 @@
 namespace {
 
 // Writes the first file: a wall and its owner.
-bool MakeFile(std::string path) {
-  proj::Model model;
+bool MakeFile(const std::string& path) {
+  steprt::Model model(&proj::schema);
   auto* owner = new proj::Person;  // joins `model`, which is the current model
-  owner->name = "Ada";
-  owner->age = 36;
+  owner->Name = "Ada";
+  owner->Age = 36;
   auto* wall = new proj::Wall;
-  wall->name = "North wall";
-  wall->owner = owner;
-  wall->height = 2.5;
-  return model.Write(path.data(), "first") == 2;
+  wall->Name = "North wall";
+  wall->Owner = owner;
+  wall->Height = 2.5;
+  return model.Write(path, "first") == 2;
 }
 
-bool Edit(std::string from, std::string to) {
-  proj::Model model;
-  if (model.Read(true, from.data()) != 0) return false;  // not a clean read
+bool Edit(const std::string& from, const std::string& to) {
+  steprt::Model model(&proj::schema);
+  if (model.Read(from, true) != 0) return false;  // not a clean read, or a file of another schema
 
-  auto* wall = static_cast<proj::Wall*>(model.FindFirst(proj::kWall));
-  if (!wall) return false;
-  wall->height = 2.75;
-  auto* door = new proj::Door;
-  door->name = "Front door";
-  door->owner = wall->owner;
-  door->width = 0.9;
-  wall->AddDoor(door);
-
-  return model.Write(to.data(), "edited") == 3;  // the number of records
+  for (proj::Wall& wall : model.All<proj::Wall>()) {
+    wall.Height = wall.Height.Get() + 0.25;
+    auto* door = new proj::Door;
+    door->Name = "Front door";
+    door->Owner = wall.Owner.Get();
+    door->Width = 0.9;
+    wall.Doors.Add(door);
+  }
+  return model.Write(to, "edited") == 3;  // the number of records
 }
 
 }  // namespace

@@ -23,42 +23,33 @@ const char kFile[] =
     "ENDSEC;\n"
     "END-ISO-10303-21;\n";
 
-void ListElements(proj::Model& model) {
-  STEPaggr* elements = model.GetSTEPaggrAll(proj::kElement);  // walls and doors; we must release the aggregate
-  if (!elements) return;
-  for (STEPlist* node = elements->head; node; node = node->next) {
-    auto* element = static_cast<proj::Element*>(node->value.object);
-    proj::Person* owner = element->Owner();
-    std::printf("  %-6s %-12s owner %s\n", element->EntityName(), static_cast<const char*>(element->name),
-                owner ? static_cast<const char*>(owner->name) : "unknown");
-  }
-  DeleteSTEPlist(&elements->head);
-  delete elements;
+const char* OwnerOf(const proj::Element& element) {
+  return element.Owner.Get() ? element.Owner->Name.Get() : "unknown";
 }
 
-void ListDoors(proj::Wall& wall) {
-  for (STEPlist* node = wall.doors ? wall.doors->head : nullptr; node; node = node->next) {
-    auto* door = dynamic_cast<proj::Door*>(node->value.object);
-    if (door) std::printf("  %s is %.2f m wide\n", static_cast<const char*>(door->name), door->width);
+void ListElements(steprt::Model& model) {
+  for (proj::Element& element : model.All<proj::Element>()) {  // walls and doors
+    std::printf("  %-6s %-12s owner %s\n", element.EntityName(), element.Name.Get(), OwnerOf(element));
   }
+}
+
+void ListDoors(const proj::Wall& wall) {
+  std::printf("Doors of %s\n", wall.Name.Get());
+  for (proj::Door& door : wall.Doors) std::printf("  %s is %.2f m wide\n", door.Name.Get(), door.Width.Get());
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-  std::string path = std::string(count > 1 ? arguments[1] : ".") + "/site.stp";
+  const std::string path = std::string(count > 1 ? arguments[1] : ".") + "/site.stp";
   std::ofstream(path) << kFile;
 
-  proj::Model model;
-  const int errors = model.Read(true, path.data());
+  steprt::Model model(&proj::schema);
+  const int errors = model.Read(path, true);
   int instances = 0;
   for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++instances;
   std::printf("%s: %d instances, %d errors\nElements\n", path.c_str(), instances, errors);
   ListElements(model);
-
-  auto* wall = static_cast<proj::Wall*>(model.FindFirst(proj::kWall));
-  if (!wall) return 1;
-  std::printf("Doors of %s\n", static_cast<const char*>(wall->name));
-  ListDoors(*wall);
+  for (proj::Wall& wall : model.All<proj::Wall>()) ListDoors(wall);
   return errors == 0 && instances == 5 ? 0 : 1;
 }

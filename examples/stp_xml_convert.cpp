@@ -13,18 +13,19 @@ namespace {
 bool IsXml(const std::string& path) { return path.size() > 4 && path.compare(path.size() - 4, 4, ".xml") == 0; }
 
 // Returns 0 for a clean read. Read would take a document too, but would first report that it is not clear text.
-int Read(STEPmodel& model, std::string path) {
+int Read(steprt::Model& model, const std::string& path) {
+  if (!IsXml(path)) return model.Read(path, true);
   model.Name(path.c_str());
-  return IsXml(path) ? model.ReadXml(nullptr) : model.Read(true, nullptr);
+  return model.ReadXml(nullptr);
 }
 
 // Returns the number of instances, or -1.
-int Write(STEPmodel& model, std::string path) {
-  return IsXml(path) ? model.WriteXml(path.data(), nullptr) : model.Write(path.data(), nullptr);
+int Write(steprt::Model& model, const std::string& path) {
+  return IsXml(path) ? model.WriteXml(path) : model.Write(path);
 }
 
 bool Convert(const std::string& from, const std::string& to) {
-  proj::Model model;
+  steprt::Model model(&proj::schema);
   if (Read(model, from) != 0 || model.IsEmpty()) {  // a library without XML reads no document and returns 0
     std::fprintf(stderr, "%s: could not be read without a report\n", from.c_str());
     return false;
@@ -34,23 +35,22 @@ bool Convert(const std::string& from, const std::string& to) {
   return count >= 0;
 }
 
-bool MakeFile(std::string path) {
-  proj::Model model;
+bool MakeFile(const std::string& path) {
+  steprt::Model model(&proj::schema);
   auto* owner = new proj::Person;
-  owner->name = "Ada <ada@example.org>";
-  owner->age = 36;
+  owner->Name = "Ada <ada@example.org>";
+  owner->Age = 36;
   auto* wall = new proj::Wall;
-  wall->name = "North & east";
-  wall->owner = owner;
-  wall->height = 2.5;
+  wall->Name = "North & east";
+  wall->Owner = owner;
   auto* door = new proj::Door;
-  door->name = "Front door";
-  door->width = 0.9;
-  wall->AddDoor(door);
+  door->Name = "Front door";
+  door->Width = 0.9;
+  wall->Doors.Add(door);
   auto* site = new proj::Site;
-  site->name = "Plot 7";
-  site->reference.SetSTEPobj(owner);
-  return model.Write(path.data(), nullptr) == 4;
+  site->Name = "Plot 7";
+  site->Reference.SetObject(owner);
+  return model.Write(path) == 4;
 }
 
 // Returns all lines except the one with the file's name and the date.

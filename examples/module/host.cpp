@@ -3,6 +3,7 @@
 //
 //   attach_module MODULE [FOLDER]
 #include <dlfcn.h>
+#include <steprt/step.h>
 
 #include <cstdio>
 #include <fstream>
@@ -37,26 +38,26 @@ class Furniture : public STEPlib {
   Entry entries_[2] = {};
 };
 
-int List(const char* what, proj::Model& model, int type) {
+int List(const char* what, steprt::Model& model, int type) {
   std::printf("%s:\n", what);
   STEPlist* found = model.GetSTEPlist(type, 3);
   int count = 0;
   for (const STEPlist* node = found; node; node = node->next, ++count) {
     auto* element = static_cast<proj::Element*>(node->value.object);
-    std::printf("  %-8s %s\n", element->EntityName(), static_cast<const char*>(element->name));
+    std::printf("  %-8s %s\n", element->EntityName(), element->Name.Get());
   }
   DeleteSTEPlist(&found);
   return count;
 }
 
-bool ReadAndList(proj::Model& model, Furniture& furniture, std::string path) {
+bool ReadAndList(steprt::Model& model, Furniture& furniture, const std::string& path) {
   model.PrepareHash();  // after the schemas are joined: an index does not find rows that are added later
-  return model.Read(true, path.data()) == 0 && List("Elements", model, proj::kElement) == 3 &&
+  return model.Read(path, true) == 0 && List("Elements", model, proj::Element::kType) == 3 &&
          List("Furniture", model, furniture.AnyType()) == 2 && List("Chairs", model, furniture.ChairType()) == 1;
 }
 
 // Main destroys the model before it releases the module, because some instances are of the module's classes.
-bool Run(Furniture& furniture, proj::Model& model, const std::string& path) {
+bool Run(Furniture& furniture, steprt::Model& model, const std::string& path) {
   std::ofstream(path) << kFile;
   return furniture.Load() && ReadAndList(model, furniture, path);
 }
@@ -76,14 +77,14 @@ int main(int count, char** arguments) {
   bool good = false;
   Furniture* furniture = nullptr;
   {
-    proj::Model model;
+    steprt::Model model(&proj::schema);
     HINSTANCE module = model.AttachDll(arguments[1], "AttachFurniture");
     if (!module) return 1;
     furniture = new Furniture(module);
     good = Run(*furniture, model, path);
   }
-  proj::Schema()->next = nullptr;  // the module's descriptor is gone with the module
-  furniture->UnloadDLL(1);         // releases what AttachDll loaded, and destroys the object
+  proj::schema.next = nullptr;  // the module's descriptor is gone with the module
+  furniture->UnloadDLL(1);      // releases what AttachDll loaded, and destroys the object
   if (IsLoaded(arguments[1])) {
     std::printf("The module is still loaded\n");
     return 1;

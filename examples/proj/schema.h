@@ -1,61 +1,62 @@
-// A small schema, written by hand for the examples: PERSON, SITE, and ELEMENT with its subtypes WALL and DOOR.
+// The schema of the examples: PERSON, SITE, and ELEMENT with its subtypes WALL and DOOR.
 #ifndef PROJ_SCHEMA_H
 #define PROJ_SCHEMA_H
 
-#include <steprt/step.h>
+#include <steprt/record.h>
 
 namespace proj {
 
-enum EntityType { kPerson = 1, kElement, kWall, kDoor, kSite };
-enum Swing { kLeft, kRight, kBoth };
-
-// An instance made without a model joins the current one, which then owns it.
-class Person : public STEPheader {
- public:
-  Person() : STEPheader(nullptr) { Type(kPerson); }
-  STEPstring name;
-  int age = 0;
+struct Person : steprt::Entity<Person, 1> {
+  static constexpr const char* kKeyword = "PERSON";
+  steprt::Text Name;
+  steprt::Integer Age;
+  void Describe(steprt::Description& d) override { d("Name", Name)("Age", Age); }
 };
 
-class Element : public STEPheader {
- public:
-  explicit Element(int typeNumber) : STEPheader(nullptr) { Type(typeNumber); }
-  Person* Owner() { return dynamic_cast<Person*>(owner); }
-  STEPstring name;
-  STEPheader* owner = nullptr;  // the reader stores an instance of another type too, with a report
+// No record is just an ELEMENT.
+struct Element : steprt::AbstractEntity<Element, 2> {
+  static constexpr const char* kKeyword = "ELEMENT";
+  steprt::Text Name;
+  steprt::Ref<Person> Owner;
+  void Describe(steprt::Description& d) override { d("Name", Name)("Owner", Owner); }
 };
 
-class Door : public Element {
- public:
-  Door() : Element(kDoor) {}
-  double width = 0;
-  int swing = kLeft;
+enum class Swing { kLeft, kRight, kBoth };
+inline steprt::EnumeratorNames NamesOf(Swing) {
+  static const char* names[] = {".LEFT.", ".RIGHT.", ".BOTH."};
+  return {names, 3};
+}
+
+struct Door : steprt::Entity<Door, 4, Element> {
+  static constexpr const char* kKeyword = "DOOR";
+  steprt::Real Width;
+  steprt::Enumeration<Swing> Opens;
+  void Describe(steprt::Description& d) override {
+    Super::Describe(d);
+    d("Width", Width)("Swing", Opens);
+  }
 };
 
-class Wall : public Element {
- public:
-  Wall() : Element(kWall) {}
-  ~Wall() override;
-  void AddDoor(Door* door);
-  double height = 0;
-  STEPaggr* doors = nullptr;  // the wall owns the nodes, the model owns the doors
+struct Wall : steprt::Entity<Wall, 3, Element> {
+  static constexpr const char* kKeyword = "WALL";
+  steprt::Real Height;
+  steprt::List<steprt::Ref<Door>> Doors;
+  void Describe(steprt::Description& d) override {
+    Super::Describe(d);
+    d("Height", Height)("Doors", Doors);
+  }
 };
 
-class Site : public STEPheader {
- public:
-  Site() : STEPheader(nullptr) { Type(kSite); }
-  STEPstring name;
-  bool built = false;
-  STEPselect reference;  // a text, a number or a person
+struct Site : steprt::Entity<Site, 5> {
+  static constexpr const char* kKeyword = "SITE";
+  steprt::Text Name;
+  steprt::Boolean Built;
+  steprt::Value Reference;  // a text, a number or a person
+  void Describe(steprt::Description& d) override { d("Name", Name)("Built", Built)("Reference", Reference); }
 };
 
-// The descriptor. It has no error procedure, so reports go to standard error.
-APPobject0* Schema();
-
-class Model : public STEPmodel {
- public:
-  Model() { AppObj(Schema()); }
-};
+// Reports go to standard error.
+inline auto schema = steprt::Schema<Person, Element, Wall, Door, Site>("PROJ");
 
 }  // namespace proj
 

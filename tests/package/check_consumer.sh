@@ -19,8 +19,8 @@ build_by_pkg_config() {
   local flags
   read -ra flags <<<"$(pkg-config --cflags --libs steprt)"
   for client in edit_and_write stp_xml_convert; do
-    "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$source/examples/$client.cpp" \
-      "$source/examples/proj/schema.cpp" -o "$folder/$client" "${flags[@]}"
+    "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$source/examples/$client.cpp" -o "$folder/$client" \
+      "${flags[@]}"
   done
   export LD_LIBRARY_PATH
   LD_LIBRARY_PATH=$(pkg-config --variable=libdir steprt)

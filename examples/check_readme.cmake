@@ -1,0 +1,31 @@
+# cmake -DREADME=FILE -DEXAMPLE=FILE -P check_readme.cmake - fails if a C++ block of the page is not, line by line, part
+# of the example. Indentation does not count.
+
+# Reads a file without the blanks in front of its lines.
+function(read_lines file out)
+  file(READ ${file} text)
+  string(REGEX REPLACE "\n +" "\n" text "\n${text}")
+  set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+read_lines(${README} page)
+read_lines(${EXAMPLE} example)
+set(open "\n```cpp\n")
+set(count 0)
+string(FIND "${page}" "${open}" at)
+while(NOT at EQUAL -1)
+  string(LENGTH "${open}" length)
+  math(EXPR at "${at} + ${length}")
+  string(SUBSTRING "${page}" ${at} -1 page)
+  string(FIND "${page}" "```" end)
+  string(SUBSTRING "${page}" 0 ${end} block)
+  string(FIND "${example}" "\n${block}" found)
+  if(found EQUAL -1)
+    message(FATAL_ERROR "Not in ${EXAMPLE}:\n${block}")
+  endif()
+  math(EXPR count "${count} + 1")
+  string(FIND "${page}" "${open}" at)
+endwhile()
+if(count EQUAL 0)
+  message(FATAL_ERROR "No block of C++ in ${README}")
+endif()
