@@ -12,6 +12,13 @@ install(
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/steprt DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
+# The command is a package component of its own, which may be missing.
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/steprt_add_schema.cmake DESTINATION ${packageDir})
+if(STEPRT_HAS_TOOLS)
+  install(TARGETS steprt_command EXPORT steprt-command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(EXPORT steprt-command NAMESPACE steprt:: DESTINATION ${packageDir})
+endif()
+
 install(EXPORT steprt-targets NAMESPACE steprt:: DESTINATION ${packageDir})
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/steprt-config.cmake.in ${PROJECT_BINARY_DIR}/steprt-config.cmake

@@ -182,6 +182,11 @@ class List : public detail::Presence {
     for (; a && b && a->value.Equals(b->value, same); a = a->next) b = b->next;
     return mark_ == other.mark_ && !a && !b;
   }
+  int WrongReferences() const {
+    int wrong = 0;
+    for (const Node* node = first_; node; node = node->next) wrong += node->value.WrongReferences();
+    return wrong;
+  }
   void Print(std::string& out) const {
     if (PrintMark(out)) return;
     out += '(';
@@ -244,10 +249,33 @@ class List<Real> : public detail::Aggregate {
   /// @endcond
 };
 
+namespace detail {
+
+/// What lists of references to all classes share.
+class ReferenceList : public Aggregate {
+ public:
+  /// @cond
+  void Write(STEPtransfer* t, const char* name) const {
+    if (!WriteMark(t, name)) xwSTEPaggr(t, name, Address());
+  }
+  bool Equals(const ReferenceList& other, const SameInstance& same) const {
+    return EqualNodes(other, [&](const STEPlist& a, const STEPlist& b) {
+      if (!a.value.object || !b.value.object) return a.value.object == b.value.object;
+      return same(a.value.object, b.value.object);
+    });
+  }
+  void Print(std::string& out) const {
+    PrintNodes(out, [&](const STEPlist& node) { PrintReference(out, node.value.object); });
+  }
+  /// @endcond
+};
+
+}  // namespace detail
+
 /// A list of references. Iteration passes over omitted members and over instances of another class than T; Head leads
 /// to all of them.
 template <class T>
-class List<Ref<T>> : public detail::Aggregate {
+class List<Ref<T>> : public detail::ReferenceList {
  public:
   class Iterator {
    public:
@@ -275,21 +303,16 @@ class List<Ref<T>> : public detail::Aggregate {
   void Add(T* object) { AddNode().value.object = object; }  ///< appends; null is written as `$`
 
   /// @cond
+  int WrongReferences() const {
+    int wrong = 0;
+    for (const STEPlist* node = aggregate_.head; node; node = node->next) {
+      if (node->value.object && !T::kIncludes(node->value.object->type)) ++wrong;
+    }
+    return wrong;
+  }
   void Read(STEPtransfer* t, const char* name) {
     STEPaggr* out = &aggregate_;
-    if (BeginRead(t, name, "Missing reference")) xrSTEPaggr(t, name, &out, T::kType, true);
-  }
-  void Write(STEPtransfer* t, const char* name) const {
-    if (!WriteMark(t, name)) xwSTEPaggr(t, name, Address());
-  }
-  bool Equals(const List& other, const SameInstance& same) const {
-    return EqualNodes(other, [&](const STEPlist& a, const STEPlist& b) {
-      if (!a.value.object || !b.value.object) return a.value.object == b.value.object;
-      return same(a.value.object, b.value.object);
-    });
-  }
-  void Print(std::string& out) const {
-    PrintNodes(out, [&](const STEPlist& node) { detail::PrintReference(out, node.value.object); });
+    if (BeginRead(t, name, "Missing reference")) xrSTEPaggr(t, name, &out, detail::ExpectedType<T>(), true);
   }
   /// @endcond
 };

@@ -310,6 +310,14 @@ class Binary : public detail::Presence {
 
 namespace detail {
 
+constexpr bool IsSet(bool (*function)(int)) { return function != nullptr; }
+
+// The type that a transfer compares a reference with; -1: it takes any.
+template <class T>
+constexpr int ExpectedType() {
+  return IsSet(T::kIncludes) ? -1 : T::kType;
+}
+
 /// A reference to an instance of any class.
 class Reference : public Presence {
  public:
@@ -337,6 +345,8 @@ class Reference : public Presence {
     mark_ = mark;
     object_ = object;
   }
+  // Whether the instance is of none of those types.
+  bool IsNotOf(bool (*includes)(int type)) const { return object_ && !includes(object_->type); }
   // The instance may be stored only when the transfer ends.
   void ReadAs(STEPtransfer* t, const char* name, int expected) {
     Omit();
@@ -365,7 +375,8 @@ class Ref : public detail::Reference {
   T* operator->() const { return Get(); }                ///< as Get
 
   /// @cond
-  void Read(STEPtransfer* t, const char* name) { ReadAs(t, name, T::kType); }
+  void Read(STEPtransfer* t, const char* name) { ReadAs(t, name, detail::ExpectedType<T>()); }
+  int WrongReferences() const { return IsNotOf(T::kIncludes) ? 1 : 0; }
   /// @endcond
 };
 

@@ -31,6 +31,7 @@
 #include <steprt/schema.h>
 #include <steprt/value.h>
 
+#include <cstdio>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -43,17 +44,60 @@ struct AttributeType {
   void (*write)(const void* value, STEPtransfer* t, const char* name);     ///< to the transfer
   bool (*equals)(const void* a, const void* b, const SameInstance& same);  ///< of two values of the type
   void (*print)(const void* value, std::string& out);                      ///< for a person to read
+  int (*wrong)(const void* value);  ///< the references of a wrong type; null: the transfer has reported them all
 };
 
-/// The operations of the attribute class T.
+namespace detail {
+
+// The class whose operations an attribute class has, but for reading: references to all classes are written, compared
+// and printed alike, so that a program has the code once.
 template <class T>
-inline constexpr AttributeType kAttributeType = {
-    [](void* value, STEPtransfer* t, const char* name) { static_cast<T*>(value)->Read(t, name); },
-    [](const void* value, STEPtransfer* t, const char* name) { static_cast<const T*>(value)->Write(t, name); },
+struct Common {
+  using Type = T;
+};
+template <class T>
+struct Common<Ref<T>> {
+  using Type = Reference;
+};
+template <class T>
+struct Common<List<Ref<T>>> {
+  using Type = ReferenceList;
+};
+
+// Whether a transfer leaves it to ReportWrongReferences to check the references of the attribute class T.
+template <class T>
+inline constexpr bool kIsCheckedLater = false;
+template <class T>
+inline constexpr bool kIsCheckedLater<Ref<T>> = IsSet(T::kIncludes);
+template <class T>
+inline constexpr bool kIsCheckedLater<List<T>> = kIsCheckedLater<T>;
+
+template <class T>
+constexpr auto WrongReferencesOf() -> int (*)(const void*) {
+  if constexpr (kIsCheckedLater<T>) {
+    return [](const void* value) {
+      return static_cast<const T*>(static_cast<const typename Common<T>::Type*>(value))->WrongReferences();
+    };
+  } else {
+    return nullptr;
+  }
+}
+
+template <class T>
+inline constexpr AttributeType kCommonType = {
+    nullptr, [](const void* value, STEPtransfer* t, const char* name) { static_cast<const T*>(value)->Write(t, name); },
     [](const void* a, const void* b, const SameInstance& same) {
       return static_cast<const T*>(a)->Equals(*static_cast<const T*>(b), same);
     },
-    [](const void* value, std::string& out) { static_cast<const T*>(value)->Print(out); }};
+    [](const void* value, std::string& out) { static_cast<const T*>(value)->Print(out); }, nullptr};
+
+// The operations of the attribute class T; the values are those of its common class.
+template <class T, class C = typename Common<T>::Type>
+inline constexpr AttributeType kType = {
+    [](void* value, STEPtransfer* t, const char* name) { static_cast<T*>(static_cast<C*>(value))->Read(t, name); },
+    kCommonType<C>.write, kCommonType<C>.equals, kCommonType<C>.print, WrongReferencesOf<T>()};
+
+}  // namespace detail
 
 /// What a class names its attributes to, in the order of the schema, those of the supertype first. An attribute's name
 /// is its element in XML. It must live as long as the program.
@@ -64,7 +108,9 @@ class Description {
   /// Names one attribute.
   template <class T>
   Description& operator()(const char* name, T& value) {
-    Visit(name, &value, kAttributeType<T>);
+    // A class that derives from Value, such as a SELECT of a compiled schema, has the operations of Value.
+    using Type = std::conditional_t<std::is_base_of_v<Value, T>, Value, T>;
+    Visit(name, static_cast<typename detail::Common<Type>::Type*>(&value), detail::kType<Type>);
     return *this;
   }
 
@@ -76,8 +122,10 @@ class Description {
 /// The base class of all described entities. An instance joins the current model, which then owns it: make it with new.
 class Record : public STEPheader {
  public:
-  static constexpr int kType = -1;                  ///< as the type of a reference: any entity
-  static constexpr const char* kKeyword = nullptr;  ///< none: it is no entity
+  static constexpr int kType = -1;                    ///< as the type of a reference: any entity
+  static constexpr int kLastType = -1;                ///< see Entity
+  static constexpr bool (*kIncludes)(int) = nullptr;  ///< see Entity
+  static constexpr const char* kKeyword = nullptr;    ///< none: it is no entity
 
   Record() : STEPheader(nullptr) {}
   Record(const Record&) = delete;
@@ -95,8 +143,14 @@ template <class Self, int kNumber, class Base = Record>
 class Entity : public Base {
  public:
   static constexpr int kType = kNumber;  ///< the type number
-  using Super = Base;                    ///< the class of the supertype
-  using AbstractSelf = void;             ///< see AbstractEntity
+  /// The class may hide it with the greatest type number of its subtypes, if they have all numbers from kType to that
+  /// one and no other class has one of these. Queries are then faster.
+  static constexpr int kLastType = -1;
+  /// The class may hide it with a function that tells whether a type is its own or of a subtype, if subtypes exist that
+  /// do not derive from it. A transfer then takes a reference to any instance: see ReportWrongReferences.
+  static constexpr bool (*kIncludes)(int type) = nullptr;
+  using Super = Base;         ///< the class of the supertype
+  using AbstractSelf = void;  ///< see AbstractEntity
 
   Entity() { this->type = kNumber; }
 };
@@ -220,6 +274,7 @@ class Instances {
    private:
     void Settle() {
       for (instance_ = nullptr; object_; object_ = object_->next) {
+        if (T::kLastType >= 0 && (object_->type < T::kType || object_->type > T::kLastType)) continue;
         if ((instance_ = dynamic_cast<T*>(object_))) return;
       }
     }
@@ -269,6 +324,47 @@ class Model : public STEPmodel {
     return Instances<T>(Inst());
   }
 };
+
+namespace detail {
+
+class WrongReferences final : public Description {
+ public:
+  explicit WrongReferences(STEPmodel& model) : model_(model) {
+    for (const APPobject0* schema = model.schema; schema && !report_; schema = schema->next) {
+      report_ = schema->errorProc;
+    }
+  }
+  void Check(Record& record) {
+    record_ = &record;
+    record.Describe(*this);
+  }
+  int Count() const { return count_; }
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override {
+    if (!type.wrong || type.wrong(value) == 0) return;
+    ++count_;
+    const std::string text = std::string("STEP error: ") + model_.Name() + " [" + record_->EntityName() +
+                             "]Reference to wrong object type '" + name + "'";
+    if (report_) return report_(text.c_str());
+    std::fprintf(stderr, "%s\n", text.c_str());
+  }
+  STEPmodel& model_;
+  STEPerrorProc report_ = nullptr;
+  Record* record_ = nullptr;
+  int count_ = 0;
+};
+
+}  // namespace detail
+
+/// Reports the attributes that refer to an instance of a wrong type, where the class of the reference has a kIncludes;
+/// all other references a transfer checks itself. Call it after a read. Returns how many attributes it has reported, to
+/// the error procedure of the schema or, without one, to standard error. The references stay as they are.
+inline int ReportWrongReferences(Model& model) {
+  detail::WrongReferences check(model);
+  for (Record& record : model.All<Record>()) check.Check(record);
+  return check.Count();
+}
 
 /// Whether two records are of one class and have equal attributes.
 inline bool Equal(Record& a, Record& b, const SameInstance& same = SameInstance()) {

@@ -13,6 +13,7 @@
 
 #include <steprt/attributes.h>
 
+#include <initializer_list>
 #include <utility>
 
 namespace steprt {
@@ -127,7 +128,7 @@ class Value {
       case STEP_INT:
         return wSTEPint(t, name, as_.integer);
       case STEP_REAL:
-        return wSTEPreal(t, name, as_.real);
+        return WriteReal(t, name);
       case STEP_REF:
         return xwSTEPref(t, name, as_.object);
       case STEP_TEXT:
@@ -197,6 +198,19 @@ class Value {
     copy[value.size()] = '\0';
     Become(kind).as_.chars = copy;
   }
+  // A whole number gets a point, so that it is read as a real again.
+  void WriteReal(STEPtransfer* t, const char* name) const {
+    constexpr int kDigits = 6;  // as wSTEPreal
+    char text[32];
+    const auto printed = std::to_chars(text, text + sizeof text - 2, as_.real, std::chars_format::general, kDigits);
+    if (std::string_view(text, static_cast<std::size_t>(printed.ptr - text)).find_first_not_of("-0123456789") !=
+        std::string_view::npos) {
+      return wSTEPreal(t, name, as_.real);
+    }
+    printed.ptr[0] = '.';
+    printed.ptr[1] = '\0';
+    wSTEPtoken(t, name, text);
+  }
   void ReadMembers(STEPtransfer* t, const char* name, STEPitem kind) {
     Omit();
     const char* keyword = rSTEPopen(t, name);
@@ -221,6 +235,33 @@ class Value {
   Value* last_ = nullptr;
   Value* next_ = nullptr;  // in the value that this one is a member of
 };
+
+/// The type numbers from `first` to `last`.
+struct TypeRange {
+  int first;  ///< the lowest
+  int last;   ///< the highest
+};
+
+/// Whether a type number is in one of the ranges.
+inline bool IsTypeIn(int type, std::initializer_list<TypeRange> ranges) {
+  for (const TypeRange& range : ranges) {
+    if (type >= range.first && type <= range.last) return true;
+  }
+  return false;
+}
+
+/// Whether a value is one that a SELECT allows: omitted or derived, a typed value with one of the keywords, a reference
+/// to an instance of one of the types, or an enumerator where `enumerators` is true.
+inline bool IsOneOf(const Value& value, std::initializer_list<std::string_view> keywords,
+                    std::initializer_list<TypeRange> types, bool enumerators) {
+  if (!value.IsPresent()) return true;
+  if (value.Kind() == STEP_ENUM) return enumerators;
+  if (value.Kind() == STEP_REF) return !value.Object() || IsTypeIn(value.Object()->type, types);
+  for (const std::string_view keyword : keywords) {
+    if (value.Is(keyword)) return true;
+  }
+  return false;
+}
 
 }  // namespace steprt
 

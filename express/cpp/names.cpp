@@ -1,0 +1,134 @@
+#include "express/cpp/names.h"
+
+#include <algorithm>
+#include <array>
+
+namespace express::cpp {
+namespace {
+
+// All tables are sorted.
+template <std::size_t N>
+bool Has(const std::array<std::string_view, N>& sorted, std::string_view name) {
+  return std::binary_search(sorted.begin(), sorted.end(), name);
+}
+
+template <std::size_t N>
+constexpr std::array<std::string_view, N> Sorted(std::array<std::string_view, N> names) {
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// C++17 and the words of later editions.
+constexpr auto kKeywords = Sorted(std::to_array<std::string_view>(
+    {"alignas",     "alignof",  "and",        "and_eq",    "asm",       "auto",         "bitand",
+     "bitor",       "bool",     "break",      "case",      "catch",     "char",         "char16_t",
+     "char32_t",    "char8_t",  "class",      "co_await",  "co_return", "co_yield",     "compl",
+     "concept",     "const",    "const_cast", "consteval", "constexpr", "constinit",    "continue",
+     "decltype",    "default",  "delete",     "do",        "double",    "dynamic_cast", "else",
+     "enum",        "explicit", "export",     "extern",    "false",     "float",        "for",
+     "friend",      "goto",     "if",         "inline",    "int",       "long",         "mutable",
+     "namespace",   "new",      "noexcept",   "not",       "not_eq",    "nullptr",      "operator",
+     "or",          "or_eq",    "private",    "protected", "public",    "register",     "reinterpret_cast",
+     "requires",    "return",   "short",      "signed",    "sizeof",    "static",       "static_assert",
+     "static_cast", "struct",   "switch",     "template",  "this",      "thread_local", "throw",
+     "true",        "try",      "typedef",    "typeid",    "typename",  "union",        "unsigned",
+     "using",       "virtual",  "void",       "volatile",  "wchar_t",   "while",        "xor",
+     "xor_eq"}));
+
+// Macros of the usual headers and systems.
+constexpr auto kMacros = Sorted(std::to_array<std::string_view>(
+    {"BUFSIZ",   "CONST",       "DELETE",   "DIFFERENCE", "DOMAIN",    "EDOM",     "EOF",      "ERANGE",
+     "ERROR",    "FALSE",       "FAR",      "HUGE",       "HUGE_VAL",  "I",        "IGNORE",   "IN",
+     "INFINITE", "INFINITY",    "MAX",      "MIN",        "NAN",       "NEAR",     "NO_ERROR", "NULL",
+     "OPTIONAL", "OUT",         "OVERFLOW", "PI",         "PLOSS",     "RAND_MAX", "SING",     "STRICT",
+     "TLOSS",    "TRANSPARENT", "TRUE",     "UNDERFLOW",  "VOID",      "assert",   "complex",  "errno",
+     "far",      "huge",        "i386",     "imaginary",  "interface", "linux",    "major",    "makedev",
+     "max",      "min",         "minor",    "near",       "offsetof",  "signals",  "slots",    "small",
+     "stderr",   "stdin",       "stdout",   "unix",       "va_arg",    "va_copy",  "va_end",   "va_start"}));
+
+// What the generated namespace holds beside the schema's classes, and what its code calls the library.
+constexpr auto kNamespaceNames =
+    Sorted(std::to_array<std::string_view>({"Attach", "Descriptor", "Model", "NamesOf", "std", "steprt"}));
+
+// The members of the class of selects.
+constexpr auto kSelectMembers = Sorted(std::to_array<std::string_view>(
+    {"Add",       "Chars",     "Derive",    "Equals",    "First",         "Get",        "Integer", "Is",
+     "IsAllowed", "IsDerived", "IsOmitted", "IsPresent", "Iterator",      "Kind",       "Object",  "Omit",
+     "Print",     "Read",      "Real",      "SetBinary", "SetEnumerator", "SetInteger", "SetList", "SetObject",
+     "SetReal",   "SetText",   "SetTyped",  "Value",     "Write",         "begin",      "end"}));
+
+// The members of the base classes of entities. A class of such a name would not be found in the others.
+constexpr auto kMembers = Sorted(std::to_array<std::string_view>(
+    {"AbstractEntity", "AbstractSelf", "Changed", "Describe",   "Entity", "EntityName", "Id",  "Includes",  "IsKindOf",
+     "Model",          "NextHead",     "Record",  "STEPheader", "Super",  "Type",       "id",  "kIncludes", "kKeyword",
+     "kLastType",      "kType",        "model",   "next",       "number", "pNextHead",  "std", "steprt",    "type"}));
+
+constexpr bool IsCapital(char c) { return c >= 'A' && c <= 'Z'; }
+constexpr bool IsSmall(char c) { return c >= 'a' && c <= 'z'; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr char Upper(char c) { return IsSmall(c) ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr char Lower(char c) { return IsCapital(c) ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool IsIdentifier(std::string_view text) {
+  if (text.empty() || IsDigit(text.front()) || Has(kKeywords, text) || Has(kMacros, text)) return false;
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return IsCapital(c) || IsSmall(c) || IsDigit(c) || c == '_'; });
+}
+
+}  // namespace
+
+std::string ClassName(std::string_view spelled) {
+  if (std::any_of(spelled.begin(), spelled.end(), IsCapital)) return std::string(spelled);
+  std::string name;
+  bool starts = true;
+  for (const char c : spelled) {
+    if (c != '_') name += starts ? Upper(c) : c;
+    starts = c == '_';
+  }
+  return name;
+}
+
+std::string SelectName(std::string_view spelled) {
+  std::string name = ClassName(spelled);
+  if (Has(kSelectMembers, name)) name += '_';
+  return name;
+}
+
+std::string UpperCase(std::string_view name) {
+  std::string upper(name);
+  std::transform(upper.begin(), upper.end(), upper.begin(), Upper);
+  return upper;
+}
+
+std::string LowerCase(std::string_view name) {
+  std::string lower(name);
+  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
+  return lower;
+}
+
+bool IsNamespace(std::string_view text) {
+  for (;;) {
+    const std::size_t colons = text.find("::");
+    const std::string_view name = text.substr(0, colons);
+    if (!IsIdentifier(name) || name == "std" || name == "steprt") return false;
+    if (colons == std::string_view::npos) return true;
+    text.remove_prefix(colons + 2);
+  }
+}
+
+std::string Scope::Take(std::string name) {
+  while (IsTaken(name)) name += '_';
+  taken_.insert(name);
+  return name;
+}
+
+bool Scope::IsTaken(std::string_view name) const {
+  if (taken_.count(name) > 0) return true;
+  if (kind_ == Kind::kElements) return false;
+  if (Has(kKeywords, name) || Has(kMacros, name)) return true;
+  if (kind_ == Kind::kNamespace && Has(kNamespaceNames, name)) return true;
+  if (kind_ != Kind::kEnumeration && Has(kMembers, name)) return true;
+  return around_ != nullptr && around_->IsTaken(name);
+}
+
+}  // namespace express::cpp

@@ -1,0 +1,126 @@
+// What the generator prints, as texts.
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "express/cpp/generate.h"
+#include "express/cpp/names.h"
+#include "express/load.h"
+
+namespace {
+
+using namespace express;
+using cpp::File;
+using cpp::Options;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string Content(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+struct Generated {
+  Diagnostics diagnostics;
+  std::unique_ptr<Model> model;
+  std::vector<File> files;
+
+  std::string Messages() const {
+    std::string all;
+    for (const Diagnostic& diagnostic : diagnostics.All()) all += diagnostic.message + '\n';
+    return all;
+  }
+};
+
+Generated GenerateFrom(const std::string& text, const Options& options = {}) {
+  Generated result;
+  std::vector<std::unique_ptr<Source>> sources;
+  sources.push_back(std::make_unique<Source>("schema", text));
+  result.model = Load(std::move(sources), result.diagnostics);
+  if (result.diagnostics.Errors() == 0) result.files = Generate(*result.model, options, result.diagnostics);
+  return result;
+}
+
+// Every construct of EXPRESS, and names that are awkward in C++. With STEPRT_ACCEPT=1 in the environment what comes out
+// becomes what is expected.
+TEST(Generator, PrintsTheExpectedFiles) {
+  Options options;
+  options.parts = 1;
+  options.module = true;
+  for (const std::string schema : {STEPRT_TEST_SCHEMAS "/every_construct.exp", STEPRT_TEST_GOLDEN "/awkward.exp"}) {
+    const Generated generated = GenerateFrom(Content(schema), options);
+    EXPECT_EQ(generated.Messages(), "");
+    ASSERT_EQ(generated.files.size(), 4U);
+    for (const File& file : generated.files) {
+      const std::string expected = STEPRT_TEST_GOLDEN "/golden/" + file.name + ".txt";
+      if (std::getenv("STEPRT_ACCEPT")) std::ofstream(expected, std::ios::binary) << file.text;
+      EXPECT_EQ(file.text, Content(expected)) << expected;
+    }
+  }
+}
+
+TEST(Generator, TakesOnlyTheEntitiesThatAreNamedAndWhatTheyNeed) {
+  const std::string schema =
+      "SCHEMA s; TYPE pick = SELECT (c, text); END_TYPE; TYPE text = STRING; END_TYPE;"
+      "TYPE kind = ENUMERATION OF (one); END_TYPE; TYPE other = ENUMERATION OF (two); END_TYPE;"
+      "ENTITY a; x : LIST OF pick; END_ENTITY; ENTITY b SUBTYPE OF (a); y : kind; END_ENTITY;"
+      "ENTITY c; END_ENTITY; ENTITY d SUBTYPE OF (b); z : other; END_ENTITY; ENTITY e; c1 : c; END_ENTITY; END_SCHEMA;";
+  Options options;
+  options.entities = {"B"};
+  const Generated generated = GenerateFrom(schema, options);
+  EXPECT_EQ(generated.Messages(), "");
+  const std::string& header = generated.files.front().text;
+  for (const char* there : {"struct A :", "struct B :", "struct C :", "struct Pick :", "enum class Kind"}) {
+    EXPECT_THAT(header, HasSubstr(there));
+  }
+  for (const char* missing : {"struct D", "struct E", "enum class Other"}) EXPECT_THAT(header, Not(HasSubstr(missing)));
+}
+
+TEST(Generator, RefusesASchemaWithoutTheEntities) {
+  const std::string schema = "SCHEMA s; TYPE t = REAL; END_TYPE; ENTITY a; END_ENTITY; END_SCHEMA;";
+  Options options;
+  options.entities = {"a", "t", "b"};
+  EXPECT_EQ(GenerateFrom(schema, options).Messages(), "this schema has no entity 't'\nthis schema has no entity 'b'\n");
+  EXPECT_EQ(GenerateFrom("SCHEMA s; END_SCHEMA;").Messages(), "this schema has no entities\n");
+}
+
+// Type numbers run depth first from the number asked for; the classes are spread over the parts, each once.
+TEST(Generator, NumbersTypesAndSplitsParts) {
+  const std::string schema =
+      "SCHEMA s; ENTITY a; END_ENTITY; ENTITY b; END_ENTITY; ENTITY c SUBTYPE OF (a); END_ENTITY;"
+      "ENTITY d SUBTYPE OF (c); END_ENTITY; ENTITY e SUBTYPE OF (a); END_ENTITY; END_SCHEMA;";
+  Options options;
+  options.firstType = 70;
+  options.parts = 7;
+  const Generated generated = GenerateFrom(schema, options);
+  const std::string& header = generated.files.front().text;
+  for (const char* line :
+       {"Entity<A, 70>", "Entity<C, 71, A>", "Entity<D, 72, C>", "Entity<E, 73, A>", "Entity<B, 74>"}) {
+    EXPECT_THAT(header, HasSubstr(line));
+  }
+  EXPECT_THAT(header, HasSubstr("kKeyword = \"A\";\n  static constexpr int kLastType = 73;"));
+  ASSERT_EQ(generated.files.size(), 9U);
+  std::string parts;
+  for (std::size_t i = 2; i < generated.files.size(); ++i) parts += generated.files[i].text;
+  for (const std::string name : {"A", "B", "C", "D", "E"}) {
+    const std::size_t found = parts.find(name + "::Describe(");
+    ASSERT_NE(found, std::string::npos) << name;
+    EXPECT_EQ(parts.find("void " + name + "::Describe(", found), std::string::npos) << name;
+  }
+}
+
+TEST(Generator, NamesClassesAndNamespaces) {
+  using cpp::ClassName;
+  EXPECT_EQ(ClassName("IfcWall"), "IfcWall");
+  EXPECT_EQ(ClassName("cartesian_point_2"), "CartesianPoint2");
+  EXPECT_EQ(ClassName("Two_Words"), "Two_Words");
+  for (const char* name : {"a", "a_1", "ifc2x3", "a::b", "_a"}) EXPECT_TRUE(cpp::IsNamespace(name)) << name;
+  for (const char* name : {"", "1a", "a-b", "a:b", "::a", "a::", "class", "std", "a::steprt", "a b", "EOF"}) {
+    EXPECT_FALSE(cpp::IsNamespace(name)) << name;
+  }
+}
+
+}  // namespace

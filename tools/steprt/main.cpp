@@ -1,0 +1,25 @@
+// The command: subcommands for schemas.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+
+#include "compile.h"
+#include "exit_status.h"
+
+int main(int argc, char** argv) try {
+  using namespace steprt_tools;
+  CLI::App app("Works with schemas of ISO 10303 (STEP).", "steprt");
+  app.set_version_flag("--version", "steprt " STEPRT_TOOLS_VERSION);
+  app.require_subcommand(1);
+  int status = kClean;
+  AddCompile(app, status);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kClean : kUnusable;
+  }
+  return status;
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "steprt: error: %s\n", error.what());
+  return steprt_tools::kUnusable;
+}
