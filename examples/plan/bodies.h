@@ -1,11 +1,11 @@
-// Bodies: the solids of a product as flat faces, in metres and in the coordinates of the whole building.
+// Bodies: the solids of a part as flat faces, in metres and in the coordinates of the whole building.
 #ifndef PLAN_BODIES_H
 #define PLAN_BODIES_H
 
 #include <vector>
 
-#include "placements.h"
 #include "region.h"
+#include "vectors.h"
 
 namespace plan {
 
@@ -23,11 +23,6 @@ struct Body {
   std::vector<FlatFace> faces;
   std::vector<Cut> cuts;
 };
-
-// The bodies of a product's own shape: extrusions, faceted solids and surfaces, clippings of them and mapped copies of
-// all these.
-// Other items are passed over. Openings are not taken out.
-std::vector<Body> BodiesOf(const Product& product, double metresPerUnit);
 
 // What the horizontal plane at this height cuts out of the body. The height must not be that of a corner.
 Region Slice(const Body& body, double height);

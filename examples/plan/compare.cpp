@@ -1,196 +1,133 @@
 #include "compare.h"
 
+#include <cctype>
+#include <cstddef>
 #include <cstdio>
-#include <unordered_map>
+#include <cstdlib>
 #include <utility>
-#include <vector>
-
-#include "attributes.h"
 
 namespace plan {
 namespace {
 
-using Positions = std::unordered_map<const STEPheader*, int>;
+constexpr std::size_t kExamples = 3;
 
-Positions PositionsIn(STEPmodel& model) {
-  Positions positions;
-  int position = 0;
-  for (STEPheader* object = model.Inst(); object; object = object->NextHead()) positions[object] = ++position;
-  return positions;
+void NumberByPlace(steprt::Model& model) {
+  int place = 0;
+  for (STEPheader* object = model.Inst(); object; object = object->NextHead()) object->number = ++place;
 }
 
-// An attribute, its value or the members of its list spelled out.
-struct Spelled {
-  std::string name;
-  std::vector<std::string> items;
+class SamePlace final : public steprt::SameInstance {
+ public:
+  bool operator()(const STEPheader* a, const STEPheader* b) const override { return a->number == b->number; }
 };
 
-// Spells out the attributes of an entity. What the readers tell apart is spelled apart.
-class Speller : public Attributes {
+// The attributes of one record with their names.
+class Attributes final : public steprt::Description {
  public:
-  explicit Speller(const Positions& known) : positions(known) {}
-
-  std::vector<Spelled> attributes;
-
-  void Text(const char* name, STEPstring& value) override { Put(name, Quoted(value)); }
-  void Integer(const char* name, int& value) override { Put(name, std::to_string(value)); }
-  void Real(const char* name, double& value) override { Put(name, Digits(value)); }
-  void Boolean(const char* name, bool& value) override { Put(name, value ? ".T." : ".F."); }
-  void Enumeration(const char* name, int& value, const Enumerators& names) override { Put(name, names.names[value]); }
-  void Select(const char* name, STEPselect& value) override { Put(name, Of(value)); }
-  void Numbers(const char* name, NumberList& value) override {
-    PutList(name, value, [](STEPlist& node) { return Digits(node.value.real); });
-  }
-  void Texts(const char* name, TextList& value) override {
-    PutList(name, value, [](STEPlist& node) { return Quoted(node.value.text); });
-  }
-
- protected:
-  void ReferenceTo(const char* name, STEPheader*& value, int) override { Put(name, Of(value)); }
-  void ReferencesTo(const char* name, List& value, int) override {
-    PutList(name, value, [this](STEPlist& node) { return Of(node.value.object); });
-  }
+  struct Item {
+    const char* name;
+    void* value;
+    const steprt::AttributeType* type;
+    std::string Text() const {
+      std::string text;
+      type->print(value, text);
+      return text;
+    }
+  };
+  std::vector<Item> items;
 
  private:
-  void Put(const char* name, std::string value) { attributes.push_back({name, {std::move(value)}}); }
-
-  // Whether there is a list comes before its members.
-  template <class Spell>
-  void PutList(const char* name, const List& list, Spell spell) {
-    attributes.push_back({name, {list.aggregate ? "list" : "no list"}});
-    for (STEPlist* node = list.Head(); node; node = node->next) attributes.back().items.push_back(spell(*node));
+  void Visit(const char* name, void* value, const steprt::AttributeType& type) override {
+    items.push_back({name, value, &type});
   }
-
-  static std::string Quoted(const char* value) { return std::string("'") + value + "'"; }
-
-  static std::string Digits(double value) {
-    char digits[32];
-    std::snprintf(digits, sizeof digits, "%.6g", value);
-    return digits;
-  }
-
-  std::string Of(const STEPheader* object) const {
-    if (!object) return "$";
-    const auto found = positions.find(object);
-    return found == positions.end() ? "@elsewhere" : "@" + std::to_string(found->second);
-  }
-
-  std::string Of(STEPselect& value) const {
-    switch (value.Type()) {
-      case STEPselect::SEL_INT:
-        return "integer " + std::to_string(value.GetInt());
-      case STEPselect::SEL_REAL:
-        return "real " + Digits(value.GetReal());
-      case STEPselect::SEL_TEXT:
-        return Quoted(value.GetCharPtr());
-      case STEPselect::SEL_OBJ:
-        return Of(value.GetSTEPobj());
-      default:
-        return "nothing";
-    }
-  }
-
-  const Positions& positions;
 };
 
-// What the forms do to a value, as docs/format.md says. Empty for what they do not do.
-std::string ChangeOf(const std::string& before, const std::string& after) {
-  if (before == "''" && after == "'$'") return "omitted text, which XML writes as $";
-  if (before == "-0" && after == "0") return "-0, read as 0";
-  if (before == "nothing" && after == "$") return "select without a value, written as $";
-  if (before == "no list" && after == "list") return "list that there was not, written as an empty one";
-  if (before == "real -0" && after == "integer 0") return "-0, read as 0";
-  if (before.rfind("real ", 0) != 0 || after != "integer " + before.substr(5)) return "";
-  return "whole real of a select, written without a point";
+// The number at the start of `text` with six digits, and -0 as 0. Sets `end` to what follows it.
+std::string SixDigits(const char* text, const char** end) {
+  char* after = nullptr;
+  double value = std::strtod(text, &after);
+  if (value == 0) value = 0;
+  *end = after;
+  char digits[32];
+  std::snprintf(digits, sizeof digits, "%.6g", value);
+  return digits;
 }
 
-std::string Joined(const Spelled& attribute) {
-  std::string text = attribute.name + "=";
-  for (const std::string& item : attribute.items) text += item + " ";
-  return text;
-}
-
-using Counts = std::map<std::string, int>;
-
-// Counts what the forms have changed; false with the first difference that they do not make.
-bool CompareValues(const Spelled& before, const Spelled& after, Counts& counts) {
-  if (before.name != after.name || before.items.size() != after.items.size()) return false;
-  for (std::size_t i = 0; i < before.items.size(); ++i) {
-    if (before.items[i] == after.items[i]) continue;
-    const std::string change = ChangeOf(before.items[i], after.items[i]);
-    if (change.empty()) return false;
-    ++counts[change];
-  }
-  return true;
-}
-
-std::string NameOf(STEPheader* object) { return object ? object->EntityName() : "nothing"; }
-
-// One step: two instances at the same place.
-class Step {
- public:
-  Step(const Positions& inBefore, const Positions& inAfter) : spelledBefore(inBefore), spelledAfter(inAfter) {}
-
-  // False, and `difference` says why, for what the forms do not make.
-  bool Compare(STEPheader* before, STEPheader* after) {
-    if (!before || !after || before->Type() != after->Type()) return Differ(NameOf(before), NameOf(after));
-    static_cast<Entity*>(before)->Describe(spelledBefore);
-    static_cast<Entity*>(after)->Describe(spelledAfter);
-    for (std::size_t i = 0; i < spelledBefore.attributes.size(); ++i) {
-      const Spelled &left = spelledBefore.attributes[i], &right = spelledAfter.attributes[i];
-      if (!CompareValues(left, right, counts)) return Differ(Joined(left), Joined(right));
-    }
-    return true;
-  }
-
-  void AddTo(Comparison& result) const {
-    ++result.instances;
-    if (!counts.empty()) ++result.changed;
-    for (const auto& [change, count] : counts) {
-      result.changes[change].values += count;
-      ++result.changes[change].instances;
+// A printed value with six digits of each real. Texts, keywords and references stay as they are.
+std::string Rounded(const std::string& text) {
+  std::string rounded;
+  bool isQuoted = false;
+  for (const char* c = text.c_str(); *c;) {
+    const bool isWord = !rounded.empty() && (std::isalnum(static_cast<unsigned char>(rounded.back())) != 0 ||
+                                             rounded.back() == '#' || rounded.back() == '_');
+    isQuoted = isQuoted != (*c == '\'');
+    const bool startsNumber = std::isdigit(static_cast<unsigned char>(*c)) || *c == '-';
+    if (startsNumber && !isQuoted && !isWord) {
+      rounded += SixDigits(c, &c);
+    } else {
+      rounded += *c++;
     }
   }
+  return rounded;
+}
 
-  std::string difference;
+void AddLoss(std::string example, Comparison* result) {
+  ++result->lost;
+  if (result->examples.size() < kExamples) result->examples.push_back(std::move(example));
+}
 
- private:
-  bool Differ(const std::string& before, const std::string& after) {
-    difference = before + "\n  and " + after;
-    return false;
+void CompareAttributes(steprt::Record& before, steprt::Record& after, Comparison* result) {
+  Attributes ours, theirs;
+  before.Describe(ours);
+  after.Describe(theirs);
+  for (std::size_t i = 0; i < ours.items.size(); ++i) {
+    const Attributes::Item& our = ours.items[i];
+    const Attributes::Item& their = theirs.items[i];
+    if (our.type->equals(our.value, their.value, SamePlace())) continue;
+    const std::string was = our.Text(), is = their.Text();
+    if (was == is) {
+      ++result->integers;
+    } else if (Rounded(was) == Rounded(is)) {
+      ++result->rounded;
+    } else {
+      AddLoss(std::string(before.EntityName()) + "." + our.name + ": " + was + " became " + is, result);
+    }
   }
+}
 
-  Speller spelledBefore, spelledAfter;
-  Counts counts;
-};
+std::string Line(int count, const char* what) { return "\n  " + std::to_string(count) + " " + what; }
 
 }  // namespace
 
 std::string Comparison::Text() const {
-  if (changed == 0) return "all equal";
-  std::string text = "equal but for values in " + std::to_string(changed) + " of them";
-  for (const auto& [name, change] : changes) {
-    text += "\n  " + std::to_string(change.values) + " in " + std::to_string(change.instances) + "  " + name;
-  }
+  if (rounded + integers + lost == 0) return "all equal";
+  std::string text = "equal but for these values";
+  if (rounded > 0) text += Line(rounded, "with reals of more than the six digits that are written");
+  if (integers > 0) text += Line(integers, "of any type with a whole real, which is written as an integer");
+  if (lost > 0) text += Line(lost, "lost or changed");
+  for (const std::string& example : examples) text += "\n    " + example;
   return text;
 }
 
-Comparison Compare(STEPmodel& before, STEPmodel& after) {
-  const Positions inBefore = PositionsIn(before), inAfter = PositionsIn(after);
+Comparison Compare(steprt::Model& before, steprt::Model& after) {
+  NumberByPlace(before);
+  NumberByPlace(after);
   Comparison result;
   STEPheader* left = before.Inst();
   STEPheader* right = after.Inst();
-  while (left || right) {
-    Step step(inBefore, inAfter);
-    if (!step.Compare(left, right)) {
-      result.difference = step.difference;
-      return result;
+  for (; left && right; left = left->NextHead(), right = right->NextHead()) {
+    ++result.instances;
+    auto& was = static_cast<steprt::Record&>(*left);
+    auto& is = static_cast<steprt::Record&>(*right);
+    if (steprt::Equal(was, is, SamePlace())) continue;
+    if (was.Type() == is.Type()) {
+      CompareAttributes(was, is, &result);
+    } else {
+      AddLoss(steprt::Print(was) + " became " + steprt::Print(is), &result);
     }
-    step.AddTo(result);
-    left = left->NextHead();
-    right = right->NextHead();
   }
-  result.isSound = true;
+  for (; left; left = left->NextHead()) AddLoss(std::string(left->EntityName()) + " is missing", &result);
+  for (; right; right = right->NextHead()) AddLoss(std::string(right->EntityName()) + " is new", &result);
   return result;
 }
 

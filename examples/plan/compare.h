@@ -1,35 +1,28 @@
-// Whether two populations are equal, and where they are not, in what kind of way.
+// Whether two populations are equal, and in what way they are not.
 #ifndef PLAN_COMPARE_H
 #define PLAN_COMPARE_H
 
-#include <steprt/step.h>
+#include <steprt/record.h>
 
-#include <map>
 #include <string>
+#include <vector>
 
 namespace plan {
 
-// How often the forms change values in one way.
-struct Change {
-  int values = 0;
-  int instances = 0;  // that hold them
-};
-
 struct Comparison {
-  bool isSound = false;  // each difference is one that the forms are known to make
-  int instances = 0;     // compared
-  int changed = 0;       // of them
-  std::map<std::string, Change> changes;
-  std::string difference;  // the first that the forms do not make
+  int instances = 0;   // compared
+  int rounded = 0;     // values with reals that agree at six digits only
+  int integers = 0;    // values of any type whose whole reals came back as integers
+  int lost = 0;        // values, or instances, that differ otherwise
+  std::vector<std::string> examples;  // of what is lost, the first few
 
-  // "all equal", or "equal but for", and the changes in lines of their own.
+  // "all equal", or what differs, each in a line of its own.
   std::string Text() const;
 };
 
-// Compares instance by instance, in order: the entity, and each of its attributes by name and value. A reference is
-// the position of its instance in the population. Reals are equal when they agree in the six significant digits that
-// the library writes. `before` is what was written, `after` what was read back with KeepNullMarks.
-Comparison Compare(STEPmodel& before, STEPmodel& after);
+// Compares instance by instance, in order: the class, and each attribute. References are equal if they mean instances
+// at the same place. Both populations get the numbers of these places.
+Comparison Compare(steprt::Model& before, steprt::Model& after);
 
 }  // namespace plan
 

@@ -78,32 +78,32 @@ class Drawing {
     for (const double face : {hole.back, hole.front}) {
       LineIn(hole, {hole.left, face}, {hole.right, face}, {"#8a8a8a", 0.13});
     }
-    switch (door.operation) {
-      case kSingleSwingRight:
-      case kDoubleSwingRight:
+    switch (door.leaves) {
+      case Leaves::kSwingRight:
+      case Leaves::kBothWaysRight:
         DrawLeaf(hole, hole.right, hole.left, true);
-        if (door.operation == kDoubleSwingRight) DrawLeaf(hole, hole.right, hole.left, false);
+        if (door.leaves == Leaves::kBothWaysRight) DrawLeaf(hole, hole.right, hole.left, false);
         return;
-      case kDoubleSwingLeft:
+      case Leaves::kBothWaysLeft:
         DrawLeaf(hole, hole.left, hole.right, true);
         DrawLeaf(hole, hole.left, hole.right, false);
         return;
-      case kDoubleDoorSingleSwing:
-      case kDoubleDoorDoubleSwing:
+      case Leaves::kTwo:
+      case Leaves::kTwoBothWays:
         for (const bool front : {true, false}) {
-          if (!front && door.operation == kDoubleDoorSingleSwing) continue;
+          if (!front && door.leaves == Leaves::kTwo) continue;
           DrawLeaf(hole, hole.left, middle, front);
           DrawLeaf(hole, hole.right, middle, front);
         }
         return;
-      case kDoubleDoorOppositeLeft:
-      case kDoubleDoorOppositeRight:
-        DrawLeaf(hole, hole.left, middle, door.operation == kDoubleDoorOppositeLeft);
-        DrawLeaf(hole, hole.right, middle, door.operation == kDoubleDoorOppositeRight);
+      case Leaves::kTwoOppositeLeft:
+      case Leaves::kTwoOppositeRight:
+        DrawLeaf(hole, hole.left, middle, door.leaves == Leaves::kTwoOppositeLeft);
+        DrawLeaf(hole, hole.right, middle, door.leaves == Leaves::kTwoOppositeRight);
         return;
-      case kSlidingToLeft:
-      case kSlidingToRight:
-      case kDoubleDoorSliding:
+      case Leaves::kSlideLeft:
+      case Leaves::kSlideRight:
+      case Leaves::kSlideTwo:
         return DrawSliding(door);
       default:
         return DrawLeaf(hole, hole.left, hole.right, true);
@@ -128,10 +128,10 @@ class Drawing {
     const double half = (hole.right - hole.left) / 2;
     const double face = hole.front + kLeafThickness;
     const Vec2 thickness = {0, kLeafThickness};
-    if (door.operation != kSlidingToRight) {
+    if (door.leaves != Leaves::kSlideRight) {
       BoxIn(hole, {hole.left - half, face}, Vec2{hole.left + half, face} + thickness, kLeafPen);
     }
-    if (door.operation != kSlidingToLeft) {
+    if (door.leaves != Leaves::kSlideLeft) {
       BoxIn(hole, {hole.right - half, face}, Vec2{hole.right + half, face} + thickness, kLeafPen);
     }
   }

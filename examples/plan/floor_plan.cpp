@@ -4,8 +4,6 @@
 #include <utility>
 
 #include "bodies.h"
-#include "labels.h"
-#include "relations.h"
 
 namespace plan {
 namespace {
@@ -17,48 +15,24 @@ constexpr double kOpeningGrowth = 0.001;
 constexpr double kFloorBelow = 0.45, kFloorAbove = 0.15;  // where the slab of a storey lies, from its level
 constexpr double kStairReach = 3.2;                       // how far below and above the level a stair is shown
 
-struct Solid {
-  Product* product = nullptr;
-  std::vector<Body> bodies;
-  Heights heights;
-};
-
-// All solids of a model that plans are made of, worked out once for all storeys.
+// The plans of one building.
 class Builder {
  public:
-  explicit Builder(STEPmodel& model) : relations(model), unit(MetresPerUnit(model)) {
-    Collect<Wall>(model, &walls);
-    Collect<Column>(model, &columns);
-    Collect<Slab>(model, &slabs);
-    Collect<Stair>(model, &stairs);
-    Collect<StairFlight>(model, &stairs);
-    Collect<Space>(model, &spaces);
-    Collect<FurnishingElement>(model, &furniture);
-  }
+  explicit Builder(const Building& source) : building(source) {}
 
-  FloorPlan Of(Storey& storey) {
+  FloorPlan Of(const Storey& storey) {
     FloorPlan plan;
-    plan.name = LabelOf(storey.name);
-    plan.elevation = FrameOf(storey).origin.z * unit;
+    plan.name = storey.name;
+    plan.elevation = storey.elevation;
     height = plan.elevation + kCutAboveFloor + kOffCorners;
-    for (const Solid& wall : walls) AddWall(wall, &plan);
-    for (const Solid& column : columns) AddCut(SliceAll(column.bodies), &plan.columns);
-    for (const Solid& space : spaces) AddRoom(space, &plan);
+    for (const Wall& wall : building.walls) AddWall(wall, &plan);
+    for (const Part& column : building.columns) AddCut(SliceAll(column.bodies), &plan.columns);
+    for (const Room& room : building.rooms) AddRoom(room, &plan);
     if (!plan.IsEmpty()) AddSeen(&plan);
     return plan;
   }
 
  private:
-  template <class T>
-  void Collect(STEPmodel& model, std::vector<Solid>* solids) {
-    ForEach<T>(model, [&](T& product) {
-      std::vector<Body> bodies = BodiesOf(product, unit);
-      if (bodies.empty()) return;
-      const Heights heights = HeightsOf(bodies);
-      solids->push_back({&product, std::move(bodies), heights});
-    });
-  }
-
   Region SliceAll(const std::vector<Body>& bodies) const {
     Region region;
     for (const Body& body : bodies) {
@@ -71,20 +45,19 @@ class Builder {
     if (!region.empty()) regions->push_back(std::move(region));
   }
 
+  bool IsCut(const Part& part) const { return part.heights.low <= height && part.heights.high >= height; }
+
   // A wall of several bodies has a region for each, since bodies that touch may overlap.
-  void AddWall(const Solid& wall, FloorPlan* plan) {
-    if (wall.heights.low > height || wall.heights.high < height) return;
+  void AddWall(const Wall& wall, FloorPlan* plan) const {
+    if (!IsCut(wall)) return;
     std::vector<Region> parts;
     for (const Body& body : wall.bodies) parts.push_back(Slice(body, height));
-    const auto found = relations.openings.find(dynamic_cast<Element*>(wall.product));
-    if (found != relations.openings.end()) {
-      for (OpeningElement* opening : found->second) Pierce(*opening, &parts, plan);
-    }
+    for (const Opening& opening : wall.openings) Pierce(opening, &parts, plan);
     for (Region& part : parts) AddCut(std::move(part), &plan->walls);
   }
 
-  void Pierce(OpeningElement& opening, std::vector<Region>* parts, FloorPlan* plan) {
-    const Polygon hull = Hull(SliceAll(BodiesOf(opening, unit)));
+  void Pierce(const Opening& opening, std::vector<Region>* parts, FloorPlan* plan) const {
+    const Polygon hull = Hull(SliceAll(opening.bodies));
     if (hull.empty()) return;
     const Polygon grown = Grown(hull, kOpeningGrowth);
     Region hole;
@@ -92,17 +65,16 @@ class Builder {
       for (Polygon& polygon : Inside(part, grown)) hole.push_back(std::move(polygon));
       part = Outside(part, grown);
     }
-    const auto filling = relations.filling.find(&opening);
-    if (!hole.empty() && filling != relations.filling.end()) Fill(*filling->second, hole, plan);
+    if (!hole.empty() && opening.filling.kind != Filling::Kind::kNone) Fill(opening.filling, hole, plan);
   }
 
-  // The hole in the axes of what fills it: x along the wall, and y to the side that a door opens to.
-  void Fill(Element& filling, const Region& region, FloorPlan* plan) {
-    const Frame frame = FrameOf(filling);
+  // The hole in the axes of what fills it.
+  static void Fill(const Filling& filling, const Region& region, FloorPlan* plan) {
+    const Frame& frame = filling.frame;
     const Vec3 x = Unit({frame.x.x, frame.x.y, 0}, {1, 0, 0});
     const Vec3 y = Unit({frame.y.x, frame.y.y, 0}, {-x.y, x.x, 0});
     WallHole hole;
-    hole.origin = Vec2{frame.origin.x, frame.origin.y} * unit;
+    hole.origin = Vec2{frame.origin.x, frame.origin.y};
     hole.along = {x.x, x.y};
     hole.across = {y.x, y.y};
     Box box;
@@ -115,35 +87,25 @@ class Builder {
     hole.right = box.high.x;
     hole.back = box.low.y;
     hole.front = box.high.y;
-    if (dynamic_cast<Door*>(&filling)) plan->doors.push_back({hole, OperationOf(filling)});
-    if (dynamic_cast<Window*>(&filling)) plan->windows.push_back(hole);
+    if (filling.kind == Filling::Kind::kDoor) plan->doors.push_back({hole, filling.leaves});
+    if (filling.kind == Filling::Kind::kWindow) plan->windows.push_back(hole);
   }
 
-  int OperationOf(Element& door) const {
-    const auto found = relations.type.find(&door);
-    const auto* style = found == relations.type.end() ? nullptr : dynamic_cast<DoorStyle*>(found->second);
-    return style ? style->operation : kSingleSwingLeft;
-  }
-
-  void AddRoom(const Solid& solid, FloorPlan* plan) const {
-    if (solid.heights.low > height || solid.heights.high < height) return;
-    auto& space = dynamic_cast<Space&>(*solid.product);
-    RoomLabel room;
-    room.region = SliceAll(solid.bodies);
-    if (room.region.empty()) return;
-    room.number = LabelOf(space.name);
-    room.name = LabelOf(space.longName);
-    room.area = Area(room.region);
-    plan->rooms.push_back(std::move(room));
+  void AddRoom(const Room& room, FloorPlan* plan) const {
+    if (!IsCut(room)) return;
+    RoomLabel label;
+    label.region = SliceAll(room.bodies);
+    if (label.region.empty()) return;
+    label.number = room.number;
+    label.name = room.name;
+    label.area = Area(label.region);
+    plan->rooms.push_back(std::move(label));
   }
 
   // What is not cut, but seen from above.
   void AddSeen(FloorPlan* plan) const {
     const double level = plan->elevation;
-    for (const Solid& slab : slabs) {
-      if (dynamic_cast<Slab&>(*slab.product).predefinedType == kRoofSlab) continue;
-      AddFaces(slab, level - kFloorBelow, level + kFloorAbove, &plan->floors);
-    }
+    for (const Part& floor : building.floors) AddFaces(floor, level - kFloorBelow, level + kFloorAbove, &plan->floors);
     AddFurniture(plan);
     AddStairs(plan);
   }
@@ -153,13 +115,13 @@ class Builder {
   void AddStairs(FloorPlan* plan) const {
     const double level = plan->elevation;
     std::vector<Box> starting;
-    for (const Solid& stair : stairs) {
+    for (const Part& stair : building.stairs) {
       if (stair.heights.low > height || stair.heights.low < level - kFloorBelow) continue;
       AddFaces(stair, level - kFloorBelow, height, &plan->treads);
       AddFaces(stair, height, level + kStairReach, &plan->treadsAbove);
       starting.push_back(BoxOf(stair));
     }
-    for (const Solid& stair : stairs) {
+    for (const Part& stair : building.stairs) {
       const Box box = BoxOf(stair);
       const bool covered = std::any_of(starting.begin(), starting.end(), [&](const Box& b) { return b.Meets(box); });
       if (stair.heights.low < level - kFloorBelow && !covered) {
@@ -168,16 +130,16 @@ class Builder {
     }
   }
 
-  static Box BoxOf(const Solid& solid) {
+  static Box BoxOf(const Part& part) {
     Box box;
-    for (const Body& body : solid.bodies) box.Take({HullOf(body)});
+    for (const Body& body : part.bodies) box.Take({HullOf(body)});
     return box;
   }
 
   // Each body covers what is below it, so the outlines are drawn from the lowest to the highest.
   void AddFurniture(FloorPlan* plan) const {
     std::vector<std::pair<double, Polygon>> outlines;
-    for (const Solid& piece : furniture) {
+    for (const Part& piece : building.furniture) {
       if (piece.heights.low < plan->elevation - kFloorBelow || piece.heights.low > height) continue;
       for (const Body& body : piece.bodies) outlines.emplace_back(HeightsOf({body}).high, HullOf(body));
     }
@@ -185,16 +147,14 @@ class Builder {
     for (auto& [top, outline] : outlines) plan->furniture.push_back(std::move(outline));
   }
 
-  void AddFaces(const Solid& solid, double low, double high, std::vector<Region>* surfaces) const {
-    for (const Body& body : solid.bodies) {
+  void AddFaces(const Part& part, double low, double high, std::vector<Region>* surfaces) const {
+    for (const Body& body : part.bodies) {
       for (Region& surface : LevelFaces(body, low, high)) surfaces->push_back(std::move(surface));
     }
   }
 
-  Relations relations;
-  double unit;
+  const Building& building;
   double height = 0;  // of the plane
-  std::vector<Solid> walls, columns, slabs, stairs, spaces, furniture;
 };
 
 }  // namespace
@@ -202,10 +162,11 @@ class Builder {
 // Two leaves need half the width each; a door that swings both ways needs it on both sides.
 Box DoorSymbol::Swing() const {
   const double width = hole.right - hole.left;
-  const bool twoLeaves = operation >= kDoubleDoorSingleSwing && operation <= kDoubleDoorOppositeRight;
-  const bool bothWays = operation >= kDoubleDoorOppositeLeft && operation <= kDoubleDoorDoubleSwing;
-  const bool slides = operation >= kSlidingToLeft && operation <= kDoubleDoorSliding;
-  const double reach = slides ? 0.1 : twoLeaves || operation == kDoubleDoorDoubleSwing ? width / 2 : width;
+  const bool twoLeaves = leaves >= Leaves::kTwo && leaves <= Leaves::kTwoOppositeRight;
+  const bool bothWays = leaves == Leaves::kBothWaysLeft || leaves == Leaves::kBothWaysRight ||
+                        (twoLeaves && leaves != Leaves::kTwo);
+  const bool slides = leaves >= Leaves::kSlideLeft;
+  const double reach = slides ? 0.1 : twoLeaves ? width / 2 : width;
   Box box;
   for (const double along : {hole.left, hole.right}) {
     box.Take(hole.At(along, hole.front + reach));
@@ -232,10 +193,10 @@ Box FloorPlan::Bounds() const {
   return box;
 }
 
-std::vector<FloorPlan> FloorPlans(STEPmodel& model) {
-  Builder builder(model);
+std::vector<FloorPlan> FloorPlans(const Building& building) {
+  Builder builder(building);
   std::vector<FloorPlan> plans;
-  ForEach<Storey>(model, [&](Storey& storey) { plans.push_back(builder.Of(storey)); });
+  for (const Storey& storey : building.storeys) plans.push_back(builder.Of(storey));
   std::stable_sort(plans.begin(), plans.end(),
                    [](const FloorPlan& a, const FloorPlan& b) { return a.elevation < b.elevation; });
   return plans;

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "building.h"
 #include "region.h"
-#include "schema.h"
 
 namespace plan {
 
@@ -22,7 +22,7 @@ struct WallHole {
 
 struct DoorSymbol {
   WallHole hole;
-  int operation = 0;  // a DoorOperation
+  Leaves leaves = Leaves::kSwingLeft;
 
   // The box that the leaves need when they are open.
   Box Swing() const;
@@ -53,7 +53,7 @@ struct FloorPlan {
 };
 
 // One plan for each storey, the lowest first; an empty one where the plane cuts nothing.
-std::vector<FloorPlan> FloorPlans(STEPmodel& model);
+std::vector<FloorPlan> FloorPlans(const Building& building);
 
 }  // namespace plan
 

@@ -2,8 +2,6 @@
 #ifndef PLAN_LABELS_H
 #define PLAN_LABELS_H
 
-#include <steprt/step.h>
-
 #include <string>
 
 namespace plan {

@@ -1,222 +1,225 @@
-// Entities: solids and their parts, representations, and the placements of products.
+// The shape of a product as bodies: extrusions, faceted and tessellated solids, surfaces, clippings of them, and mapped
+// copies of all these. Other items are passed over.
 #ifndef PLAN_SHAPES_H
 #define PLAN_SHAPES_H
+
+#include <cstring>
+#include <utility>
+#include <vector>
 
 #include "curves.h"
 
 namespace plan {
 
-struct SolidModel : RepresentationItem {
-  static constexpr int kType = kIfcSolidModel;
-};
+constexpr int kDeepestItem = 16;  // of mapped items and clippings in one another
 
-struct ExtrudedAreaSolid : SolidModel {
-  static constexpr int kType = kIfcExtrudedAreaSolid;
-  Ref<ProfileDef> sweptArea;
-  Ref<Axis2Placement3D> position;
-  Ref<Direction> direction;
-  double depth = 0;
-  void Describe(Attributes& a) override {
-    a.Reference("SweptArea", sweptArea);
-    a.Reference("Position", position);
-    a.Reference("ExtrudedDirection", direction);
-    a.Real("Depth", depth);
+// The prism over a face.
+inline Body Prism(const FlatFace& bottom, Vec3 rise) {
+  Body body;
+  FlatFace top = bottom;
+  for (Ring& ring : top) {
+    for (Vec3& corner : ring) corner = corner + rise;
   }
-};
-
-struct Loop : RepresentationItem {
-  static constexpr int kType = kIfcLoop;
-};
-
-struct PolyLoop : Loop {
-  static constexpr int kType = kIfcPolyLoop;
-  RefList<CartesianPoint> polygon;
-  void Describe(Attributes& a) override { a.References("Polygon", polygon); }
-};
-
-struct FaceBound : RepresentationItem {
-  static constexpr int kType = kIfcFaceBound;
-  Ref<Loop> bound;
-  bool orientation = true;
-  void Describe(Attributes& a) override {
-    a.Reference("Bound", bound);
-    a.Boolean("Orientation", orientation);
+  for (const Ring& ring : bottom) {
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+      const Vec3 a = ring[i], b = ring[(i + 1) % ring.size()];
+      body.faces.push_back({{a, b, b + rise, a + rise}});
+    }
   }
-};
+  body.faces.push_back(bottom);
+  body.faces.push_back(std::move(top));
+  return body;
+}
 
-struct FaceOuterBound : FaceBound {
-  static constexpr int kType = kIfcFaceOuterBound;
-};
+// Four corners from the half sizes.
+inline Ring RectangleRing(double x, double y, const Frame& frame) {
+  return {frame.Place({-x, -y, 0}), frame.Place({x, -y, 0}), frame.Place({x, y, 0}), frame.Place({-x, y, 0})};
+}
 
-struct Face : RepresentationItem {
-  static constexpr int kType = kIfcFace;
-  RefList<FaceBound> bounds;
-  void Describe(Attributes& a) override { a.References("Bounds", bounds); }
-};
-
-struct ConnectedFaceSet : RepresentationItem {
-  static constexpr int kType = kIfcConnectedFaceSet;
-  RefList<Face> faces;
-  void Describe(Attributes& a) override { a.References("CfsFaces", faces); }
-};
-
-struct ClosedShell : ConnectedFaceSet {
-  static constexpr int kType = kIfcClosedShell;
-};
-
-struct OpenShell : ConnectedFaceSet {
-  static constexpr int kType = kIfcOpenShell;
-};
-
-struct FaceBasedSurfaceModel : RepresentationItem {
-  static constexpr int kType = kIfcFaceBasedSurfaceModel;
-  RefList<ConnectedFaceSet> sets;
-  void Describe(Attributes& a) override { a.References("FbsmFaces", sets); }
-};
-
-struct ShellBasedSurfaceModel : RepresentationItem {
-  static constexpr int kType = kIfcShellBasedSurfaceModel;
-  RefList<ConnectedFaceSet> shells;
-  void Describe(Attributes& a) override { a.References("SbsmBoundary", shells); }
-};
-
-struct FacetedBrep : SolidModel {
-  static constexpr int kType = kIfcFacetedBrep;
-  Ref<ClosedShell> outer;
-  void Describe(Attributes& a) override { a.Reference("Outer", outer); }
-};
-
-struct HalfSpaceSolid : RepresentationItem {
-  static constexpr int kType = kIfcHalfSpaceSolid;
-  Ref<Surface> baseSurface;
-  bool agreement = true;
-  void Describe(Attributes& a) override {
-    a.Reference("BaseSurface", baseSurface);
-    a.Boolean("AgreementFlag", agreement);
+// Half of the sizes of the whole, of the web and of the part between the flanges.
+inline Ring BeamRing(double x, double y, double web, double inner, const Frame& frame) {
+  Ring ring;
+  const double corners[][2] = {{-x, -y}, {x, -y}, {x, -inner}, {web, -inner}, {web, inner}, {x, inner}};
+  for (const double sign : {1.0, -1.0}) {
+    for (const auto& corner : corners) ring.push_back(frame.Place({sign * corner[0], sign * corner[1], 0}));
   }
-};
+  return ring;
+}
 
-struct PolygonalBoundedHalfSpace : HalfSpaceSolid {
-  static constexpr int kType = kIfcPolygonalBoundedHalfSpace;
-  Ref<Axis2Placement3D> position;
-  Ref<Curve> boundary;
-  void Describe(Attributes& a) override {
-    HalfSpaceSolid::Describe(a);
-    a.Reference("Position", position);
-    a.Reference("PolygonalBoundary", boundary);
+template <class Ifc>
+class ShapeReader {
+ public:
+  explicit ShapeReader(const Units& units) : units_(units), curves_(units) {}
+
+  // The bodies of a product's own shape in metres. Openings are not taken out.
+  std::vector<Body> BodiesOf(const typename Ifc::Product& product) const {
+    std::vector<Body> bodies;
+    const auto* shape = product.Representation.Get();
+    if (!shape) return bodies;
+    Frame metres;
+    metres.x = {units_.metres, 0, 0};
+    metres.y = {0, units_.metres, 0};
+    metres.z = {0, 0, units_.metres};
+    const Frame frame = metres * FrameOfProduct<Ifc>(product);
+    for (const auto& representation : shape->Representations) {
+      if (std::strcmp(representation.RepresentationIdentifier.Get(), "Body") != 0) continue;
+      TakeItems(representation, frame, 0, &bodies);
+    }
+    return bodies;
   }
-};
 
-struct BooleanClippingResult : RepresentationItem {
-  static constexpr int kType = kIfcBooleanClippingResult;
-  int operation = 0;
-  Ref<Entity> firstOperand, secondOperand;
-  void Describe(Attributes& a) override {
-    a.Enumeration("Operator", operation, kBooleanOperators);
-    a.Reference("FirstOperand", firstOperand);
-    a.Reference("SecondOperand", secondOperand);
+ private:
+  using Bodies = std::vector<Body>;
+
+  template <class Representation>
+  void TakeItems(const Representation& representation, const Frame& frame, int depth, Bodies* bodies) const {
+    for (const auto& item : representation.Items) TakeItem(&item, frame, depth, bodies);
   }
-};
 
-struct RepresentationContext : Entity {
-  static constexpr int kType = kIfcRepresentationContext;
-  STEPstring identifier, contextType;
-  void Describe(Attributes& a) override {
-    a.Text("ContextIdentifier", identifier);
-    a.Text("ContextType", contextType);
+  void TakeItem(const STEPheader* item, const Frame& frame, int depth, Bodies* bodies) const {
+    if (depth > kDeepestItem) return;
+    if (const auto* solid = dynamic_cast<const typename Ifc::ExtrudedAreaSolid*>(item)) {
+      Extrude(*solid, frame, bodies);
+    } else if (const auto* brep = dynamic_cast<const typename Ifc::FacetedBrep*>(item)) {
+      TakeFaces(brep->Outer.Get(), frame, bodies);
+    } else if (const auto* faces = dynamic_cast<const typename Ifc::FaceBasedSurfaceModel*>(item)) {
+      for (const auto& set : faces->FbsmFaces) TakeFaces(&set, frame, bodies);
+    } else if (const auto* shells = dynamic_cast<const typename Ifc::ShellBasedSurfaceModel*>(item)) {
+      for (const steprt::Value& shell : shells->SbsmBoundary) {
+        TakeFaces(shell.template Get<typename Ifc::ConnectedFaceSet>(), frame, bodies);
+      }
+    } else if (const auto* result = dynamic_cast<const typename Ifc::BooleanResult*>(item)) {
+      TakeBoolean(*result, frame, depth, bodies);
+    } else if (const auto* mapped = dynamic_cast<const typename Ifc::MappedItem*>(item)) {
+      TakeMapped(*mapped, frame, depth, bodies);
+    } else if constexpr (Ifc::kHasPointLists) {
+      TakeTessellated(item, frame, bodies);
+    }
   }
-};
 
-struct GeometricRepresentationContext : RepresentationContext {
-  static constexpr int kType = kIfcGeometricRepresentationContext;
-  int dimensions = 3;
-  STEPselect precision;
-  Ref<Entity> worldCoordinateSystem;
-  Ref<Direction> trueNorth;
-  void Describe(Attributes& a) override {
-    RepresentationContext::Describe(a);
-    a.Integer("CoordinateSpaceDimension", dimensions);
-    a.Select("Precision", precision);
-    a.Reference("WorldCoordinateSystem", worldCoordinateSystem);
-    a.Reference("TrueNorth", trueNorth);
+  void Extrude(const typename Ifc::ExtrudedAreaSolid& solid, const Frame& frame, Bodies* bodies) const {
+    const Frame own = frame * FrameOf<Ifc>(solid.Position.Get());
+    const FlatFace bottom = ProfileFace(solid.SweptArea.Get(), own);
+    if (bottom.empty()) return;
+    const Vec3 up = DirectionOf(solid.ExtrudedDirection.Get(), {0, 0, 1});
+    bodies->push_back(Prism(bottom, own.Turn(up * solid.Depth.Get())));
   }
-};
 
-struct GeometricRepresentationSubContext : RepresentationContext {
-  static constexpr int kType = kIfcGeometricRepresentationSubContext;
-  Ref<GeometricRepresentationContext> parent;
-  STEPselect targetScale;
-  int targetView = 0;
-  STEPstring userDefinedView;
-  void Describe(Attributes& a) override {
-    RepresentationContext::Describe(a);
-    a.Derived("CoordinateSpaceDimension");
-    a.Derived("Precision");
-    a.Derived("WorldCoordinateSystem");
-    a.Derived("TrueNorth");
-    a.Reference("ParentContext", parent);
-    a.Select("TargetScale", targetScale);
-    a.Enumeration("TargetView", targetView, kProjections);
-    a.Text("UserDefinedTargetView", userDefinedView);
+  // The outline of a profile and those of its holes; nothing for a kind that is not known here.
+  FlatFace ProfileFace(const typename Ifc::ProfileDef* profile, const Frame& frame) const {
+    FlatFace face;
+    if (const auto* known = dynamic_cast<const typename Ifc::ParameterizedProfileDef*>(profile)) {
+      face = KnownProfile(*known, frame * FrameOf<Ifc>(known->Position.Get()));
+    } else if (const auto* free = dynamic_cast<const typename Ifc::ArbitraryClosedProfileDef*>(profile)) {
+      face = {curves_.RingOf(free->OuterCurve.Get(), frame)};
+    }
+    if (const auto* pierced = dynamic_cast<const typename Ifc::ArbitraryProfileDefWithVoids*>(profile)) {
+      for (const auto& curve : pierced->InnerCurves) face.push_back(curves_.RingOf(&curve, frame));
+    }
+    if (!face.empty() && face[0].size() < 3) face.clear();
+    return face;
   }
-};
 
-struct ShapeRepresentation : Entity {
-  static constexpr int kType = kIfcShapeRepresentation;
-  Ref<RepresentationContext> context;
-  STEPstring identifier, representationType;
-  RefList<RepresentationItem> items;
-  void Describe(Attributes& a) override {
-    a.Reference("ContextOfItems", context);
-    a.Text("RepresentationIdentifier", identifier);
-    a.Text("RepresentationType", representationType);
-    a.References("Items", items);
+  static FlatFace KnownProfile(const typename Ifc::ParameterizedProfileDef& profile, const Frame& frame) {
+    FlatFace face;
+    const auto addCircle = [&](double radius) {
+      face.push_back(ArcPoints(frame, radius, radius, 0, 2 * M_PI));
+      face.back().pop_back();
+    };
+    if (const auto* rectangle = dynamic_cast<const typename Ifc::RectangleProfileDef*>(&profile)) {
+      face.push_back(RectangleRing(rectangle->XDim.Get() / 2, rectangle->YDim.Get() / 2, frame));
+    } else if (const auto* circle = dynamic_cast<const typename Ifc::CircleProfileDef*>(&profile)) {
+      addCircle(circle->Radius.Get());
+      const auto* hollow = dynamic_cast<const typename Ifc::CircleHollowProfileDef*>(circle);
+      if (hollow) addCircle(circle->Radius.Get() - hollow->WallThickness.Get());
+    } else if (const auto* beam = dynamic_cast<const typename Ifc::IShapeProfileDef*>(&profile)) {
+      const double x = beam->OverallWidth.Get() / 2, y = beam->OverallDepth.Get() / 2;
+      face.push_back(BeamRing(x, y, beam->WebThickness.Get() / 2, y - beam->FlangeThickness.Get(), frame));
+    }
+    return face;
   }
-};
 
-struct RepresentationMap : Entity {
-  static constexpr int kType = kIfcRepresentationMap;
-  Ref<Entity> origin;
-  Ref<ShapeRepresentation> representation;
-  void Describe(Attributes& a) override {
-    a.Reference("MappingOrigin", origin);
-    a.Reference("MappedRepresentation", representation);
+  void TakeFaces(const typename Ifc::ConnectedFaceSet* shell, const Frame& frame, Bodies* bodies) const {
+    if (!shell) return;
+    Body body;
+    for (const auto& face : shell->CfsFaces) {
+      FlatFace flat;
+      for (const auto& bound : face.Bounds) {
+        const auto* loop = dynamic_cast<const typename Ifc::PolyLoop*>(bound.Bound.Object());
+        if (!loop) continue;
+        Ring ring;
+        for (const auto& point : loop->Polygon) ring.push_back(frame.Place(PointOf(&point)));
+        if (ring.size() > 2) flat.push_back(std::move(ring));
+      }
+      if (!flat.empty()) body.faces.push_back(std::move(flat));
+    }
+    if (!body.faces.empty()) bodies->push_back(std::move(body));
   }
-};
 
-struct MappedItem : RepresentationItem {
-  static constexpr int kType = kIfcMappedItem;
-  Ref<RepresentationMap> source;
-  Ref<Entity> target;
-  void Describe(Attributes& a) override {
-    a.Reference("MappingSource", source);
-    a.Reference("MappingTarget", target);
+  // Clippings by half spaces. What another solid takes away is not taken out.
+  void TakeBoolean(const typename Ifc::BooleanResult& result, const Frame& frame, int depth, Bodies* bodies) const {
+    const std::size_t first = bodies->size();
+    TakeItem(result.FirstOperand.Object(), frame, depth + 1, bodies);
+    if (result.Operator.Get() == Ifc::BooleanOperator::UNION) {
+      TakeItem(result.SecondOperand.Object(), frame, depth + 1, bodies);
+    }
+    Cut cut;
+    if (result.Operator.Get() != Ifc::BooleanOperator::DIFFERENCE) return;
+    if (!CutOf(result.SecondOperand.Object(), frame, &cut)) return;
+    for (std::size_t i = first; i < bodies->size(); ++i) (*bodies)[i].cuts.push_back(cut);
   }
-};
 
-struct ProductDefinitionShape : Entity {
-  static constexpr int kType = kIfcProductDefinitionShape;
-  STEPstring name, description;
-  RefList<ShapeRepresentation> representations;
-  void Describe(Attributes& a) override {
-    a.Text("Name", name);
-    a.Text("Description", description);
-    a.References("Representations", representations);
+  // The cut of a half space. Its plane's normal points out of the material when the agreement flag is set.
+  bool CutOf(const STEPheader* operand, const Frame& frame, Cut* cut) const {
+    const auto* half = dynamic_cast<const typename Ifc::HalfSpaceSolid*>(operand);
+    const auto* plane = half ? dynamic_cast<const typename Ifc::Plane*>(half->BaseSurface.Object()) : nullptr;
+    if (!plane) return false;
+    const Frame base = frame * FrameOf<Ifc>(plane->Position.Get());
+    *cut = {base.origin, Unit(base.z, {0, 0, 1}) * (half->AgreementFlag.Get() ? -1 : 1), {}};
+    const auto* bounded = dynamic_cast<const typename Ifc::PolygonalBoundedHalfSpace*>(half);
+    if (!bounded) return true;
+    Polygon limit;
+    const Frame position = frame * FrameOf<Ifc>(bounded->Position.Get());
+    for (const Vec3 corner : curves_.RingOf(bounded->PolygonalBoundary.Get(), position)) {
+      limit.push_back({corner.x, corner.y});
+    }
+    cut->limit = Hull({limit});
+    return !cut->limit.empty();
   }
-};
 
-struct ObjectPlacement : Entity {
-  static constexpr int kType = kIfcObjectPlacement;
-};
-
-struct LocalPlacement : ObjectPlacement {
-  static constexpr int kType = kIfcLocalPlacement;
-  Ref<ObjectPlacement> relativeTo;
-  Ref<Entity> relativePlacement;
-  void Describe(Attributes& a) override {
-    a.Reference("PlacementRelTo", relativeTo);
-    a.Reference("RelativePlacement", relativePlacement);
+  void TakeMapped(const typename Ifc::MappedItem& mapped, const Frame& frame, int depth, Bodies* bodies) const {
+    const auto* map = mapped.MappingSource.Get();
+    const auto* representation = map ? map->MappedRepresentation.Get() : nullptr;
+    if (!representation) return;
+    const Frame target = FrameOf<Ifc>(mapped.MappingTarget.Get());
+    TakeItems(*representation, frame * target * FrameOf<Ifc>(map->MappingOrigin.Object()), depth + 1, bodies);
   }
+
+  // Faces whose corners are numbers of points in a list.
+  void TakeTessellated(const STEPheader* item, const Frame& frame, Bodies* bodies) const {
+    const auto* set = dynamic_cast<const typename Ifc::TessellatedFaceSet*>(item);
+    if (!set || !set->Coordinates.Get()) return;
+    Ring points;
+    for (const auto& row : set->Coordinates.Get()->CoordList) points.push_back(frame.Place(VectorOf(row)));
+    Body body;
+    const auto take = [&](const steprt::List<steprt::Integer>& corners) {
+      Ring ring;
+      for (const steprt::Integer& corner : corners) {
+        const auto index = static_cast<std::size_t>(corner.Get() - 1);
+        if (index < points.size()) ring.push_back(points[index]);
+      }
+      if (ring.size() > 2) body.faces.push_back({std::move(ring)});
+    };
+    if (const auto* triangles = dynamic_cast<const typename Ifc::TriangulatedFaceSet*>(set)) {
+      for (const auto& corners : triangles->CoordIndex) take(corners);
+    } else if (const auto* polygons = dynamic_cast<const typename Ifc::PolygonalFaceSet*>(set)) {
+      for (const auto& face : polygons->Faces) take(face.CoordIndex);
+    }
+    if (!body.faces.empty()) bodies->push_back(std::move(body));
+  }
+
+  const Units units_;
+  const CurveReader<Ifc> curves_;
 };
 
 }  // namespace plan

@@ -1,0 +1,152 @@
+#include "run.h"
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+#include "building_model.h"
+#include "compare.h"
+#include "drawing.h"
+#include "file_schema.h"
+#include "labels.h"
+#include "report.h"
+
+namespace plan {
+namespace {
+
+constexpr int kShownKinds = 12;
+constexpr int kShownReports = 3;
+constexpr char kRemark[] = "written by the example plan";
+// In place of the project's name: the narrowest sheet has no room for both.
+constexpr char kEditNote[] = "Edited on purpose: wall moved, door added; rooms as in the file";
+constexpr bool kReadsXml = PLAN_READS_XML;  // a library can be built without
+
+bool Fail(const std::string& text) {
+  std::printf("Failed: %s\n", text.c_str());
+  return false;
+}
+
+std::string InFolder(const Job& job, const std::string& name) {
+  return (std::filesystem::path(job.folder) / name).string();
+}
+
+int CountInstances(STEPmodel& model) {
+  int count = 0;
+  for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++count;
+  return count;
+}
+
+// The model for the file's schema. Null after a message.
+std::unique_ptr<BuildingModel> ModelFor(const std::string& file) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error)) return Fail("there is no file " + file), nullptr;
+  const std::string schema = SchemaOf(file);
+  std::unique_ptr<BuildingModel> model = NewModel(schema);
+  if (!model && schema.empty()) Fail(file + " does not name its schema; it is no file of ISO 10303-21");
+  if (!model && !schema.empty()) Fail(file + " is of the schema " + schema + "; this program knows " + KnownSchemas());
+  return model;
+}
+
+// Reads the file and tells the time, the reports by kind and the instances by entity.
+bool ReadModel(steprt::Model& model, const std::string& file) {
+  const double megabytes = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
+  model.ErrShow(kShownReports);
+  Reports().Clear();
+  const auto start = std::chrono::steady_clock::now();
+  model.Read(file, true);
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  if (model.IsEmpty()) {
+    Reports().Print(kShownKinds);
+    return Fail("nothing could be read from " + file);
+  }
+  std::printf("Read %s, schema %s: %d instances, %d reports, %.3f s, %.1f MB/s\n", file.c_str(), model.schema->name,
+              CountInstances(model), Reports().Total(), time.count(), megabytes / time.count());
+  Reports().Print(kShownKinds);
+  std::map<std::string, int> counts;
+  for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++counts[object->EntityName()];
+  for (const auto& [name, count] : counts) std::printf("  %7d  %s\n", count, name.c_str());
+  return true;
+}
+
+void PrintBuilding(const Building& building) {
+  std::printf("%s: %zu storeys, %zu walls, %zu rooms\n", building.name.empty() ? "Building" : building.name.c_str(),
+              building.storeys.size(), building.walls.size(), building.rooms.size());
+}
+
+// Draws every storey; `prefix` precedes the names of the files. `only`: the one storey to draw, or empty.
+bool DrawPlans(const Building& building, const Job& job, const std::string& prefix, const std::string& only) {
+  const std::vector<FloorPlan> plans = FloorPlans(building);
+  int drawn = 0, number = 0;
+  for (const FloorPlan& plan : plans) {
+    const std::string name = prefix + std::to_string(++number) + "_" + FileNameOf(plan.name) + ".svg";
+    if (!only.empty() && only != plan.name) continue;
+    if (plan.IsEmpty()) {
+      std::printf("  %s: no wall is cut %.2f m above its floor, no plan\n", plan.name.c_str(), kCutAboveFloor);
+      continue;
+    }
+    if (!DrawPlan(plan, SheetFor(plans), building.name, InFolder(job, name))) return Fail("cannot write " + name);
+    std::printf("  %s: %zu parts of walls, %zu doors, %zu windows, %zu rooms\n", name.c_str(), plan.walls.size(),
+                plan.doors.size(), plan.windows.size(), plan.rooms.size());
+    ++drawn;
+  }
+  return drawn > 0 || Fail("no storey has a wall to draw");
+}
+
+// A building in which no wall has space for a door is written as it is.
+bool Edit(BuildingModel& model, const Job& job) {
+  const EditResult edit = model.MoveWallAndAddDoor();
+  if (edit.wall.empty()) return std::printf("No wall has space for a new door: the model stays as it is\n"), true;
+  std::printf("Moved wall \"%s\" by %.2f m and gave it a door of %.2f m\n", edit.wall.c_str(), edit.moved,
+              edit.doorWidth);
+  Building building = model.Extract();
+  building.name = kEditNote;
+  return DrawPlans(building, job, "edited_", edit.storey);
+}
+
+// The same classes serve both forms.
+int ReadForm(steprt::Model& model, bool xml, const std::string& path) {
+  if (!xml) return model.Read(path, true);
+  model.Name(path.c_str());
+  return model.ReadXml(nullptr);
+}
+
+bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path) {
+  Reports().Clear();
+  const int records = xml ? model.WriteXml(path, kRemark) : model.Write(path, kRemark);
+  if (records < 0) return Fail("cannot write " + path);
+  std::printf("Wrote %s: %d records\n", path.c_str(), records);
+  if (xml && !kReadsXml) return true;
+
+  const std::unique_ptr<BuildingModel> copy = NewModel(model.schema->name);
+  ReadForm(copy->Population(), xml, path);
+  Reports().Print(kShownKinds);
+  if (Reports().Total() > 0) return Fail("what was written was not read back without a report");
+  const Comparison comparison = Compare(model, copy->Population());
+  std::printf("Read back: %d instances, %s\n", comparison.instances, comparison.Text().c_str());
+  return comparison.lost == 0 || Fail("the model that was read back differs");
+}
+
+}  // namespace
+
+bool Run(const Job& job) {
+  const std::unique_ptr<BuildingModel> model = ModelFor(job.file);
+  if (!model || !ReadModel(model->Population(), job.file)) return false;
+  const Building building = model->Extract();
+  PrintBuilding(building);
+  if (building.storeys.empty()) return Fail("the file has no storey (IfcBuildingStorey), so there is nothing to draw");
+  if (job.folder.empty()) return std::printf("No FOLDER is named: nothing is written\n"), true;
+
+  std::error_code error;
+  std::filesystem::create_directories(job.folder, error);
+  std::printf("Floor plans in %s\n", job.folder.c_str());
+  if (!DrawPlans(building, job, "", "")) return false;
+  if (job.plansOnly) return true;
+  return Edit(*model, job) && WriteAndCompare(model->Population(), false, InFolder(job, "written.ifc")) &&
+         WriteAndCompare(model->Population(), true, InFolder(job, "written.xml"));
+}
+
+}  // namespace plan
