@@ -63,6 +63,7 @@ struct Building {
   std::vector<Storey> storeys;
   std::vector<Wall> walls;
   std::vector<Part> columns, floors, stairs, furniture;
+  std::vector<Part> panels;  // plates and members, as of a glass front
   std::vector<Room> rooms;
 };
 

@@ -82,10 +82,13 @@ T* First(Model& model) {
   return nullptr;
 }
 
+// Those of the project or, if it names none, the first ones.
 template <class Ifc>
 Units UnitsOf(typename Ifc::Model& model) {
   const auto* project = First<typename Ifc::Project>(model);
-  return project ? UnitsOf<Ifc>(*project) : Units();
+  const auto* assignment = project ? project->UnitsInContext.Get() : nullptr;
+  if (!assignment) assignment = First<typename Ifc::UnitAssignment>(model);
+  return assignment ? UnitsOf<Ifc>(*assignment) : Units();
 }
 
 template <class Ifc>
@@ -98,7 +101,9 @@ class BuildingReader {
     Building building;
     ReadProject(&building);
     for (auto& storey : model_.template All<typename Ifc::BuildingStorey>()) {
-      building.storeys.push_back({LabelOf(storey.Name.Get()), ElevationOf(storey)});
+      const std::string name = LabelOf(storey.Name.Get());
+      const std::string number = std::to_string(building.storeys.size() + 1);
+      building.storeys.push_back({name.empty() ? "Storey " + number : name, ElevationOf(storey)});
     }
     for (auto& wall : model_.template All<typename Ifc::Wall>()) ReadWall(wall, &building);
     for (auto& slab : model_.template All<typename Ifc::Slab>()) {
@@ -112,6 +117,8 @@ class BuildingReader {
     TakeAll<typename Ifc::Column>(&building.columns);
     TakeAll<typename Ifc::Stair>(&building.stairs);
     TakeAll<typename Ifc::StairFlight>(&building.stairs);
+    TakeAll<typename Ifc::Plate>(&building.panels);
+    TakeAll<typename Ifc::Member>(&building.panels);
     TakeAll<typename Ifc::FurnishingElement>(&building.furniture);
     return building;
   }

@@ -14,10 +14,10 @@
 
 namespace plan {
 
-constexpr int kDeepestCurve = 16;             // of composite curves in one another
-constexpr double kArcStep = 2 * M_PI / 64;    // of the chain that an arc becomes
-constexpr double kSamePoint = 1e-6;           // metres
-using Chain = Ring;                           // open
+constexpr int kDeepestCurve = 16;           // of composite curves in one another
+constexpr double kArcStep = 2 * M_PI / 64;  // of the chain that an arc becomes
+constexpr double kSamePoint = 1e-6;         // metres
+using Chain = Ring;                         // open
 
 // The points of an arc about the frame's origin in its plane, both ends included. `a` and `b` are the half axes.
 inline Chain ArcPoints(const Frame& frame, double a, double b, double from, double to) {

@@ -16,6 +16,7 @@ const Pen kFloorPen = {"#8a8a8a", 0.18, "#f6f5f2"};
 const Pen kTreadPen = {"#6a6a6a", 0.18};
 const Pen kTreadAbovePen = {"#9a9a9a", 0.15, "none", "1.2 0.8"};
 const Pen kFurniturePen = {"#a8a8a8", 0.15, "white"};
+const Pen kPanelPen = {"#2b2b2b", 0.18, "#c9d6dd"};
 const Pen kFacePen = {"#2b2b2b", 0.25};
 const Pen kLeafPen = {"#2b2b2b", 0.2, "white"};
 const Pen kSwingPen = {"#555555", 0.18};
@@ -29,19 +30,19 @@ class Drawing {
 
   void Draw(const FloorPlan& plan) {
     for (const Region& floor : plan.floors) svg->Area(OnSheet(floor), kFloorPen);
-    for (size_t i = 0; i < plan.rooms.size(); ++i) {
-      svg->Area(OnSheet(plan.rooms[i].region), {"none", 0, kTints[i % std::size(kTints)]});
+    for (std::size_t i = 0; i < plan.rooms.size(); ++i) {
+      svg->Area(OnSheet(plan.rooms[i].region), {"none", 0, TintOf(i)});
     }
     for (const Polygon& piece : plan.furniture) svg->Area(OnSheet({piece}), kFurniturePen);
     for (const Region& tread : plan.treads) svg->Area(OnSheet(tread), kTreadPen);
     for (const Region& tread : plan.treadsAbove) svg->Area(OnSheet(tread), kTreadAbovePen);
+    for (const Region& panel : plan.panels) svg->Area(OnSheet(panel), kPanelPen);
     for (const auto* regions : {&plan.walls, &plan.columns}) {
       for (const Region& region : *regions) svg->Area(OnSheet(region), kCutPen);
     }
     for (const WallHole& window : plan.windows) DrawWindow(window);
     for (const DoorSymbol& door : plan.doors) DrawDoor(door);
-    const std::vector<Box> obstacles = Obstacles(plan);
-    for (const RoomLabel& room : plan.rooms) DrawLabel(room, obstacles);
+    DrawLabels(plan);
   }
 
  private:
@@ -152,25 +153,40 @@ class Drawing {
     for (const DoorSymbol& door : plan.doors) take(door.Swing());
     for (const Region& tread : plan.treads) takeRegion(tread);
     for (const Region& tread : plan.treadsAbove) takeRegion(tread);
+    for (const Region& column : plan.columns) takeRegion(column);
     for (const Polygon& piece : plan.furniture) takeRegion({piece});
     return boxes;
   }
 
+  static const char* TintOf(std::size_t room) { return kTints[room % std::size(kTints)]; }
+
   // Name, number and area, one under the other.
-  void DrawLabel(const RoomLabel& room, const std::vector<Box>& obstacles) {
+  static LabelLines TextOf(const RoomLabel& room) {
     LabelLines text;
     for (const std::string& line : {room.name, room.number}) {
       if (!line.empty() && (text.lines.empty() || text.lines[0] != line)) text.lines.push_back(line);
     }
     text.lines.push_back(NumberText(room.area, 1) + " m²");
-    const PlacedLabel label = PlaceLabel(OnSheet(room.region), obstacles, text);
-    const std::vector<std::string>& lines = label.text.lines;
-    Vec2 at = label.middle;
-    at.y -= label.size * (kLineStep * static_cast<double>(lines.size()) / 2 - 1);
-    for (size_t i = 0; i < lines.size() && label.size > 0; ++i, at.y += kLineStep * label.size) {
-      const bool name = i < label.text.nameLines;
-      svg->Text(at, lines[i],
-                {name ? label.size : 0.88 * label.size, "middle", name ? "#222222" : "#555555", name, label.covers});
+    return text;
+  }
+
+  void DrawLabels(const FloorPlan& plan) {
+    std::vector<LabelledRoom> rooms;
+    for (const RoomLabel& room : plan.rooms) rooms.push_back({OnSheet(room.region), TextOf(room)});
+    const std::vector<PlacedLabel> labels = PlaceLabels(rooms, Obstacles(plan));
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+      if (labels[i].size > 0) DrawLabel(labels[i], TintOf(i));
+    }
+  }
+
+  // A label that covers lines has a ground of its own.
+  void DrawLabel(const PlacedLabel& label, const char* tint) {
+    if (label.covers) svg->Rectangle(label.block.low, label.block.Size(), {"none", 0, tint});
+    Vec2 at = {label.block.Centre().x, label.block.low.y + label.size};
+    for (std::size_t i = 0; i < label.text.lines.size(); ++i, at.y += kLineStep * label.size) {
+      const bool isName = i < label.text.nameLines;
+      svg->Text(at, label.text.lines[i],
+                {isName ? label.size : 0.88 * label.size, "middle", isName ? "#222222" : "#555555", isName});
     }
   }
 
@@ -180,11 +196,11 @@ class Drawing {
 
 }  // namespace
 
-bool DrawPlan(const FloorPlan& plan, const Sheet& sheet, const std::string& project, const std::string& path) {
+bool DrawPlan(const FloorPlan& plan, const Sheet& sheet, const Caption& caption, const std::string& path) {
   Svg svg(sheet.width, sheet.height);
   Drawing(sheet, &svg).Draw(plan);
   DrawDimensions(sheet, plan, &svg);
-  DrawFrame(sheet, project, plan, &svg);
+  DrawFrame(sheet, caption, plan, &svg);
   return svg.Save(path);
 }
 

@@ -9,7 +9,7 @@
 namespace plan {
 
 // Writes the plan as an SVG file; false if it cannot be written.
-bool DrawPlan(const FloorPlan& plan, const Sheet& sheet, const std::string& project, const std::string& path);
+bool DrawPlan(const FloorPlan& plan, const Sheet& sheet, const Caption& caption, const std::string& path);
 
 }  // namespace plan
 

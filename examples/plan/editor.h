@@ -129,9 +129,8 @@ class Editor {
   void AddDoor(Wall& wall, const WallExtent& extent, Containment& containment) {
     const double unit = units_.metres;
     const double left = (extent.left + extent.right - kNewDoorWidth) / 2;
-    auto* opening = NewElement<typename Ifc::OpeningElement>(wall, "Opening for the new door",
-                                                             wall.ObjectPlacement.Get(),
-                                                             {left / unit, extent.back / unit, 0});
+    auto* opening = NewElement<typename Ifc::OpeningElement>(
+        wall, "Opening for the new door", wall.ObjectPlacement.Get(), {left / unit, extent.back / unit, 0});
     opening->Representation = NewBox(kNewDoorWidth, extent.Thickness(), kNewDoorHeight);
     auto* door = NewElement<typename Ifc::Door>(wall, "New door", opening->ObjectPlacement.Get(),
                                                 {0, (extent.Thickness() - kNewLeafThickness) / unit, 0});

@@ -43,4 +43,6 @@ std::string SchemaOf(const std::string& path) {
   return head.compare(0, 5, "<?xml") == 0 ? InXml(head) : InClearText(head);
 }
 
+bool HasByteOrderMark(const std::string& path) { return HeadOf(path).compare(0, 3, "\xEF\xBB\xBF") == 0; }
+
 }  // namespace plan

@@ -1,4 +1,4 @@
-// Of which schema a file is, before a model is chosen for it.
+// What the head of a file tells before a model is chosen for it.
 #ifndef PLAN_FILE_SCHEMA_H
 #define PLAN_FILE_SCHEMA_H
 
@@ -9,6 +9,9 @@ namespace plan {
 // The schema that the head of a file names: in FILE_SCHEMA of clear text, or as the root of an XML document. Empty if
 // the file cannot be opened or names none within its first 64 KiB.
 std::string SchemaOf(const std::string& path);
+
+// Whether the file begins with the byte order mark of UTF-8, which the library does not take before clear text.
+bool HasByteOrderMark(const std::string& path);
 
 }  // namespace plan
 

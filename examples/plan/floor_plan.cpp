@@ -13,6 +13,7 @@ constexpr double kOffCorners = 0.00137;
 // An opening as deep as its wall shares the wall's faces; grown a little it cuts through them.
 constexpr double kOpeningGrowth = 0.001;
 constexpr double kFloorBelow = 0.45, kFloorAbove = 0.15;  // where the slab of a storey lies, from its level
+constexpr double kOneEdge = 0.08;                         // edges that are nearer in plan are drawn as one
 constexpr double kStairReach = 3.2;                       // how far below and above the level a stair is shown
 
 // The plans of one building.
@@ -27,6 +28,7 @@ class Builder {
     height = plan.elevation + kCutAboveFloor + kOffCorners;
     for (const Wall& wall : building.walls) AddWall(wall, &plan);
     for (const Part& column : building.columns) AddCut(SliceAll(column.bodies), &plan.columns);
+    for (const Part& panel : building.panels) AddCut(SliceAll(panel.bodies), &plan.panels);
     for (const Room& room : building.rooms) AddRoom(room, &plan);
     if (!plan.IsEmpty()) AddSeen(&plan);
     return plan;
@@ -147,10 +149,23 @@ class Builder {
     for (auto& [top, outline] : outlines) plan->furniture.push_back(std::move(outline));
   }
 
-  void AddFaces(const Part& part, double low, double high, std::vector<Region>* surfaces) const {
+  // Of surfaces in one place, as the upper and the lower one of a step, only the uppermost is seen.
+  static void AddFaces(const Part& part, double low, double high, std::vector<Region>* surfaces) {
     for (const Body& body : part.bodies) {
-      for (Region& surface : LevelFaces(body, low, high)) surfaces->push_back(std::move(surface));
+      const std::vector<Region> levels = LevelFaces(body, low, high);
+      for (std::size_t i = 0; i < levels.size(); ++i) {
+        const bool isHidden = std::any_of(levels.begin() + static_cast<std::ptrdiff_t>(i) + 1, levels.end(),
+                                          [&](const Region& above) { return HaveOnePlace(levels[i], above); });
+        if (!isHidden) surfaces->push_back(levels[i]);
+      }
     }
+  }
+
+  static bool HaveOnePlace(const Region& a, const Region& b) {
+    Box first, second;
+    first.Take(a);
+    second.Take(b);
+    return Length(first.low - second.low) < kOneEdge && Length(first.high - second.high) < kOneEdge;
   }
 
   const Building& building;
@@ -163,8 +178,8 @@ class Builder {
 Box DoorSymbol::Swing() const {
   const double width = hole.right - hole.left;
   const bool twoLeaves = leaves >= Leaves::kTwo && leaves <= Leaves::kTwoOppositeRight;
-  const bool bothWays = leaves == Leaves::kBothWaysLeft || leaves == Leaves::kBothWaysRight ||
-                        (twoLeaves && leaves != Leaves::kTwo);
+  const bool bothWays =
+      leaves == Leaves::kBothWaysLeft || leaves == Leaves::kBothWaysRight || (twoLeaves && leaves != Leaves::kTwo);
   const bool slides = leaves >= Leaves::kSlideLeft;
   const double reach = slides ? 0.1 : twoLeaves ? width / 2 : width;
   Box box;
@@ -184,6 +199,7 @@ Box FloorPlan::WallBounds() const {
 Box FloorPlan::Bounds() const {
   Box box = WallBounds();
   for (const Region& column : columns) box.Take(column);
+  for (const Region& panel : panels) box.Take(panel);
   for (const Region& floor : floors) box.Take(floor);
   for (const RoomLabel& room : rooms) box.Take(room.region);
   for (const DoorSymbol& door : doors) {

@@ -39,6 +39,7 @@ struct FloorPlan {
   double elevation = 0;
   std::vector<Region> walls;  // openings taken out
   std::vector<Region> columns;
+  std::vector<Region> panels;
   std::vector<Region> floors;
   std::vector<Region> treads;       // of stairs below the cut
   std::vector<Region> treadsAbove;  // and above it

@@ -47,6 +47,15 @@ const char* Decode(const char* text, std::string* out) {
   return std::strncmp(text, "\\X0\\", 4) == 0 ? text + 4 : text;
 }
 
+// Of one letter of size 1. Wide are the letters of East Asian scripts, which UTF-8 writes with three bytes and more.
+double LetterWidth(unsigned char lead) {
+  if (lead >= 0xE3) return 1;
+  if (lead >= 0x80) return 0.6;
+  if (std::strchr("iljtfr.,:;|!'()[]/- I", lead)) return 0.34;
+  if (std::strchr("mwMW@%", lead)) return 0.88;
+  return std::isupper(lead) ? 0.7 : 0.57;
+}
+
 }  // namespace
 
 std::string LabelOf(const char* text) {
@@ -78,6 +87,15 @@ std::string NumberText(double value, int decimals) {
   char text[64];
   std::snprintf(text, sizeof text, "%.*f", decimals, value);
   return text;
+}
+
+double TextWidth(const std::string& text, double size) {
+  double width = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0) != 0x80) width += LetterWidth(byte);
+  }
+  return width * size;
 }
 
 }  // namespace plan

@@ -16,6 +16,9 @@ std::string FileNameOf(const std::string& label);
 // A number as a sheet shows it: "12.50".
 std::string NumberText(double value, int decimals);
 
+// How wide a text is, in the unit of its letter size: an estimate for the fonts that a drawing asks for.
+double TextWidth(const std::string& text, double size);
+
 }  // namespace plan
 
 #endif

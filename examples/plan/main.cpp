@@ -15,7 +15,8 @@ int PrintUsage(std::FILE* out) {
   std::fprintf(out,
                "plan [--plans] FILE [FOLDER] - floor plans of a building model\n"
                "\n"
-               "  FILE     a model of %s: clear text (ISO 10303-21), or XML as this program writes it\n"
+               "  FILE     a building model, as clear text (ISO 10303-21) or as the XML that this program writes; the\n"
+               "           schemas are %s\n"
                "  FOLDER   gets a plan of each storey as SVG; then a wall is moved and gets a door, and the model is\n"
                "           written as written.ifc and written.xml, read back and compared. Without a FOLDER the\n"
                "           program lists what the file has, and writes nothing\n"

@@ -105,11 +105,9 @@ double FactorOfUnit(const STEPheader* unit, int depth = 0) {
 }
 
 template <class Ifc>
-Units UnitsOf(const typename Ifc::Project& project) {
+Units UnitsOf(const typename Ifc::UnitAssignment& assignment) {
   Units units;
-  const auto* assignment = project.UnitsInContext.Get();
-  if (!assignment) return units;
-  for (const steprt::Value& member : assignment->Units) {
+  for (const steprt::Value& member : assignment.Units) {
     const auto* unit = member.template Get<typename Ifc::NamedUnit>();
     if (!unit) continue;
     if (unit->UnitType.Get() == Ifc::UnitEnum::LENGTHUNIT) units.metres = FactorOfUnit<Ifc>(unit);

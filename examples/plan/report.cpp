@@ -1,30 +1,39 @@
 #include "report.h"
 
-#include <steprt/step.h>
-
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <cstdio>
-#include <cstring>
 #include <utility>
 #include <vector>
 
 namespace plan {
 namespace {
 
-// The message of "STEP error: file (line) [context]message", with the numbers of instances left out, so that all
-// references to unknown objects are one kind of message.
-std::string KindOf(const char* text) {
-  const char* context = std::strstr(text, ") [");
-  const char* end = context ? std::strchr(context, ']') : nullptr;
+// A report is "STEP error: file (line) [context]message", or a message alone.
+struct Report {
+  std::string line, message;
+};
+
+Report Parse(const std::string& text) {
+  const std::size_t context = text.find(") [");
+  const std::size_t end = text.find(']', context);
+  const std::size_t open = text.rfind('(', context);
+  if (context == std::string::npos || end == std::string::npos || open == std::string::npos) return {"", text};
+  return {text.substr(open + 1, context - open - 1), text.substr(end + 1)};
+}
+
+// The message without the numbers of instances, so that all references to unknown objects are of one kind.
+std::string KindOf(const std::string& message) {
   std::string kind;
-  for (const char* c = end ? end + 1 : text; *c; ++c) {
-    if (*c != '#') {
-      kind += *c;
-      continue;
+  for (std::size_t i = 0; i < message.size(); ++i) {
+    kind += message[i];
+    if (message[i] != '#') continue;
+    kind += 'N';
+    while (i + 1 < message.size() &&
+           (std::isdigit(static_cast<unsigned char>(message[i + 1])) || message[i + 1] == '-')) {
+      ++i;
     }
-    kind += "#N";
-    while (std::isdigit(static_cast<unsigned char>(c[1])) || c[1] == '-') ++c;
   }
   return kind;
 }
@@ -32,21 +41,20 @@ std::string KindOf(const char* text) {
 }  // namespace
 
 void ReportLog::Add(const char* text) {
-  ++total;
-  ++counts[KindOf(text)];
-}
-
-void ReportLog::Clear() {
-  counts.clear();
-  total = 0;
+  const Report report = Parse(text);
+  if (++total == 1) first = report.message;
+  Kind& kind = kinds[KindOf(report.message)];
+  if (++kind.count == 1) kind.line = report.line;
 }
 
 void ReportLog::Print(int limit) const {
   std::vector<std::pair<int, std::string>> rows;
-  for (const auto& [kind, count] : counts) rows.emplace_back(-count, kind);
+  for (const auto& [message, kind] : kinds) {
+    rows.emplace_back(-kind.count, message + (kind.line.empty() ? "" : ", first in line " + kind.line));
+  }
   std::sort(rows.begin(), rows.end());
-  const size_t shown = std::min(rows.size(), static_cast<size_t>(limit));
-  for (size_t i = 0; i < shown; ++i) std::printf("  %7d  %s\n", -rows[i].first, rows[i].second.c_str());
+  const std::size_t shown = std::min(rows.size(), static_cast<std::size_t>(limit));
+  for (std::size_t i = 0; i < shown; ++i) std::printf("  %7d  %s\n", -rows[i].first, rows[i].second.c_str());
   if (shown < rows.size()) std::printf("           and %zu more kinds of message\n", rows.size() - shown);
 }
 
@@ -55,10 +63,6 @@ ReportLog& Reports() {
   return log;
 }
 
-void TakeReport(const char* text) {
-  Reports().Add(text);
-  STEPmodel* model = CurrentModel();
-  if (model && model->ErrShow()) std::printf("  %s\n", text);
-}
+void TakeReport(const char* text) { Reports().Add(text); }
 
 }  // namespace plan

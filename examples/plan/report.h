@@ -1,4 +1,4 @@
-// The error procedure of the schema: it counts the reports of a transfer by their message and shows the first few.
+// The error procedure of the schemas: it counts the reports of a transfer by their message.
 #ifndef PLAN_REPORT_H
 #define PLAN_REPORT_H
 
@@ -10,14 +10,22 @@ namespace plan {
 class ReportLog {
  public:
   void Add(const char* text);
-  void Clear();
+  void Clear() { *this = ReportLog(); }
   int Total() const { return total; }
+
+  // The message of the first report; empty if there is none.
+  const std::string& First() const { return first; }
 
   // One line for each message, the most frequent first, at most `limit` of them.
   void Print(int limit) const;
 
  private:
-  std::map<std::string, int> counts;
+  struct Kind {
+    int count = 0;
+    std::string line;  // of the first one
+  };
+  std::map<std::string, Kind> kinds;
+  std::string first;
   int total = 0;
 };
 

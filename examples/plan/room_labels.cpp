@@ -1,27 +1,29 @@
 #include "room_labels.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <iterator>
+#include <utility>
+
+#include "labels.h"
 
 namespace plan {
 namespace {
 
-constexpr double kLargest = 2.6, kSmallest = 1.2, kStep = 0.2;  // letter sizes, millimetres
-constexpr double kLeastBesideObstacles = 1.6;
-constexpr double kLetterWidth = 0.68;  // of a letter size
-constexpr double kAir = 1;             // around the block
-constexpr int kGrid = 20;              // places that are tried, each way
-
-// Characters, not bytes: the bytes that continue a UTF-8 character do not count.
-size_t CharactersIn(const std::string& text) {
-  return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
+constexpr double kSizes[] = {2.6, 2.4, 2.2, 2.0, 1.8, 1.6};  // letter sizes in millimetres
+constexpr double kSmallest = 1.3;                            // where nothing else helps
+constexpr double kBold = 1.08;                               // bold letters are so much wider
+constexpr double kAir = 1;                                   // around the block
+constexpr std::size_t kMost = 10;                            // one label in so many may need less
+constexpr int kGrid = 24;                                    // places that are tried, each way
+constexpr double kNever = 1e9;
 
 // The block's size for letters of size 1.
-Vec2 BlockOf(const std::vector<std::string>& lines) {
-  size_t longest = 0;
-  for (const std::string& line : lines) longest = std::max(longest, CharactersIn(line));
-  return {kLetterWidth * static_cast<double>(longest), kLineStep * static_cast<double>(lines.size())};
+Vec2 BlockOf(const LabelLines& text) {
+  double width = 0;
+  for (std::size_t i = 0; i < text.lines.size(); ++i) {
+    width = std::max(width, TextWidth(text.lines[i], i < text.nameLines ? kBold : 1));
+  }
+  return {width, kLineStep * static_cast<double>(text.lines.size())};
 }
 
 Box BoxAround(Vec2 middle, Vec2 size) {
@@ -31,75 +33,126 @@ Box BoxAround(Vec2 middle, Vec2 size) {
   return box;
 }
 
-bool IsFree(const Region& region, const std::vector<Box>& obstacles, const Box& box) {
-  if (!Contains(region, box.Centre())) return false;
-  for (const Box& obstacle : obstacles) {
-    if (obstacle.Meets(box)) return false;
-  }
-  return !Crosses(region, {box.low, {box.high.x, box.low.y}, box.high, {box.low.x, box.high.y}});
+double Overlap(const Box& a, const Box& b) {
+  const double x = std::min(a.high.x, b.high.x) - std::max(a.low.x, b.low.x);
+  const double y = std::min(a.high.y, b.high.y) - std::max(a.low.y, b.low.y);
+  return x > 0 && y > 0 ? x * y : 0;
 }
 
-// The free place for a block that is nearest to the middle of the region; false if there is none.
-bool FindPlace(const Region& region, const std::vector<Box>& obstacles, Vec2 block, Vec2* place) {
-  Box bounds;
-  bounds.Take(region);
-  double nearest = 1e9;
-  for (int i = 0; i <= kGrid; ++i) {
-    for (int k = 0; k <= kGrid; ++k) {
-      const Vec2 share{static_cast<double>(i) / kGrid, static_cast<double>(k) / kGrid};
-      const Vec2 middle = bounds.low + Vec2{bounds.Size().x * share.x, bounds.Size().y * share.y};
-      const double distance = Length(middle - bounds.Centre());
-      if (distance >= nearest || !IsFree(region, obstacles, BoxAround(middle, block))) continue;
-      nearest = distance;
-      *place = middle;
+bool IsInside(const Region& region, const Box& box) {
+  return Contains(region, box.Centre()) &&
+         !Crosses(region, {box.low, {box.high.x, box.low.y}, box.high, {box.low.x, box.high.y}});
+}
+
+// One room and the obstacles in it.
+class Place {
+ public:
+  Place(const Region& room, const std::vector<Box>& obstacles) : region(room) {
+    bounds.Take(room);
+    for (const Box& obstacle : obstacles) {
+      if (obstacle.Meets(bounds)) inRoom.push_back(obstacle);
     }
   }
-  return nearest < 1e9;
-}
 
-PlacedLabel Place(const Region& region, const std::vector<Box>& obstacles, const LabelLines& text, double smallest) {
+  // Puts the text at the place nearest to the middle that is clear of obstacles or, with `mayCover`, covers the least
+  // of them. The name is broken if it does not fit otherwise. False if there is no place.
+  bool Put(const LabelLines& text, double size, bool mayCover, PlacedLabel* label) const {
+    return PutAsIs(text, size, mayCover, label) || PutAsIs(Broken(text), size, mayCover, label);
+  }
+
+ private:
+  bool PutAsIs(const LabelLines& text, double size, bool mayCover, PlacedLabel* label) const {
+    const Vec2 block = BlockOf(text) * size;
+    double least = kNever;
+    for (int i = 0; i <= kGrid; ++i) {
+      for (int k = 0; k <= kGrid; ++k) {
+        const Vec2 middle = bounds.low + Vec2{bounds.Size().x * i / kGrid, bounds.Size().y * k / kGrid};
+        const double cost = CostOf(middle, block, mayCover);
+        if (cost >= least || !IsInside(region, BoxAround(middle, block + Vec2{kAir, kAir}))) continue;
+        least = cost;
+        *label = {text, BoxAround(middle, block), size, mayCover};
+      }
+    }
+    return least < kNever;
+  }
+
+  double CostOf(Vec2 middle, Vec2 block, bool mayCover) const {
+    const Box box = BoxAround(middle, block + Vec2{kAir, kAir});
+    double covered = 0;
+    for (const Box& obstacle : inRoom) covered += Overlap(obstacle, box);
+    if (covered > 0 && !mayCover) return kNever;
+    return 100 * covered + Length(middle - bounds.Centre());
+  }
+
+  // The name broken at the blank that is nearest to its middle.
+  static LabelLines Broken(LabelLines text) {
+    const std::string name = text.lines[0];
+    const auto offMiddle = [&](std::size_t at) { return std::max(at, name.size() - at); };
+    std::size_t best = std::string::npos;
+    for (std::size_t at = name.find(' '); at != std::string::npos; at = name.find(' ', at + 1)) {
+      if (best == std::string::npos || offMiddle(at) < offMiddle(best)) best = at;
+    }
+    if (best == std::string::npos) return text;
+    text.lines[0] = name.substr(0, best);
+    text.lines.insert(text.lines.begin() + 1, name.substr(best + 1));
+    text.nameLines = 2;
+    return text;
+  }
+
+  const Region& region;
+  Box bounds;
+  std::vector<Box> inRoom;
+};
+
+// The label of a room that has no place for all lines at the common size: the name and the last line, then all lines
+// in smaller letters, then the name alone, then what is over an obstacle.
+PlacedLabel Squeezed(const Place& place, const LabelLines& text, double common) {
+  const LabelLines shorter = {{text.lines.front(), text.lines.back()}, 1};
+  const LabelLines name = {{text.lines.front()}, 1};
   PlacedLabel label;
-  label.text = text;
-  label.covers = obstacles.empty();
-  const Vec2 block = BlockOf(text.lines);
-  for (double size = kLargest; size > smallest - kStep / 2; size -= kStep) {
-    if (!FindPlace(region, obstacles, block * size + Vec2{kAir, kAir}, &label.middle)) continue;
-    label.size = size;
-    break;
+  if (place.Put(shorter, common, false, &label)) return label;
+  for (const double size : kSizes) {
+    if (size < common && place.Put(text, size, false, &label)) return label;
+  }
+  for (const bool mayCover : {false, true}) {
+    for (const double size : {common, kSmallest}) {
+      for (const LabelLines* lines : {&shorter, &name}) {
+        if (place.Put(*lines, size, mayCover, &label)) return label;
+      }
+    }
   }
   return label;
 }
 
-// The name broken at the blank that is nearest to its middle.
-LabelLines Broken(LabelLines text) {
-  const std::string name = text.lines[0];
-  const auto offMiddle = [&](size_t at) { return std::max(at, name.size() - at); };
-  size_t best = std::string::npos;
-  for (size_t at = name.find(' '); at != std::string::npos; at = name.find(' ', at + 1)) {
-    if (best == std::string::npos || offMiddle(at) < offMiddle(best)) best = at;
+// The largest size that most of the labels reach that have a place at all.
+double CommonSize(const std::vector<PlacedLabel>& labels) {
+  std::vector<double> sizes;
+  for (const PlacedLabel& label : labels) {
+    if (label.size > 0) sizes.push_back(label.size);
   }
-  if (best == std::string::npos) return text;
-  text.lines[0] = name.substr(0, best);
-  text.lines.insert(text.lines.begin() + 1, name.substr(best + 1));
-  text.nameLines = 2;
-  return text;
-}
-
-// The larger of the two ways to write the name; unbroken when it makes no difference.
-PlacedLabel PlaceEither(const Region& region, const std::vector<Box>& obstacles, const LabelLines& text,
-                        double smallest) {
-  PlacedLabel whole = Place(region, obstacles, text, smallest);
-  PlacedLabel broken = Place(region, obstacles, Broken(text), smallest);
-  return broken.size > whole.size + kStep / 2 ? broken : whole;
+  if (sizes.empty()) return *std::rbegin(kSizes);
+  std::sort(sizes.begin(), sizes.end());
+  return sizes[sizes.size() / kMost];
 }
 
 }  // namespace
 
-PlacedLabel PlaceLabel(const Region& region, const std::vector<Box>& obstacles, const LabelLines& text) {
-  PlacedLabel label = PlaceEither(region, obstacles, text, kLeastBesideObstacles);
-  if (label.size <= 0) label = PlaceEither(region, {}, text, kSmallest);
-  if (label.size <= 0) label = PlaceEither(region, {}, {{text.lines[0]}, 1}, kSmallest);
-  return label;
+std::vector<PlacedLabel> PlaceLabels(const std::vector<LabelledRoom>& rooms, const std::vector<Box>& obstacles) {
+  std::vector<Place> places;
+  for (const LabelledRoom& room : rooms) places.emplace_back(room.region, obstacles);
+  std::vector<PlacedLabel> labels(rooms.size());
+  for (std::size_t i = 0; i < rooms.size(); ++i) {
+    std::find_if(std::begin(kSizes), std::end(kSizes),
+                 [&](double size) { return places[i].Put(rooms[i].text, size, false, &labels[i]); });
+  }
+  const double common = CommonSize(labels);
+  for (std::size_t i = 0; i < rooms.size(); ++i) {
+    if (labels[i].size == common) continue;
+    if (!places[i].Put(rooms[i].text, common, false, &labels[i])) {
+      labels[i] = Squeezed(places[i], rooms[i].text, common);
+    }
+  }
+  return labels;
 }
 
 }  // namespace plan

@@ -10,25 +10,32 @@
 
 namespace plan {
 
-// The lines of a label, the name in front of the rest.
+// The lines of a label, the name before the rest.
 struct LabelLines {
   std::vector<std::string> lines;
-  size_t nameLines = 1;
+  std::size_t nameLines = 1;
+};
+
+// A room on the sheet, and what its label says. The last line is the most important one after the name.
+struct LabelledRoom {
+  Region region;
+  LabelLines text;
 };
 
 struct PlacedLabel {
   LabelLines text;
-  Vec2 middle;          // of the whole block
-  double size = 0;      // of the letters; 0 when there is no place at all
-  bool covers = false;  // it may lie over an obstacle
+  Box block;
+  double size = 0;      // of the letters; 0 if there is no place at all
+  bool covers = false;  // the block is over an obstacle
 };
 
 constexpr double kLineStep = 1.3;  // from line to line, in letter sizes
 
-// The largest block of lines that lies in the region and meets no obstacle, near to the middle. A name of several words
-// may be broken. Where that is too narrow, obstacles are covered, or the name stands alone. All lengths are those of
-// the sheet.
-PlacedLabel PlaceLabel(const Region& region, const std::vector<Box>& obstacles, const LabelLines& text);
+// The labels of all rooms of a plan, in their order and all lengths in those of the sheet. Each is in its room, near
+// the middle and clear of the obstacles. All have one size, the largest at which most rooms take their labels. The
+// others get fewer lines or, failing that, smaller letters; and if that does not help, the label covers as little of
+// the obstacles as possible.
+std::vector<PlacedLabel> PlaceLabels(const std::vector<LabelledRoom>& rooms, const std::vector<Box>& obstacles);
 
 }  // namespace plan
 

@@ -19,9 +19,7 @@ namespace plan {
 namespace {
 
 constexpr int kShownKinds = 12;
-constexpr int kShownReports = 3;
 constexpr char kRemark[] = "written by the example plan";
-// In place of the project's name: the narrowest sheet has no room for both.
 constexpr char kEditNote[] = "Edited on purpose: wall moved, door added; rooms as in the file";
 constexpr bool kReadsXml = PLAN_READS_XML;  // a library can be built without
 
@@ -54,16 +52,15 @@ std::unique_ptr<BuildingModel> ModelFor(const std::string& file) {
 // Reads the file and tells the time, the reports by kind and the instances by entity.
 bool ReadModel(steprt::Model& model, const std::string& file) {
   const double megabytes = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
-  model.ErrShow(kShownReports);
   Reports().Clear();
   const auto start = std::chrono::steady_clock::now();
   model.Read(file, true);
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   if (model.IsEmpty()) {
-    Reports().Print(kShownKinds);
-    return Fail("nothing could be read from " + file);
+    return Fail(file + " has nothing that can be read: " +
+                (HasByteOrderMark(file) ? "it begins with a byte order mark" : Reports().First()));
   }
-  std::printf("Read %s, schema %s: %d instances, %d reports, %.3f s, %.1f MB/s\n", file.c_str(), model.schema->name,
+  std::printf("Read %s, schema %s: %d instances, reports: %d, %.3f s, %.1f MB/s\n", file.c_str(), model.schema->name,
               CountInstances(model), Reports().Total(), time.count(), megabytes / time.count());
   Reports().Print(kShownKinds);
   std::map<std::string, int> counts;
@@ -77,18 +74,26 @@ void PrintBuilding(const Building& building) {
               building.storeys.size(), building.walls.size(), building.rooms.size());
 }
 
-// Draws every storey; `prefix` precedes the names of the files. `only`: the one storey to draw, or empty.
-bool DrawPlans(const Building& building, const Job& job, const std::string& prefix, const std::string& only) {
+// Which plans are drawn, and how their files and sheets tell them from others.
+struct Series {
+  std::string prefix;  // of the files' names
+  std::string note;    // on the sheets
+  std::string only;    // the one storey to draw; empty for all
+};
+
+bool DrawPlans(const Building& building, const Job& job, const Series& series) {
   const std::vector<FloorPlan> plans = FloorPlans(building);
+  const Caption caption = {building.name, series.note, building.knowsNorth, building.north};
+  const int scale = ScaleFor(plans);
   int drawn = 0, number = 0;
   for (const FloorPlan& plan : plans) {
-    const std::string name = prefix + std::to_string(++number) + "_" + FileNameOf(plan.name) + ".svg";
-    if (!only.empty() && only != plan.name) continue;
+    const std::string name = series.prefix + std::to_string(++number) + "_" + FileNameOf(plan.name) + ".svg";
+    if (!series.only.empty() && series.only != plan.name) continue;
     if (plan.IsEmpty()) {
       std::printf("  %s: no wall is cut %.2f m above its floor, no plan\n", plan.name.c_str(), kCutAboveFloor);
       continue;
     }
-    if (!DrawPlan(plan, SheetFor(plans), building.name, InFolder(job, name))) return Fail("cannot write " + name);
+    if (!DrawPlan(plan, SheetFor(plan, scale), caption, InFolder(job, name))) return Fail("cannot write " + name);
     std::printf("  %s: %zu parts of walls, %zu doors, %zu windows, %zu rooms\n", name.c_str(), plan.walls.size(),
                 plan.doors.size(), plan.windows.size(), plan.rooms.size());
     ++drawn;
@@ -102,9 +107,7 @@ bool Edit(BuildingModel& model, const Job& job) {
   if (edit.wall.empty()) return std::printf("No wall has space for a new door: the model stays as it is\n"), true;
   std::printf("Moved wall \"%s\" by %.2f m and gave it a door of %.2f m\n", edit.wall.c_str(), edit.moved,
               edit.doorWidth);
-  Building building = model.Extract();
-  building.name = kEditNote;
-  return DrawPlans(building, job, "edited_", edit.storey);
+  return DrawPlans(model.Extract(), job, {"edited_", kEditNote, edit.storey});
 }
 
 // The same classes serve both forms.
@@ -143,7 +146,7 @@ bool Run(const Job& job) {
   std::error_code error;
   std::filesystem::create_directories(job.folder, error);
   std::printf("Floor plans in %s\n", job.folder.c_str());
-  if (!DrawPlans(building, job, "", "")) return false;
+  if (!DrawPlans(building, job, {})) return false;
   if (job.plansOnly) return true;
   return Edit(*model, job) && WriteAndCompare(model->Population(), false, InFolder(job, "written.ifc")) &&
          WriteAndCompare(model->Population(), true, InFolder(job, "written.xml"));

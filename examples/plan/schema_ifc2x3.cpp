@@ -40,11 +40,13 @@ struct Ifc2x3 {
   using Line = ifc2x3::IfcLine;
   using LocalPlacement = ifc2x3::IfcLocalPlacement;
   using MappedItem = ifc2x3::IfcMappedItem;
+  using Member = ifc2x3::IfcMember;
   using NamedUnit = ifc2x3::IfcNamedUnit;
   using ObjectPlacement = ifc2x3::IfcObjectPlacement;
   using OpeningElement = ifc2x3::IfcOpeningElement;
   using ParameterizedProfileDef = ifc2x3::IfcParameterizedProfileDef;
   using Plane = ifc2x3::IfcPlane;
+  using Plate = ifc2x3::IfcPlate;
   using PolyLoop = ifc2x3::IfcPolyLoop;
   using PolygonalBoundedHalfSpace = ifc2x3::IfcPolygonalBoundedHalfSpace;
   using Polyline = ifc2x3::IfcPolyline;
@@ -67,6 +69,7 @@ struct Ifc2x3 {
   using Stair = ifc2x3::IfcStair;
   using StairFlight = ifc2x3::IfcStairFlight;
   using TrimmedCurve = ifc2x3::IfcTrimmedCurve;
+  using UnitAssignment = ifc2x3::IfcUnitAssignment;
   using UnitEnum = ifc2x3::IfcUnitEnum;
   using Wall = ifc2x3::IfcWall;
   using Window = ifc2x3::IfcWindow;

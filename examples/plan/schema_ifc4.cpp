@@ -43,11 +43,13 @@ struct Ifc4 {
   using Line = ifc4::IfcLine;
   using LocalPlacement = ifc4::IfcLocalPlacement;
   using MappedItem = ifc4::IfcMappedItem;
+  using Member = ifc4::IfcMember;
   using NamedUnit = ifc4::IfcNamedUnit;
   using ObjectPlacement = ifc4::IfcObjectPlacement;
   using OpeningElement = ifc4::IfcOpeningElement;
   using ParameterizedProfileDef = ifc4::IfcParameterizedProfileDef;
   using Plane = ifc4::IfcPlane;
+  using Plate = ifc4::IfcPlate;
   using PolyLoop = ifc4::IfcPolyLoop;
   using PolygonalBoundedHalfSpace = ifc4::IfcPolygonalBoundedHalfSpace;
   using PolygonalFaceSet = ifc4::IfcPolygonalFaceSet;
@@ -73,6 +75,7 @@ struct Ifc4 {
   using TessellatedFaceSet = ifc4::IfcTessellatedFaceSet;
   using TriangulatedFaceSet = ifc4::IfcTriangulatedFaceSet;
   using TrimmedCurve = ifc4::IfcTrimmedCurve;
+  using UnitAssignment = ifc4::IfcUnitAssignment;
   using UnitEnum = ifc4::IfcUnitEnum;
   using Wall = ifc4::IfcWall;
   using Window = ifc4::IfcWindow;

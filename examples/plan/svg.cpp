@@ -68,6 +68,11 @@ void Svg::Arc(Vec2 from, Vec2 to, double radius, bool clockwise, const Pen& pen)
   text += "<path" + Attribute("d", shape + Pair(to)) + PenAttributes(pen) + "/>\n";
 }
 
+void Svg::Circle(Vec2 middle, double radius, const Pen& pen) {
+  text += "<circle" + Attribute("cx", Number(middle.x)) + Attribute("cy", Number(middle.y)) +
+          Attribute("r", Number(radius)) + PenAttributes(pen) + "/>\n";
+}
+
 void Svg::Rectangle(Vec2 corner, Vec2 size, const Pen& pen) {
   text += "<rect" + Attribute("x", Number(corner.x)) + Attribute("y", Number(corner.y)) +
           Attribute("width", Number(size.x)) + Attribute("height", Number(size.y)) + PenAttributes(pen) + "/>\n";
@@ -78,7 +83,6 @@ void Svg::Text(Vec2 at, const std::string& words, const TextStyle& style) {
           Attribute("font-size", Number(style.size)) + Attribute("text-anchor", style.anchor) +
           Attribute("fill", style.colour);
   if (style.bold) text += Attribute("font-weight", "bold");
-  if (style.halo) text += " stroke=\"white\" stroke-width=\"0.7\" paint-order=\"stroke\"";
   if (style.turn != 0) text += Attribute("transform", "rotate(" + Number(style.turn) + " " + Pair(at) + ")");
   text += ">" + Escaped(words) + "</text>\n";
 }

@@ -20,8 +20,7 @@ struct TextStyle {
   const char* anchor = "start";  // start, middle or end
   const char* colour = "#222222";
   bool bold = false;
-  bool halo = false;  // a white edge, for a text over lines
-  double turn = 0;    // degrees, about its own place
+  double turn = 0;  // degrees, about its own place
 };
 
 class Svg {
@@ -31,6 +30,7 @@ class Svg {
   void Area(const Region& region, const Pen& pen);  // filled by the even-odd rule
   void Line(Vec2 from, Vec2 to, const Pen& pen);
   void Arc(Vec2 from, Vec2 to, double radius, bool clockwise, const Pen& pen);  // at most half a circle
+  void Circle(Vec2 middle, double radius, const Pen& pen);
   void Rectangle(Vec2 corner, Vec2 size, const Pen& pen);
   void Text(Vec2 at, const std::string& text, const TextStyle& style);  // UTF-8
 
