@@ -183,10 +183,13 @@ class Drawing {
   void DrawLabel(const PlacedLabel& label, const char* tint) {
     if (label.covers) svg->Rectangle(label.block.low, label.block.Size(), {"none", 0, tint});
     Vec2 at = {label.block.Centre().x, label.block.low.y + label.size};
-    for (std::size_t i = 0; i < label.text.lines.size(); ++i, at.y += kLineStep * label.size) {
+    if (label.turned) at = {label.block.low.x + label.size, label.block.Centre().y};
+    for (std::size_t i = 0; i < label.text.lines.size(); ++i) {
       const bool isName = i < label.text.nameLines;
-      svg->Text(at, label.text.lines[i],
-                {isName ? label.size : 0.88 * label.size, "middle", isName ? "#222222" : "#555555", isName});
+      TextStyle style = {isName ? label.size : 0.88 * label.size, "middle", isName ? "#222222" : "#555555", isName};
+      style.turn = label.turned ? -90 : 0;
+      svg->Text(at, label.text.lines[i], style);
+      (label.turned ? at.x : at.y) += kLineStep * label.size;
     }
   }
 

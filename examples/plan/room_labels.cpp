@@ -9,12 +9,13 @@
 namespace plan {
 namespace {
 
-constexpr double kSizes[] = {2.6, 2.4, 2.2, 2.0, 1.8, 1.6};  // letter sizes in millimetres
-constexpr double kSmallest = 1.3;                            // where nothing else helps
-constexpr double kBold = 1.08;                               // bold letters are so much wider
-constexpr double kAir = 1;                                   // around the block
-constexpr std::size_t kMost = 10;                            // one label in so many may need less
-constexpr int kGrid = 24;                                    // places that are tried, each way
+constexpr double kSizes[] = {2.6, 2.4, 2.2, 2.0, 1.8, 1.6, 1.3};  // letter sizes in millimetres
+constexpr double kLegible = 1.6;
+constexpr double kSmallest = 1.3;  // where nothing else helps
+constexpr double kBold = 1.08;     // bold letters are so much wider
+constexpr double kAir = 1;         // around the block
+constexpr std::size_t kMost = 10;  // one label in so many may need less
+constexpr int kGrid = 24;          // places that are tried, each way
 constexpr double kNever = 1e9;
 
 // The block's size for letters of size 1.
@@ -44,6 +45,9 @@ bool IsInside(const Region& region, const Box& box) {
          !Crosses(region, {box.low, {box.high.x, box.low.y}, box.high, {box.low.x, box.high.y}});
 }
 
+// How a label is put: as usual, with lines that run upwards, or over obstacles.
+enum class Manner { kPlain, kTurned, kCovering };
+
 // One room and the obstacles in it.
 class Place {
  public:
@@ -54,23 +58,24 @@ class Place {
     }
   }
 
-  // Puts the text at the place nearest to the middle that is clear of obstacles or, with `mayCover`, covers the least
-  // of them. The name is broken if it does not fit otherwise. False if there is no place.
-  bool Put(const LabelLines& text, double size, bool mayCover, PlacedLabel* label) const {
-    return PutAsIs(text, size, mayCover, label) || PutAsIs(Broken(text), size, mayCover, label);
+  // Puts the text at the place nearest to the middle that is clear of obstacles or, if it may cover them, covers the
+  // least of them. The name is broken if it does not fit otherwise. False if there is no place.
+  bool Put(const LabelLines& text, double size, Manner manner, PlacedLabel* label) const {
+    return PutAsIs(text, size, manner, label) || PutAsIs(Broken(text), size, manner, label);
   }
 
  private:
-  bool PutAsIs(const LabelLines& text, double size, bool mayCover, PlacedLabel* label) const {
-    const Vec2 block = BlockOf(text) * size;
+  bool PutAsIs(const LabelLines& text, double size, Manner manner, PlacedLabel* label) const {
+    Vec2 block = BlockOf(text) * size;
+    if (manner == Manner::kTurned) std::swap(block.x, block.y);
     double least = kNever;
     for (int i = 0; i <= kGrid; ++i) {
       for (int k = 0; k <= kGrid; ++k) {
         const Vec2 middle = bounds.low + Vec2{bounds.Size().x * i / kGrid, bounds.Size().y * k / kGrid};
-        const double cost = CostOf(middle, block, mayCover);
+        const double cost = CostOf(middle, block, manner == Manner::kCovering);
         if (cost >= least || !IsInside(region, BoxAround(middle, block + Vec2{kAir, kAir}))) continue;
         least = cost;
-        *label = {text, BoxAround(middle, block), size, mayCover};
+        *label = {text, BoxAround(middle, block), size, manner == Manner::kCovering, manner == Manner::kTurned};
       }
     }
     return least < kNever;
@@ -104,21 +109,26 @@ class Place {
   std::vector<Box> inRoom;
 };
 
-// The label of a room that has no place for all lines at the common size: the name and the last line, then all lines
-// in smaller letters, then the name alone, then what is over an obstacle.
+// The label of a room that has no place for all lines at the common size: the first of these attempts that succeeds,
+// each from its largest size down to its smallest.
 PlacedLabel Squeezed(const Place& place, const LabelLines& text, double common) {
   const LabelLines shorter = {{text.lines.front(), text.lines.back()}, 1};
   const LabelLines name = {{text.lines.front()}, 1};
+  const struct {
+    Manner manner;
+    const LabelLines& lines;
+    double largest, smallest;
+  } attempts[] = {
+      {Manner::kPlain, shorter, common, common},      {Manner::kPlain, text, common, kLegible},
+      {Manner::kTurned, shorter, common, kLegible},   {Manner::kPlain, name, common, kLegible},
+      {Manner::kTurned, name, common, kLegible},      {Manner::kPlain, shorter, kSmallest, kSmallest},
+      {Manner::kCovering, shorter, common, kLegible}, {Manner::kCovering, name, common, kSmallest},
+  };
   PlacedLabel label;
-  if (place.Put(shorter, common, false, &label)) return label;
-  for (const double size : kSizes) {
-    if (size < common && place.Put(text, size, false, &label)) return label;
-  }
-  for (const bool mayCover : {false, true}) {
-    for (const double size : {common, kSmallest}) {
-      for (const LabelLines* lines : {&shorter, &name}) {
-        if (place.Put(*lines, size, mayCover, &label)) return label;
-      }
+  for (const auto& attempt : attempts) {
+    for (const double size : kSizes) {
+      if (size > attempt.largest || size < attempt.smallest) continue;
+      if (place.Put(attempt.lines, size, attempt.manner, &label)) return label;
     }
   }
   return label;
@@ -130,7 +140,7 @@ double CommonSize(const std::vector<PlacedLabel>& labels) {
   for (const PlacedLabel& label : labels) {
     if (label.size > 0) sizes.push_back(label.size);
   }
-  if (sizes.empty()) return *std::rbegin(kSizes);
+  if (sizes.empty()) return kLegible;
   std::sort(sizes.begin(), sizes.end());
   return sizes[sizes.size() / kMost];
 }
@@ -142,13 +152,14 @@ std::vector<PlacedLabel> PlaceLabels(const std::vector<LabelledRoom>& rooms, con
   for (const LabelledRoom& room : rooms) places.emplace_back(room.region, obstacles);
   std::vector<PlacedLabel> labels(rooms.size());
   for (std::size_t i = 0; i < rooms.size(); ++i) {
-    std::find_if(std::begin(kSizes), std::end(kSizes),
-                 [&](double size) { return places[i].Put(rooms[i].text, size, false, &labels[i]); });
+    std::find_if(std::begin(kSizes), std::end(kSizes), [&](double size) {
+      return size >= kLegible && places[i].Put(rooms[i].text, size, Manner::kPlain, &labels[i]);
+    });
   }
   const double common = CommonSize(labels);
   for (std::size_t i = 0; i < rooms.size(); ++i) {
     if (labels[i].size == common) continue;
-    if (!places[i].Put(rooms[i].text, common, false, &labels[i])) {
+    if (!places[i].Put(rooms[i].text, common, Manner::kPlain, &labels[i])) {
       labels[i] = Squeezed(places[i], rooms[i].text, common);
     }
   }

@@ -27,14 +27,15 @@ struct PlacedLabel {
   Box block;
   double size = 0;      // of the letters; 0 if there is no place at all
   bool covers = false;  // the block is over an obstacle
+  bool turned = false;  // the lines run upwards
 };
 
 constexpr double kLineStep = 1.3;  // from line to line, in letter sizes
 
 // The labels of all rooms of a plan, in their order and all lengths in those of the sheet. Each is in its room, near
 // the middle and clear of the obstacles. All have one size, the largest at which most rooms take their labels. The
-// others get fewer lines or, failing that, smaller letters; and if that does not help, the label covers as little of
-// the obstacles as possible.
+// others get fewer lines or, failing that, smaller letters or lines that run upwards; and if that does not help, the
+// label covers as little of the obstacles as possible.
 std::vector<PlacedLabel> PlaceLabels(const std::vector<LabelledRoom>& rooms, const std::vector<Box>& obstacles);
 
 }  // namespace plan
