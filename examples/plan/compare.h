@@ -12,7 +12,6 @@ namespace plan {
 struct Comparison {
   int instances = 0;                  // compared
   int rounded = 0;                    // values with reals that agree at six digits only
-  int integers = 0;                   // values of any type whose whole reals came back as integers
   int lost = 0;                       // values, or instances, that differ otherwise
   std::vector<std::string> examples;  // of what is lost, the first few
 

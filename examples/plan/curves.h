@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 #include "bodies.h"
 #include "placements.h"

@@ -6,7 +6,6 @@
 #include <steprt/record.h>
 
 #include <cmath>
-#include <string>
 
 #include "vectors.h"
 

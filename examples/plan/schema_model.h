@@ -2,8 +2,6 @@
 #ifndef PLAN_SCHEMA_MODEL_H
 #define PLAN_SCHEMA_MODEL_H
 
-#include <memory>
-
 #include "building_model.h"
 #include "building_reader.h"
 #include "editor.h"

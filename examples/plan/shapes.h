@@ -164,7 +164,7 @@ class ShapeReader {
       TakeItem(result.SecondOperand.Object(), frame, depth + 1, bodies);
     }
     Cut cut;
-    if (result.Operator.Get() != Ifc::BooleanOperator::DIFFERENCE) return;
+    if (result.Operator.Get() != Ifc::BooleanOperator::DIFFERENCE_) return;
     if (!CutOf(result.SecondOperand.Object(), frame, &cut)) return;
     for (std::size_t i = first; i < bodies->size(); ++i) (*bodies)[i].cuts.push_back(cut);
   }
