@@ -1,13 +1,16 @@
 // Target: the front end for EXPRESS. The bytes are schemas; a file separator (0x1C) starts another file. Whatever they
-// hold, reading ends within limits, each diagnostic can be printed, and a model without an error is complete.
+// hold, reading ends within limits, each diagnostic can be printed, a model without an error is complete, and C++ comes
+// of it.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "express/cpp/generate.h"
 #include "express/load.h"
 
 namespace {
@@ -74,6 +77,19 @@ void CheckDefined(const DefinedType& type) {
   }
 }
 
+// The files of a schema with entities; no entity twice, whatever the supertypes are.
+void CheckGenerated(const Model& model, Diagnostics& diagnostics) {
+  const auto files = cpp::Generate(model, {}, diagnostics);
+  Check(files.empty() == (diagnostics.Errors() > 0));
+  if (files.empty()) return;
+  const std::string& header = files.front().text;
+  std::set<std::string, std::less<>> classes;
+  for (std::size_t at = 0; (at = header.find("\nstruct ", at)) != std::string::npos; ++at) {
+    const std::size_t colon = header.find_first_of(";:", at);
+    if (header[colon] == ':') Check(classes.insert(header.substr(at, colon - at)).second);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -88,5 +104,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const Entity* entity : schema->entities) CheckEntity(*entity);
     for (const DefinedType* type : schema->types) CheckDefined(*type);
   }
+  CheckGenerated(*model, diagnostics);
   return 0;
 }

@@ -12,7 +12,8 @@ std::vector<File> Generate(const Model& model, const Options& options, Diagnosti
   const Selection selection = SelectDeclarations(model, options.entities, diagnostics);
   if (diagnostics.Errors() > 0) return {};
   const std::string nameSpace = options.nameSpace.empty() ? LowerCase(selection.schema->name.text) : options.nameSpace;
-  const Program program = BuildProgram(selection, nameSpace, options.firstType);
+  const Program program = BuildProgram(selection, nameSpace, options.firstType, diagnostics);
+  if (diagnostics.Errors() > 0) return {};
   const std::string stem = FileStem(nameSpace);
   std::vector<File> files = {{stem + ".h", PrintHeader(program)}, {stem + ".cpp", PrintTables(program)}};
   for (int part = 0; part < options.parts; ++part) {

@@ -116,10 +116,16 @@ bool IsNamespace(std::string_view text) {
   }
 }
 
-std::string Scope::Take(std::string name) {
-  while (IsTaken(name)) name += '_';
-  taken_.insert(name);
-  return name;
+std::string Scope::Take(const std::string& name) {
+  std::string free = name;
+  if (IsTaken(free)) free += '_';
+  // Many names may meet, so the search goes on where the last one ended.
+  for (int* count = nullptr; IsTaken(free); free = name + '_' + std::to_string(*count)) {
+    if (count == nullptr) count = &counts_.try_emplace(name, 1).first->second;
+    ++*count;
+  }
+  taken_.insert(free);
+  return free;
 }
 
 bool Scope::IsTaken(std::string_view name) const {

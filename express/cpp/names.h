@@ -2,6 +2,7 @@
 #ifndef STEPRT_EXPRESS_CPP_NAMES_H
 #define STEPRT_EXPRESS_CPP_NAMES_H
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -28,9 +29,9 @@ class Scope {
   enum class Kind { kNamespace, kMembers, kEnumeration, kElements };  // kElements: of XML, where no name is reserved
   explicit Scope(Kind kind, const Scope* around = nullptr) : kind_(kind), around_(around) {}
 
-  // The name with as many underscores after it as make it free, also in the scope around this one: a member that is
-  // called like a class would hide it. The name is then taken.
-  std::string Take(std::string name);
+  // The name, with an underscore after it if it is taken here or in the scope around this one (a member that is called
+  // like a class would hide it), or with an underscore and a number if that is taken, too. The result is then taken.
+  std::string Take(const std::string& name);
 
  private:
   bool IsTaken(std::string_view name) const;
@@ -38,6 +39,7 @@ class Scope {
   Kind kind_;
   const Scope* around_;
   std::set<std::string, std::less<>> taken_;
+  std::map<std::string, int> counts_;  // of names that were taken with a number
 };
 
 }  // namespace express::cpp

@@ -66,8 +66,8 @@ struct Program {
   bool HasFurtherSubtypes() const;
 };
 
-// `firstType` is the type number of the first class.
-Program BuildProgram(const Selection& selection, const std::string& nameSpace, int firstType);
+// `firstType` is the type number of the first class. After an error the program is not complete.
+Program BuildProgram(const Selection& selection, const std::string& nameSpace, int firstType, Diagnostics& diagnostics);
 
 }  // namespace express::cpp
 

@@ -87,6 +87,19 @@ TEST(Generator, RefusesASchemaWithoutTheEntities) {
   EXPECT_EQ(GenerateFrom("SCHEMA s; END_SCHEMA;").Messages(), "this schema has no entities\n");
 }
 
+// Every entity of a long chain would list all those that specialise its end by a further supertype.
+TEST(Generator, RefusesWhatWouldGrowAsASquare) {
+  std::string schema = "SCHEMA s; ENTITY x; END_ENTITY; ENTITY a0; END_ENTITY;";
+  for (int i = 1; i < 1000; ++i) {
+    const std::string number = std::to_string(i);
+    schema += "ENTITY a" + number + " SUBTYPE OF (a" + std::to_string(i - 1) + "); END_ENTITY; ENTITY b" + number +
+              " SUBTYPE OF (x, a999); END_ENTITY;";
+  }
+  const Generated generated = GenerateFrom(schema + "END_SCHEMA;");
+  EXPECT_EQ(generated.Messages(), "the entities with several supertypes have too many supertypes to be listed\n");
+  EXPECT_TRUE(generated.files.empty());
+}
+
 // Type numbers run depth first from the number asked for; the classes are spread over the parts, each once.
 TEST(Generator, NumbersTypesAndSplitsParts) {
   const std::string schema =
