@@ -8,8 +8,8 @@
 ///
 /// A list owns its elements, and an element stays in its place until the list is cleared. An omitted list (`$`) and an
 /// empty one are different. Lists of reals and of references are kept and transferred as STEPaggr, with the rules of
-/// read.h: a list inside such a list is reported, and what follows it in the record may be lost. One thread at a time
-/// uses the library.
+/// read.h: such a list ends, with one report, at an element of another kind, and the rest of it is passed over. One
+/// thread at a time uses the library.
 #ifndef STEPRT_ATTRIBUTE_LISTS_H
 #define STEPRT_ATTRIBUTE_LISTS_H
 

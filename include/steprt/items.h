@@ -48,6 +48,9 @@ extern "C" {
 /// Returns the kind of the next value and leaves the value to the next reader (ISO 10303-21, clause 7, parameters). In
 /// clear text commas are passed over. In XML it is the value of the element `name`: STEP_END if that element is
 /// missing or empty. XML does not mark texts, so there a text that looks like another kind is reported as that kind.
+///
+/// If it returns STEP_LIST and a list reader of read.h comes next, that one passes over the whole list when it refuses
+/// an item, however deep its brackets are. Unasked, it may leave a part of such a list to the next readers.
 STEPRT_API STEPitem rSTEPkind(STEPtransfer* t, const char* name);
 
 /// Takes a value that is not there: reads the next value if it is `$` or `*`, and returns STEP_OMITTED or STEP_DERIVED.

@@ -69,6 +69,7 @@ STEPitem KindOf(STEPtransfer* t, int token) {
     case TOK_NAME:
       return NextByteIs(t, '(') ? STEP_TYPED : STEP_OTHER;
     case TOK_OPEN:
+      t->items.isListAsked = true;
       return STEP_LIST;
     default:
       return STEP_OTHER;
@@ -85,23 +86,12 @@ STEPitem Peek(STEPtransfer* t) {
   return kind;
 }
 
-// Reads up to the bracket that closes the one at hand. The depth of brackets in between has no limit.
-void SkipToClose(STEPtransfer* t) {
-  for (long long depth = 1; depth > 0;) {
-    const int token = NextToken(t);
-    if (token == TOK_OPEN) ++depth;
-    if (token == TOK_CLOSE) --depth;
-    if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
-    if (token == TOK_SEMI || token == TOK_EOF) return;
-  }
-}
-
 void SkipValue(STEPtransfer* t) {
   const STEPitem kind = Peek(t);
   if (kind == STEP_END) return;
   t->pushedToken = kNoToken;
   if (kind == STEP_TYPED) NextToken(t);
-  if (kind == STEP_TYPED || kind == STEP_LIST) SkipToClose(t);
+  if (kind == STEP_TYPED || kind == STEP_LIST) SkipToClose(t, 1);
 }
 
 // The first byte of every value that is there.
@@ -248,7 +238,7 @@ const char* rSTEPopen(STEPtransfer* t, const char* name) {
 
 void rSTEPclose(STEPtransfer* t) {
   if (t->items.depth == 0) return;
-  if (t->lastToken != TOK_SEMI) SkipToClose(t);
+  if (t->lastToken != TOK_SEMI) SkipToClose(t, 1);
   if (--t->items.depth == 0 && t->items.isInElement) LeaveElement(t);
 }
 
@@ -266,6 +256,16 @@ bool rSTEPrefuse(STEPtransfer* t, const char* /*name*/, const char* message) {
 
 const char* rSTEPtoken(STEPtransfer* t, const char* name) {
   return t->xml ? ElementValue(t, name) : TokenFromTokens(t);
+}
+
+void steprt::SkipToClose(STEPtransfer* t, long long depth) {
+  while (depth > 0) {
+    const int token = NextToken(t);
+    if (token == TOK_OPEN) ++depth;
+    if (token == TOK_CLOSE) --depth;
+    if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
+    if (token == TOK_SEMI || token == TOK_EOF) return;
+  }
 }
 
 void steprt::CloseAllItems(STEPtransfer* t) {

@@ -1,4 +1,4 @@
-// What the drivers need of items.h.
+// What the drivers and the list readers need of items.h.
 #ifndef STEPRT_READ_ITEMS_H
 #define STEPRT_READ_ITEMS_H
 
@@ -7,6 +7,9 @@
 namespace steprt {
 
 void CloseAllItems(STEPtransfer* t);
+
+// Reads up to the bracket that closes as many as are open. Their number has no limit. A `;` closes the record.
+void SkipToClose(STEPtransfer* t, long long depth);
 
 // Closes the values that a read function has left open. Few records have any, so only the question is on the path of
 // all.

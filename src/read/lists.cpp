@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "read/attribute.h"
+#include "read/items.h"
 #include "read/list_appender.h"
 #include "read/tokeniser.h"
 #include "read/transfer/report.h"
@@ -20,14 +21,26 @@ int NextItemToken(STEPtransfer* t) {
   return token == TOK_COMMA ? NextToken(t) : token;  // unlike NextAttrToken, a `;` does not close the record
 }
 
+// Passes over the rest of a list after the token of a refused item. If the client has asked for its kind, all brackets
+// count. Otherwise the first skip reads through the next `)`, and the second acts on the refused token: so a list that
+// is nested one deep is skipped whole.
+void SkipRestOfList(STEPtransfer* t, int token, bool isAsked) {
+  if (!isAsked) {
+    SkipAttribute(t, TOK_OPEN);
+    return SkipAttribute(t, token);
+  }
+  if (token == TOK_SEMI) t->lastToken = TOK_SEMI;
+  if (token != TOK_SEMI && token != TOK_EOF) SkipToClose(t, token == TOK_OPEN ? 2 : 1);
+}
+
 enum class NullList { kAccepted, kRefused };
 
 // list = "$" | "(" { [","] item } ")"
 //
-// `appendItem` appends an item or refuses it. A refused one ends the list: the first skip reads through the next `)`,
-// the second acts on the refused token. So a list that is nested one deep is skipped whole.
+// `appendItem` appends an item or refuses it, which ends the list.
 template <typename AppendItem>
 void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const char* message, AppendItem appendItem) {
+  const bool isAsked = t->pushedToken == TOK_OPEN && t->items.isListAsked;
   int token = NextAttrToken(t);
   if (token == TOK_SEMI) return;
   ListAppender list(t, out);
@@ -38,9 +51,10 @@ void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const ch
       token = NextItemToken(t);
       if (token == TOK_CLOSE) return;
     } while (appendItem(token, list));
-    SkipAttribute(t, TOK_OPEN);
+    SkipRestOfList(t, token, isAsked);
+  } else {
+    SkipAttribute(t, token);
   }
-  SkipAttribute(t, token);
   ReportError(t, message);
 }
 

@@ -27,6 +27,7 @@ template <typename Value>
 Value PushBack(STEPtransfer* t, const char* message, int token, Value neutral) {
   ReportError(t, message);
   t->pushedToken = token;
+  t->items.isListAsked = false;
   return neutral;
 }
 

@@ -91,6 +91,35 @@ TEST(Items, GiveTheirMembersToEveryReader) {
   EXPECT_EQ(Read("#1=PROBE(MIX((1.,2.),'x',5,6,(6,(7)),$),7);", read), Texts{"x 5 6 7"});
 }
 
+// Unasked, a list with an item of another kind leaves a part of it to the next readers. So it does when a reader of
+// numbers has refused it in the meantime.
+TEST(Items, ThatAreListsAreReadWholeOnceTheirKindIsAsked) {
+  const auto read = [](bool asks, bool reads) {
+    return [=](STEPtransfer* t) {
+      if (asks) rSTEPkind(t, kA);
+      if (reads) rSTEPint(t, kA);
+      STEPaggr reals;
+      STEPaggr* list = &reals;
+      xrSTEPaggrPrim(t, kA, &list);
+      DeleteSTEPlist(&reals.head);
+      return std::string(rSTEPtoken(t, kA));
+    };
+  };
+  for (const Texts& row : Table(R"(
+    (1,(2,3),4),7      | 7 | 7
+    (1,(2),(3)),7      | 7 |
+    (((1)),2),7        | 7 | 2
+    (A(1),2),7         | 7 | 2
+    (1,'x';#2=PROBE(7) |   |
+  )",
+                                3)) {
+    EXPECT_EQ(Read("#1=PROBE(" + row[0] + ");", read(true, false))[0], row[1]) << row[0];
+    for (const bool asks : {false, true}) {
+      EXPECT_EQ(Read("#1=PROBE(" + row[0] + ");", read(asks, asks))[0], row[2]) << row[0];
+    }
+  }
+}
+
 TEST(Items, AsNullsAreTakenAndOthersLeft) {
   const auto read = [](STEPtransfer* t) {
     std::string text;

@@ -41,6 +41,10 @@ TEST(Records, LoseOneAttributeAndNoMore) {
     LINE('a',5,#1)              | LINE('a',$,#1)       | Missing reference
     LINE('a',A(#1),#1)          | LINE('a',$,#1)       | Missing reference
     LINE('a',(#1,5),#1)         | LINE('a',(#1),#1)    | Missing reference
+    LINE('a',(#1,(#1),(5)),#1)  | LINE('a',(#1),#1)    | Missing reference
+    LINE('a',(A((#1)),#1),#1)   | LINE('a',(),#1)      | Missing reference
+    LINE('a',(#1,5              | LINE('a',(#1),$)     | Missing reference
+    LINE('a',(#1                | LINE('a',(#1),$)     | Missing reference
     LINE('a',$,'x')             | LINE('a',$,$)        | Missing reference
     LINE('a',$,((1),2))         | LINE('a',$,$)        | Missing reference
     LINE('a',$,#2)              | LINE('a',$,#2)       | Reference to wrong object type ''
@@ -59,6 +63,7 @@ TEST(Records, LoseOneAttributeAndNoMore) {
     BINARIES((((1)),"1A",A(1))) | BINARIES(($,"1A",$)) | Missing binary & Missing binary
     REALS(A((1)))               | REALS($)             | Missing primitive in list
     ROWS((5,(1)))               | ROWS(($,(1)))        | Missing primitive in list
+    ROWS(((1,(2),(3)),(4)))     | ROWS(((1),(4)))      | Missing primitive in list
     ROWS(A((1)))                | ROWS($)              | Missing list
     INTEGERS((1,'x',(2),3))     | INTEGERS((1,$,$,3))  | Missing integer & Missing integer
     VALUE(NAME)                 | VALUE($)             | Missing value

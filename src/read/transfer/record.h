@@ -52,6 +52,7 @@ struct STEPfixup {
 struct ItemState {
   int depth = 0;
   bool isInElement = false;                  // the outermost one is in an XML element; `xml` is false meanwhile
+  bool isListAsked = false;                  // while a `(` is pushed back: rSTEPkind did it
   int line = 0;                              // in the file, where the element is read
   int lastToken = 0;                         // of the transfer, where the element is written
   const char* element = nullptr;             // the name of the one that is written
