@@ -67,6 +67,9 @@ struct Building {
   std::vector<Room> rooms;
 };
 
+// Turns the building about the origin, so that most of its walls run along the axes, and north with it.
+void AlignWithAxes(Building* building);
+
 }  // namespace plan
 
 #endif

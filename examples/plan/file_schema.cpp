@@ -17,6 +17,8 @@ std::string HeadOf(const std::string& path) {
   return head;
 }
 
+bool IsXmlHead(const std::string& head) { return head.compare(0, 5, "<?xml") == 0; }
+
 // The first text after the keyword.
 std::string InClearText(const std::string& head) {
   const std::size_t keyword = head.find("FILE_SCHEMA");
@@ -40,8 +42,10 @@ std::string InXml(const std::string& head) {
 
 std::string SchemaOf(const std::string& path) {
   const std::string head = HeadOf(path);
-  return head.compare(0, 5, "<?xml") == 0 ? InXml(head) : InClearText(head);
+  return IsXmlHead(head) ? InXml(head) : InClearText(head);
 }
+
+bool IsXml(const std::string& path) { return IsXmlHead(HeadOf(path)); }
 
 bool HasByteOrderMark(const std::string& path) { return HeadOf(path).compare(0, 3, "\xEF\xBB\xBF") == 0; }
 

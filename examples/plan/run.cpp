@@ -49,12 +49,22 @@ std::unique_ptr<BuildingModel> ModelFor(const std::string& file) {
   return model;
 }
 
+// The same classes serve both forms. Reports() says what was wrong.
+void ReadForm(steprt::Model& model, bool xml, const std::string& path) {
+  Reports().Clear();
+  if (xml) {
+    model.Name(path.c_str());
+    model.ReadXml(nullptr);
+  } else {
+    model.Read(path, true);
+  }
+}
+
 // Reads the file and tells the time, the reports by kind and the instances by entity.
 bool ReadModel(steprt::Model& model, const std::string& file) {
   const double megabytes = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
-  Reports().Clear();
   const auto start = std::chrono::steady_clock::now();
-  model.Read(file, true);
+  ReadForm(model, IsXml(file), file);
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   if (model.IsEmpty()) {
     return Fail(file + " has nothing that can be read: " +
@@ -81,7 +91,8 @@ struct Series {
   std::string only;    // the one storey to draw; empty for all
 };
 
-bool DrawPlans(const Building& building, const Job& job, const Series& series) {
+bool DrawPlans(Building building, const Job& job, const Series& series) {
+  AlignWithAxes(&building);
   const std::vector<FloorPlan> plans = FloorPlans(building);
   const Caption caption = {building.name, series.note, building.knowsNorth, building.north};
   const int scale = ScaleFor(plans);
@@ -110,15 +121,7 @@ bool Edit(BuildingModel& model, const Job& job) {
   return DrawPlans(model.Extract(), job, {"edited_", kEditNote, edit.storey});
 }
 
-// The same classes serve both forms.
-int ReadForm(steprt::Model& model, bool xml, const std::string& path) {
-  if (!xml) return model.Read(path, true);
-  model.Name(path.c_str());
-  return model.ReadXml(nullptr);
-}
-
 bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path) {
-  Reports().Clear();
   const int records = xml ? model.WriteXml(path, kRemark) : model.Write(path, kRemark);
   if (records < 0) return Fail("cannot write " + path);
   std::printf("Wrote %s: %d records\n", path.c_str(), records);

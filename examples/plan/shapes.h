@@ -3,7 +3,7 @@
 #ifndef PLAN_SHAPES_H
 #define PLAN_SHAPES_H
 
-#include <cstring>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -12,6 +12,11 @@
 namespace plan {
 
 constexpr int kDeepestItem = 16;  // of mapped items and clippings in one another
+
+// Whether a representation is the shape in three dimensions. Old files do not name it.
+inline bool IsBody(std::string_view identifier) {
+  return identifier.empty() || identifier == "Body" || identifier == "BODY" || identifier == "body";
+}
 
 // The prism over a face.
 inline Body Prism(const FlatFace& bottom, Vec3 rise) {
@@ -62,8 +67,7 @@ class ShapeReader {
     metres.z = {0, 0, units_.metres};
     const Frame frame = metres * FrameOfProduct<Ifc>(product);
     for (const auto& representation : shape->Representations) {
-      if (std::strcmp(representation.RepresentationIdentifier.Get(), "Body") != 0) continue;
-      TakeItems(representation, frame, 0, &bodies);
+      if (IsBody(representation.RepresentationIdentifier.Get())) TakeItems(representation, frame, 0, &bodies);
     }
     return bodies;
   }

@@ -26,7 +26,7 @@ struct Format {
   }
 };
 const Format kFormats[] = {{"A4", 297, 210}, {"A4", 210, 297}, {"A3", 420, 297}, {"A3", 297, 420}};
-const int kScales[] = {20, 50, 75, 100, 125, 150, 200, 250, 300, 400, 500, 750, 1000};
+const int kScales[] = {20, 50, 75, 100, 125, 150, 200, 250, 300, 400, 500, 750, 1000, 2000, 5000};
 
 // The smallest format for a size in metres; null if even the largest is too small.
 const Format* FormatFor(Vec2 metres, int scale) {
