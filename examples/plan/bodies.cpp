@@ -34,7 +34,9 @@ void SliceFace(const FlatFace& face, double height, std::vector<Segment>* segmen
 
 // What a cut takes away at this height, as a convex polygon; empty for nothing.
 Polygon TakenAt(const Cut& cut, double height) {
-  const Polygon all = {{-kFar, -kFar}, {kFar, -kFar}, {kFar, kFar}, {-kFar, kFar}};
+  const Vec2 middle{cut.point.x, cut.point.y};
+  const Polygon all = {middle + Vec2{-kFar, -kFar}, middle + Vec2{kFar, -kFar}, middle + Vec2{kFar, kFar},
+                       middle + Vec2{-kFar, kFar}};
   const Polygon limit = cut.limit.empty() ? all : cut.limit;
   const Vec2 normal{cut.normal.x, cut.normal.y};
   const double above = cut.normal.z * (height - cut.point.z);
@@ -43,7 +45,7 @@ Polygon TakenAt(const Cut& cut, double height) {
 
   // On the sheet the plane is a line, across `normal` and through `start`.
   const Vec2 out = normal * (1 / slope);
-  const Vec2 start = Vec2{cut.point.x, cut.point.y} - out * (above / slope);
+  const Vec2 start = middle - out * (above / slope);
   const Vec2 along{-out.y, out.x};
   const Polygon half = {start + along * kFar, start - along * kFar, start - along * kFar + out * kFar,
                         start + along * kFar + out * kFar};

@@ -1,7 +1,9 @@
 #include "building.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 
 namespace plan {
 namespace {
@@ -34,35 +36,49 @@ void Turn(Frame* frame, Vec2 x) {
   for (Vec3* part : {&frame->x, &frame->y, &frame->z, &frame->origin}) *part = Turned(*part, x);
 }
 
-// The angle from the axes to the level edges of a wall, as a vector: four times the angle, so that right angles make
-// no difference, and the length of the edges.
-Vec2 QuadrupledAngle(const Ring& ring) {
-  Vec2 sum;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const Vec3 edge = ring[(i + 1) % ring.size()] - ring[i];
-    const double length = std::hypot(edge.x, edge.y);
-    if (std::fabs(edge.z) > kAligned * length) continue;
-    const double angle = 4 * std::atan2(edge.y, edge.x);
-    sum = sum + Vec2{std::cos(angle), std::sin(angle)} * length;
-  }
-  return sum;
-}
+constexpr double kRight = M_PI / 2;
+constexpr int kSectors = 90;  // of a right angle
 
-double AngleOf(const std::vector<Wall>& walls) {
-  Vec2 sum;
-  for (const Wall& wall : walls) {
-    for (const Body& body : wall.bodies) {
-      for (const FlatFace& face : body.faces) sum = sum + QuadrupledAngle(face[0]);
+// Level edges by their angle, of which a right angle more or less makes no difference.
+class Directions {
+ public:
+  void Take(const Ring& ring) {
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+      const Vec3 edge = ring[(i + 1) % ring.size()] - ring[i];
+      const double length = std::hypot(edge.x, edge.y);
+      if (std::fabs(edge.z) > kAligned * length || length <= 0) continue;
+      const double angle = std::remainder(std::atan2(edge.y, edge.x), kRight);  // from -45 to 45 degrees
+      Sector& sector = sectors[(std::lround(angle / kRight * kSectors) + kSectors) % kSectors];
+      sector.length += length;
+      sector.moment += length * angle;
     }
   }
-  return std::atan2(sum.y, sum.x) / 4;
-}
+
+  // The mean angle of the sector that has the longest edges in all.
+  double Main() const {
+    const Sector* main = std::max_element(std::begin(sectors), std::end(sectors),
+                                          [](const Sector& a, const Sector& b) { return a.length < b.length; });
+    return main->length > 0 ? main->moment / main->length : 0;
+  }
+
+ private:
+  struct Sector {
+    double length = 0, moment = 0;
+  };
+  Sector sectors[kSectors];
+};
 
 }  // namespace
 
-void AlignWithAxes(Building* building) {
-  const double angle = AngleOf(building->walls);
-  if (std::fabs(angle) < kAligned) return;
+double AlignWithAxes(Building* building) {
+  Directions directions;
+  for (const Wall& wall : building->walls) {
+    for (const Body& body : wall.bodies) {
+      for (const FlatFace& face : body.faces) directions.Take(face[0]);
+    }
+  }
+  const double angle = directions.Main();
+  if (std::fabs(angle) < kAligned) return 0;
   const Vec2 x = {std::cos(angle), -std::sin(angle)};  // where the x axis goes
   building->north = Turned(building->north, x);
   for (Wall& wall : building->walls) {
@@ -77,6 +93,7 @@ void AlignWithAxes(Building* building) {
     for (Part& part : *parts) Turn(&part.bodies, x);
   }
   for (Room& room : building->rooms) Turn(&room.bodies, x);
+  return -angle * 180 / M_PI;
 }
 
 }  // namespace plan

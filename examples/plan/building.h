@@ -53,7 +53,8 @@ struct Room : Part {
 
 struct Storey {
   std::string name;
-  double elevation = 0;
+  double elevation = 0;  // in the coordinates of the building
+  double level = 0;      // as the file names it, relative to the level of the entrance
 };
 
 struct Building {
@@ -67,8 +68,9 @@ struct Building {
   std::vector<Room> rooms;
 };
 
-// Turns the building about the origin, so that most of its walls run along the axes, and north with it.
-void AlignWithAxes(Building* building);
+// Turns the building about the origin, so that most of its walls run along the axes, and north with it. Returns the
+// angle in degrees, counter-clockwise; 0 if they do already.
+double AlignWithAxes(Building* building);
 
 }  // namespace plan
 

@@ -2,6 +2,7 @@
 #ifndef PLAN_BUILDING_READER_H
 #define PLAN_BUILDING_READER_H
 
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -103,7 +104,9 @@ class BuildingReader {
     for (auto& storey : model_.template All<typename Ifc::BuildingStorey>()) {
       const std::string name = LabelOf(storey.Name.Get());
       const std::string number = std::to_string(building.storeys.size() + 1);
-      building.storeys.push_back({name.empty() ? "Storey " + number : name, ElevationOf(storey)});
+      const double elevation = FrameOfProduct<Ifc>(storey).origin.z * units_.metres;
+      const double level = storey.Elevation.Or(elevation / units_.metres) * units_.metres;
+      building.storeys.push_back({name.empty() ? "Storey " + number : name, elevation, level});
     }
     for (auto& wall : model_.template All<typename Ifc::Wall>()) ReadWall(wall, &building);
     for (auto& slab : model_.template All<typename Ifc::Slab>()) {
@@ -124,10 +127,6 @@ class BuildingReader {
   }
 
  private:
-  double ElevationOf(const typename Ifc::BuildingStorey& storey) const {
-    return FrameOfProduct<Ifc>(storey).origin.z * units_.metres;
-  }
-
   void ReadProject(Building* building) {
     const auto* project = First<typename Ifc::Project>(model_);
     if (!project) return;

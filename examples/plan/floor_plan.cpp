@@ -25,6 +25,7 @@ class Builder {
     FloorPlan plan;
     plan.name = storey.name;
     plan.elevation = storey.elevation;
+    plan.level = storey.level;
     height = plan.elevation + kCutAboveFloor + kOffCorners;
     for (const Wall& wall : building.walls) AddWall(wall, &plan);
     for (const Part& column : building.columns) AddCut(SliceAll(column.bodies), &plan.columns);

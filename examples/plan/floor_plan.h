@@ -36,8 +36,8 @@ struct RoomLabel {
 
 struct FloorPlan {
   std::string name;
-  double elevation = 0;
-  std::vector<Region> walls;  // openings taken out
+  double elevation = 0, level = 0;  // see Storey
+  std::vector<Region> walls;        // openings taken out
   std::vector<Region> columns;
   std::vector<Region> panels;
   std::vector<Region> floors;

@@ -92,7 +92,8 @@ struct Series {
 };
 
 bool DrawPlans(Building building, const Job& job, const Series& series) {
-  AlignWithAxes(&building);
+  const double turned = AlignWithAxes(&building);
+  if (turned != 0) std::printf("  turned by %.1f degrees, so that most walls run along the sheet\n", turned);
   const std::vector<FloorPlan> plans = FloorPlans(building);
   const Caption caption = {building.name, series.note, building.knowsNorth, building.north};
   const int scale = ScaleFor(plans);

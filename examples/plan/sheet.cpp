@@ -74,9 +74,9 @@ void DrawNorth(Vec2 middle, Vec2 north, Svg* svg) {
   svg->Text(middle + up * (kRadius + 2) + Vec2{0, 1}, "N", {2.8, "middle", "#222222", true});
 }
 
-std::string LevelText(double elevation) {
-  const char* sign = std::fabs(elevation) < 0.005 ? "±" : elevation > 0 ? "+" : "−";
-  return sign + NumberText(std::fabs(elevation), 2);
+std::string LevelText(double level) {
+  const char* sign = std::fabs(level) < 0.005 ? "±" : level > 0 ? "+" : "−";
+  return sign + NumberText(std::fabs(level), 2);
 }
 
 }  // namespace
@@ -113,10 +113,10 @@ void DrawFrame(const Sheet& sheet, const Caption& caption, const FloorPlan& plan
   const Vec2 left = {kMargin + kIndent, bottom - kTitle};
   const double side = kSideColumn - kIndent;
   FittedText(left + Vec2{0, 7.5}, plan.name, side, {5, "start", "#222222", true}, svg);
-  FittedText(left + Vec2{0, 13.5},
-             "Floor plan, level " + LevelText(plan.elevation) + " m, cut " + NumberText(kCutAboveFloor, 2) +
-                 " m above the floor",
-             side, {2.6, "start"}, svg);
+  FittedText(
+      left + Vec2{0, 13.5},
+      "Floor plan, level " + LevelText(plan.level) + " m, cut " + NumberText(kCutAboveFloor, 2) + " m above the floor",
+      side, {2.6, "start"}, svg);
   const double middle = sheet.width - 2 * (kMargin + kSideColumn);
   FittedText({sheet.width / 2, left.y + 7.5}, caption.project, middle, {3.2, "middle"}, svg);
   FittedText({sheet.width / 2, left.y + 13.5},
