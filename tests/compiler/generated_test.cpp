@@ -1,4 +1,5 @@
 // Generated classes at work: what they read, hold, write and report.
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <steprt/library.h>
 
@@ -194,6 +195,7 @@ TEST(GeneratedModule, IsAttachedToAModel) {
   workshop::Descriptor()->next = nullptr;
   auto* lib = new STEPlib(module);
   lib->UnloadDLL(1);
+  EXPECT_EQ(dlopen(STEPRT_TEST_MODULE, RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
 }  // namespace

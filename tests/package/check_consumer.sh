@@ -22,9 +22,9 @@ build_by_pkg_config() {
     "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror "$source/examples/$client.cpp" -o "$folder/$client" \
       "${flags[@]}"
   done
-  "$prefix/bin/steprt" compile "$here/schema/plant.exp" --out "$folder/schema" --parts 1
-  "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror -I"$folder/schema" "$here/schema/plant_client.cpp" \
-    "$folder"/schema/*.cpp -o "$folder/plant_client" "${flags[@]}"
+  "$prefix/bin/steprt" compile "$source/examples/compiled/plant.exp" --out "$folder/schema" --parts 1
+  "$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror -I"$folder/schema" "$source/examples/compiled/main.cpp" \
+    "$folder"/schema/*.cpp -o "$folder/compiled" "${flags[@]}"
   export LD_LIBRARY_PATH
   LD_LIBRARY_PATH=$(pkg-config --variable=libdir steprt)
 }
@@ -38,7 +38,7 @@ case $way in
   without_xml) build_by_cmake subdirectory -DSTEPRT_SOURCE="$source" -DSTEPRT_XML=OFF -DSTEPRT_TOOLS=OFF ;;
 esac
 "$folder/edit_and_write" "$folder"
-[ "$way" = without_xml ] || "$folder/plant_client" "$folder"
+[ "$way" = without_xml ] || "$folder/compiled" "$folder"
 # Without the XML reader nothing comes of a document, which this client says in its result.
 if [ "$way" = without_xml ]; then
   if "$folder/stp_xml_convert" "$folder"; then exit 1; fi
