@@ -2,89 +2,58 @@
 // any of these sizes would exceed the time limit of the test.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "loading.h"
+#include "support/repeat.h"
 
 namespace {
 
 using express_test::LoadBody;
 using express_test::Loaded;
 using express_test::LoadTexts;
+using express_test::Schema;
+using steprt_test::Repeat;
 
 constexpr int kMany = 20'000;
 
-std::string Repeated(int count, const std::function<std::string(int)>& piece) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += piece(i);
-  return text;
-}
-
-std::string Number(int i) { return std::to_string(i); }
-std::string Times(int count, const std::string& piece) {
-  return Repeated(count, [&](int) { return piece; });
+// Declarations, each of which refers to the one before it.
+std::string Chain(const std::string& first, const std::string& each, int count = kMany) {
+  return first + " " + Repeat(count, each);
 }
 
 TEST(Hostile, LongAndDeepTextsAreRead) {
-  const std::string open = Times(kMany * 10, "(");
-  const std::string close = Times(kMany * 10, ")");
   const struct {
     const char* what;
     std::string body;
   } rows[] = {
-      {"remark", "(*" + Times(kMany * 20, " x *") + "*)"},
-      {"nested remarks", Times(kMany * 10, "(*") + Times(kMany * 10, "*)")},
-      {"brackets", "CONSTANT c : REAL := " + open + "1" + close + "; END_CONSTANT;"},
-      {"nested functions", Times(kMany, "FUNCTION f : REAL; ") + Times(kMany, "END_FUNCTION; ")},
-      {"blocks", "PROCEDURE p; " + Times(kMany, "IF a THEN ") + Times(kMany, "END_IF; ") + "END_PROCEDURE;"},
-      {"entities", Repeated(kMany, [](int i) { return "ENTITY e" + Number(i) + "; a, b : REAL; END_ENTITY;"; })},
-      {"items",
-       "TYPE t = ENUMERATION OF (a" + Repeated(kMany, [](int i) { return ",e" + Number(i); }) + "); END_TYPE;"},
-      {"supertypes", "ENTITY e0; END_ENTITY;" + Repeated(kMany,
-                                                         [](int i) {
-                                                           return "ENTITY e" + Number(i + 1) + " SUBTYPE OF (e" +
-                                                                  Number(i) + "); END_ENTITY;";
-                                                         })},
-      {"diamonds of supertypes",
-       "ENTITY a0; x : REAL; END_ENTITY;" + Repeated(kMany / 3,
-                                                     [](int i) {
-                                                       const std::string below =
-                                                           " SUBTYPE OF (a" + Number(i) + "); END_ENTITY;";
-                                                       return "ENTITY b" + Number(i) + below + "ENTITY c" + Number(i) +
-                                                              below + "ENTITY a" + Number(i + 1) + " SUBTYPE OF (b" +
-                                                              Number(i) + ", c" + Number(i) + "); END_ENTITY;";
-                                                     })},
+      {"remark", "(*" + Repeat(kMany * 20, " x *") + "*)"},
+      {"nested remarks", Repeat(kMany * 10, "(*") + Repeat(kMany * 10, "*)")},
+      {"brackets",
+       "CONSTANT c : REAL := " + Repeat(kMany * 10, "(") + "1" + Repeat(kMany * 10, ")") + "; END_CONSTANT;"},
+      {"nested functions", Repeat(kMany, "FUNCTION f : REAL; ") + Repeat(kMany, "END_FUNCTION; ")},
+      {"blocks", "PROCEDURE p; " + Repeat(kMany, "IF a THEN ") + Repeat(kMany, "END_IF; ") + "END_PROCEDURE;"},
+      {"entities", Repeat(kMany, "ENTITY e@; a, b : REAL; END_ENTITY;")},
+      {"items", "TYPE t = ENUMERATION OF (a" + Repeat(kMany, ",e@") + "); END_TYPE;"},
+      {"supertypes", Chain("ENTITY e0; END_ENTITY;", "ENTITY e^ SUBTYPE OF (e@); END_ENTITY;")},
+      {"diamonds of supertypes", Chain("ENTITY a0; x : REAL; END_ENTITY;",
+                                       "ENTITY b@ SUBTYPE OF (a@); END_ENTITY; ENTITY c@ SUBTYPE OF (a@); END_ENTITY;"
+                                       "ENTITY a^ SUBTYPE OF (b@, c@); END_ENTITY;",
+                                       kMany / 3)},
       {"diamonds of selects",
-       "TYPE a0 = REAL; END_TYPE;" + Repeated(kMany / 3,
-                                              [](int i) {
-                                                const std::string one = " = SELECT (a" + Number(i) + "); END_TYPE;";
-                                                return "TYPE b" + Number(i) + one + "TYPE c" + Number(i) + one +
-                                                       "TYPE a" + Number(i + 1) + " = SELECT (b" + Number(i) + ", c" +
-                                                       Number(i) + "); END_TYPE;";
-                                              })},
-      {"aliases",
-       "TYPE t0 = REAL; END_TYPE;" +
-           Repeated(kMany, [](int i) { return "TYPE t" + Number(i + 1) + " = t" + Number(i) + "; END_TYPE;"; })},
-      {"redeclarations", "ENTITY e0; x : REAL; END_ENTITY;" + Repeated(kMany,
-                                                                       [](int i) {
-                                                                         return "ENTITY e" + Number(i + 1) +
-                                                                                " SUBTYPE OF (e" + Number(i) +
-                                                                                "); SELF\\e" + Number(i) +
-                                                                                ".x : REAL; END_ENTITY;";
-                                                                       })},
+       Chain("TYPE a0 = REAL; END_TYPE;",
+             "TYPE b@ = SELECT (a@); END_TYPE; TYPE c@ = SELECT (a@); END_TYPE; TYPE a^ = SELECT (b@, c@); END_TYPE;",
+             kMany / 3)},
+      {"aliases", Chain("TYPE t0 = REAL; END_TYPE;", "TYPE t^ = t@; END_TYPE;")},
+      {"redeclarations",
+       Chain("ENTITY e0; x : REAL; END_ENTITY;", "ENTITY e^ SUBTYPE OF (e@); SELF\\e@.x : REAL; END_ENTITY;")},
   };
   for (const auto& row : rows) EXPECT_EQ(LoadBody(row.body).Messages(), "") << row.what;
 }
 
 TEST(Hostile, LongChainsOfSchemasAreFollowed) {
-  const std::string last = "SCHEMA s" + Number(kMany) + "; TYPE x = REAL; END_TYPE; END_SCHEMA;";
-  for (const char* list : {"", " (x)"}) {
-    const Loaded loaded = LoadTexts({Repeated(kMany,
-                                              [&](int i) {
-                                                return "SCHEMA s" + Number(i) + "; USE FROM s" + Number(i + 1) + list +
-                                                       "; TYPE t = x; END_TYPE; END_SCHEMA;";
-                                              }) +
-                                     last});
+  const std::string last = "SCHEMA s" + std::to_string(kMany) + "; TYPE x = REAL; END_TYPE; END_SCHEMA;";
+  for (const std::string list : {"", " (x)"}) {
+    const std::string each = "SCHEMA s@; USE FROM s^" + list + "; TYPE t = x; END_TYPE; END_SCHEMA;";
+    const Loaded loaded = LoadTexts({Repeat(kMany, each) + last});
     EXPECT_EQ(loaded.Messages(), "") << list;
   }
 }
@@ -95,33 +64,13 @@ TEST(Hostile, ResultsThatAreLargerThanTheTextAreRefused) {
     std::string text;
   } rows[] = {
       {"inherited attributes",
-       express_test::Schema("ENTITY e0; END_ENTITY;" + Repeated(kMany,
-                                                                [](int i) {
-                                                                  return "ENTITY e" + Number(i + 1) + " SUBTYPE OF (e" +
-                                                                         Number(i) + "); a : REAL; END_ENTITY;";
-                                                                }))},
-      {"members", express_test::Schema("TYPE t0 = REAL; END_TYPE;" + Repeated(kMany,
-                                                                              [](int i) {
-                                                                                return "TYPE t" + Number(i + 1) +
-                                                                                       " = SELECT (t" + Number(i) +
-                                                                                       ", r" + Number(i) +
-                                                                                       "); END_TYPE; TYPE r" +
-                                                                                       Number(i) + " = REAL; END_TYPE;";
-                                                                              }))},
-      {"items", express_test::Schema("TYPE t0 = EXTENSIBLE ENUMERATION; END_TYPE;" +
-                                     Repeated(kMany,
-                                              [](int i) {
-                                                return "TYPE t" + Number(i + 1) +
-                                                       " = EXTENSIBLE ENUMERATION BASED_ON t" + Number(i) + " WITH (i" +
-                                                       Number(i) + "); END_TYPE;";
-                                              }))},
-      {"names", Repeated(kMany,
-                         [](int i) {
-                           return "SCHEMA s" + Number(i) + "; USE FROM s" + Number(i + 1) + "; TYPE t = x" + Number(i) +
-                                  "; END_TYPE; END_SCHEMA;";
-                         }) +
-                    "SCHEMA s" + Number(kMany) + ";" +
-                    Repeated(kMany, [](int i) { return "TYPE x" + Number(i) + " = REAL; END_TYPE;"; }) + "END_SCHEMA;"},
+       Schema(Chain("ENTITY e0; END_ENTITY;", "ENTITY e^ SUBTYPE OF (e@); a : REAL; END_ENTITY;"))},
+      {"members",
+       Schema(Chain("TYPE t0 = REAL; END_TYPE;", "TYPE t^ = SELECT (t@, r@); END_TYPE; TYPE r@ = REAL; END_TYPE;"))},
+      {"items", Schema(Chain("TYPE t0 = EXTENSIBLE ENUMERATION; END_TYPE;",
+                             "TYPE t^ = EXTENSIBLE ENUMERATION BASED_ON t@ WITH (i@); END_TYPE;"))},
+      {"names", Repeat(kMany, "SCHEMA s@; USE FROM s^; TYPE t = x@; END_TYPE; END_SCHEMA;") + "SCHEMA s" +
+                    std::to_string(kMany) + ";" + Repeat(kMany, "TYPE x@ = REAL; END_TYPE;") + "END_SCHEMA;"},
   };
   for (const auto& row : rows) {
     const Loaded loaded = LoadTexts({row.text});
@@ -131,39 +80,25 @@ TEST(Hostile, ResultsThatAreLargerThanTheTextAreRefused) {
 }
 
 TEST(Hostile, BrokenTextsEnd) {
+  const std::string last = std::to_string(kMany);
   const struct {
     const char* what;
     std::string text;
     std::size_t errors;
   } rows[] = {
-      {"open remarks", Times(kMany * 10, "(*"), 2},
-      {"open brackets", "SCHEMA s; CONSTANT c : REAL := " + Times(kMany * 10, "["), 3},
-      {"open functions", "SCHEMA s; " + Times(kMany, "FUNCTION f : REAL; "), 2},
-      {"deep constraint", express_test::Schema("ENTITY e SUPERTYPE OF (" + Times(kMany * 10, "(") + "; END_ENTITY;"),
-       1},
-      {"deep type", express_test::Schema("TYPE t = " + Times(kMany * 10, "LIST OF ") + "; END_TYPE;"), 1},
-      {"ends", Times(kMany, "END_TYPE;"), 1},
-      {"bad characters", Times(kMany, "$ "), 100},
-      {"unknown names",
-       express_test::Schema(
-           Repeated(kMany, [](int i) { return "TYPE t" + Number(i) + " = x" + Number(i) + "; END_TYPE;"; })),
-       100},
+      {"open remarks", Repeat(kMany * 10, "(*"), 2},
+      {"open brackets", "SCHEMA s; CONSTANT c : REAL := " + Repeat(kMany * 10, "["), 3},
+      {"open functions", "SCHEMA s; " + Repeat(kMany, "FUNCTION f : REAL; "), 2},
+      {"deep constraint", Schema("ENTITY e SUPERTYPE OF (" + Repeat(kMany * 10, "(") + "; END_ENTITY;"), 1},
+      {"deep type", Schema("TYPE t = " + Repeat(kMany * 10, "LIST OF ") + "; END_TYPE;"), 1},
+      {"ends", Repeat(kMany, "END_TYPE;"), 1},
+      {"bad characters", Repeat(kMany, "$ "), 100},
+      {"unknown names", Schema(Repeat(kMany, "TYPE t@ = x@; END_TYPE;")), 100},
       {"ring of supertypes",
-       express_test::Schema(Repeated(kMany,
-                                     [](int i) {
-                                       return "ENTITY e" + Number(i) + " SUBTYPE OF (e" + Number((i + 1) % kMany) +
-                                              "); END_ENTITY;";
-                                     })),
-       1},
-      {"ring of types",
-       express_test::Schema(Repeated(
-           kMany, [](int i) { return "TYPE t" + Number(i) + " = t" + Number((i + 1) % kMany) + "; END_TYPE;"; })),
-       1},
+       Schema(Chain("ENTITY e0 SUBTYPE OF (e" + last + "); END_ENTITY;", "ENTITY e^ SUBTYPE OF (e@); END_ENTITY;")), 1},
+      {"ring of types", Schema(Chain("TYPE t0 = t" + last + "; END_TYPE;", "TYPE t^ = t@; END_TYPE;")), 1},
       {"ring of selects",
-       express_test::Schema(Repeated(
-           kMany,
-           [](int i) { return "TYPE t" + Number(i) + " = SELECT (t" + Number((i + 1) % kMany) + "); END_TYPE;"; })),
-       1},
+       Schema(Chain("TYPE t0 = SELECT (t" + last + "); END_TYPE;", "TYPE t^ = SELECT (t@); END_TYPE;")), 1},
   };
   for (const auto& row : rows) EXPECT_EQ(LoadTexts({row.text}).diagnostics.Errors(), row.errors) << row.what;
 }

@@ -1,5 +1,7 @@
 #include "loading.h"
 
+#include <gtest/gtest.h>
+
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -182,6 +184,10 @@ Loaded LoadTexts(const std::vector<std::string>& texts, const Limits& limits) {
 std::string Schema(const std::string& body) { return "SCHEMA s;\n" + body + "\nEND_SCHEMA;\n"; }
 
 Loaded LoadBody(const std::string& body, const Limits& limits) { return LoadTexts({Schema(body)}, limits); }
+
+void ExpectRefusals(const std::vector<Refusal>& rows, const Limits& limits) {
+  for (const Refusal& row : rows) EXPECT_EQ(LoadBody(row.body, limits).Messages(), row.messages) << row.body;
+}
 
 std::string TypeText(const Type& type) {
   std::string text = Head(type);

@@ -26,6 +26,13 @@ Loaded LoadTexts(const std::vector<std::string>& texts, const express::Limits& l
 std::string Schema(const std::string& body);
 Loaded LoadBody(const std::string& body, const express::Limits& limits = {});
 
+// A body and all that is reported of it.
+struct Refusal {
+  const char* body;
+  const char* messages;
+};
+void ExpectRefusals(const std::vector<Refusal>& rows, const express::Limits& limits = {});
+
 std::string TypeText(const express::Type& type);
 std::string ConstraintText(const express::Constraint& constraint);
 // "owner.name", "owner.name>last.name" where it is redeclared, "*" after it where it is derived; parted by blanks.

@@ -5,21 +5,14 @@
 
 namespace {
 
+using express_test::ExpectRefusals;
 using express_test::LoadBody;
 using express_test::Loaded;
 using express_test::LoadTexts;
-
-struct Row {
-  const char* body;
-  const char* messages;
-};
-
-void CheckBodies(const std::vector<Row>& rows) {
-  for (const Row& row : rows) EXPECT_EQ(LoadBody(row.body).Messages(), row.messages) << row.body;
-}
+using express_test::Refusal;
 
 TEST(Syntax, OutsideOfSchemasOnlySchemasAreExpected) {
-  const std::vector<Row> rows = {
+  const std::vector<Refusal> rows = {
       {"", "1:1 expected SCHEMA, found the end of the file [syntax]\n"},
       {"SCHEMA s; END_SCHEMA; x; SCHEMA t; END_SCHEMA; ;",
        "1:23 expected SCHEMA, found 'x' [syntax]\n1:48 expected SCHEMA, found ';' [syntax]\n"},
@@ -31,11 +24,11 @@ TEST(Syntax, OutsideOfSchemasOnlySchemasAreExpected) {
        "1:11 expected a declaration or END_SCHEMA, found 'x' [syntax]\n"
        "1:12 expected END_SCHEMA, found the end of the file [syntax]\n"},
   };
-  for (const Row& row : rows) EXPECT_EQ(LoadTexts({row.body}).Messages(), row.messages) << row.body;
+  for (const Refusal& row : rows) EXPECT_EQ(LoadTexts({row.body}).Messages(), row.messages) << row.body;
 }
 
 TEST(Syntax, DeclarationsOfTypes) {
-  CheckBodies({
+  ExpectRefusals({
       {"TYPE = REAL; END_TYPE;", "2:6 expected the name of a type, found '=' [syntax]\n"},
       {"TYPE list = REAL; END_TYPE;", "2:6 expected the name of a type, found the reserved word 'list' [syntax]\n"},
       {"TYPE a REAL; END_TYPE;", "2:8 expected '=', found the reserved word 'REAL' [syntax]\n"},
@@ -66,7 +59,7 @@ TEST(Syntax, DeclarationsOfTypes) {
 }
 
 TEST(Syntax, DeclarationsOfEntities) {
-  CheckBodies({
+  ExpectRefusals({
       {"ENTITY e END_ENTITY;",
        "2:10 expected SUBTYPE, ABSTRACT, SUPERTYPE or ';', found the reserved word 'END_ENTITY' [syntax]\n"},
       {"ENTITY e SUPERTYPE; END_ENTITY;", "2:19 expected OF or '(', found ';' [syntax]\n"},
@@ -96,7 +89,7 @@ TEST(Syntax, DeclarationsOfEntities) {
 }
 
 TEST(Syntax, InterfacesAndConstants) {
-  CheckBodies({
+  ExpectRefusals({
       {"USE s;", "2:5 expected FROM, found 's' [syntax]\n"},
       {"USE FROM s (x AS); TYPE x = REAL; END_TYPE;", "2:17 expected a new name, found ')' [syntax]\n"},
       {"REFERENCE FROM s (x y); TYPE x = REAL; END_TYPE;", "2:21 expected AS, ',' or ')', found 'y' [syntax]\n"},
@@ -111,7 +104,7 @@ TEST(Syntax, InterfacesAndConstants) {
 }
 
 TEST(Syntax, BodiesMatchTheirBlocks) {
-  CheckBodies({
+  ExpectRefusals({
       {"FUNCTION f : REAL; IF a THEN b; END_FUNCTION; x",
        "2:33 expected END_IF, found the reserved word 'END_FUNCTION' [syntax]\n"
        "2:47 expected a declaration or END_SCHEMA, found 'x' [syntax]\n"},
@@ -162,19 +155,17 @@ TEST(Syntax, ReadingStopsAtTheLimitOfErrors) {
 TEST(Syntax, NestingHasALimit) {
   express::Limits limits;
   limits.depth = 3;
-  const struct {
-    std::string body;
-    const char* messages;
-  } rows[] = {
-      {"TYPE t = LIST OF LIST OF LIST OF REAL; END_TYPE;", ""},
-      {"TYPE t = LIST OF LIST OF LIST OF LIST OF REAL; END_TYPE;",
-       "2:34 expected at most 3 aggregates, each of the next [too-deep]\n"},
-      {"ENTITY a SUPERTYPE OF (((ONEOF (b)))); END_ENTITY; ENTITY b SUBTYPE OF (a); END_ENTITY;", ""},
-      {"ENTITY a SUPERTYPE OF ((((ONEOF (b))))); END_ENTITY; ENTITY b SUBTYPE OF (a); END_ENTITY;",
-       "2:34 expected at most 3 nested brackets [too-deep]\n"},
-      {"CONSTANT c : REAL := ((((((((1)))))))); END_CONSTANT;", ""},
-  };
-  for (const auto& row : rows) EXPECT_EQ(LoadBody(row.body, limits).Messages(), row.messages) << row.body;
+  ExpectRefusals(
+      {
+          {"TYPE t = LIST OF LIST OF LIST OF REAL; END_TYPE;", ""},
+          {"TYPE t = LIST OF LIST OF LIST OF LIST OF REAL; END_TYPE;",
+           "2:34 expected at most 3 aggregates, each of the next [too-deep]\n"},
+          {"ENTITY a SUPERTYPE OF (((ONEOF (b)))); END_ENTITY; ENTITY b SUBTYPE OF (a); END_ENTITY;", ""},
+          {"ENTITY a SUPERTYPE OF ((((ONEOF (b))))); END_ENTITY; ENTITY b SUBTYPE OF (a); END_ENTITY;",
+           "2:34 expected at most 3 nested brackets [too-deep]\n"},
+          {"CONSTANT c : REAL := ((((((((1)))))))); END_CONSTANT;", ""},
+      },
+      limits);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 namespace {
 
+using express_test::ExpectRefusals;
 using express_test::Items;
 using express_test::LoadBody;
 using express_test::Loaded;
@@ -37,10 +38,7 @@ TEST(Types, AreReadWithBoundsAndWidths) {
 }
 
 TEST(Types, RingsAreCut) {
-  const struct {
-    const char* body;
-    const char* messages;
-  } rows[] = {
+  ExpectRefusals({
       {"TYPE a = a; END_TYPE;", "2:10 expected a type that does not consist of 'a', 'a' does [type-ring]\n"},
       {"TYPE a = b; END_TYPE; TYPE b = LIST OF c; END_TYPE; TYPE c = SET OF a; END_TYPE;",
        "2:69 expected a type that does not consist of 'c', 'a' does [type-ring]\n"},
@@ -53,8 +51,7 @@ TEST(Types, RingsAreCut) {
        "2:72 expected a member that is not made of 'a', 'a' is [select-ring]\n"},
       // A list can be empty, so a value has an end.
       {"TYPE a = SELECT (b, r); END_TYPE; TYPE b = LIST OF a; END_TYPE; TYPE r = REAL; END_TYPE;", ""},
-  };
-  for (const auto& row : rows) EXPECT_EQ(LoadBody(row.body).Messages(), row.messages) << row.body;
+  });
 }
 
 TEST(Selects, AreFlattenedWithBasesAndExtensions) {
@@ -101,10 +98,7 @@ TEST(Enumerations, HaveTheItemsOfBasesAndExtensions) {
 }
 
 TEST(Types, WrongNamesAreReported) {
-  const struct {
-    const char* body;
-    const char* messages;
-  } rows[] = {
+  ExpectRefusals({
       {"TYPE a = ENUMERATION OF (x, y, X); END_TYPE;",
        "2:32 expected another name, 'X' is an item already [duplicate-name]\n"},
       {"TYPE a = LIST OF b; END_TYPE;", "2:18 expected a name of this schema, none is called 'b' [unknown-name]\n"},
@@ -122,8 +116,7 @@ TEST(Types, WrongNamesAreReported) {
        "2:75 expected a name of this schema, none is called 'd' [unknown-name]\n"},
       {"RULE r FOR (t); WHERE TRUE; END_RULE; TYPE t = REAL; END_TYPE;",
        "2:13 expected an entity, 't' is none [wrong-kind]\n2:44 it is declared here\n"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(LoadBody(row.body).Messages(), row.messages) << row.body;
+  });
 }
 
 }  // namespace

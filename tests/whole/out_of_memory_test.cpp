@@ -11,6 +11,7 @@
 #include "platform/sax.h"
 #include "support/chain.h"
 #include "support/failing_new.h"
+#include "support/repeat.h"
 #include "support/soundness.h"
 #include "xml/documents.h"
 
@@ -40,12 +41,10 @@ const char kTexts[] = "#1=SAMPLE('t',1,2.,.T.,.U.,.RED.,'select',$,(),(1,2),(.RE
 // Forward references, names and texts that outgrow their rooms, more children than are walked, and declarations that
 // Expat remembers.
 std::string Document() {
-  std::string children;
-  for (int i = 0; i < 40; ++i) children += "<x" + std::to_string(i) + "/>";
   const std::string text(5'000, 'x');
   return "<?xml version='1.0' encoding='windows-1252'?><!DOCTYPE PROJ [<!ENTITY e 'entity'><!ATTLIST DOOR d CDATA "
          "#IMPLIED>]><PROJ xmlns='urn:x'><" +
-         std::string(1300, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + children +
+         std::string(1300, 'n') + " rid='#90" + std::string(700, ' ') + "'/><SAMPLE rid='#1'>" + Repeat(40, "<x@/>") +
          "<Text>&e;" + text +
          "</Text><Bool>.T.</Bool><Log>.U.</Log><Enum>.RED.</Enum><Sel>1</Sel><Ref>#3</Ref>"
          "<Refs>#2 #3</Refs><Reals>1;2;3</Reals></SAMPLE>"

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "support/proj_schema.h"
+#include "support/repeat.h"
 #include "support/temp_files.h"
 
 namespace {
@@ -70,24 +71,18 @@ TEST(WrittenValues, NumbersAndKeywords) {
        {[](STEPtransfer*) {}, "", ""}});
 }
 
-std::string Repeated(const std::string& piece, std::size_t times) {
-  std::string text;
-  for (std::size_t i = 0; i < times; ++i) text += piece;
-  return text;
-}
-
 TEST(WrittenValues, Texts) {
-  ExpectRows({{[](STEPtransfer* t) { wSTEPtext(t, "a", nullptr); }, "$", "<a>$</a>"},
-              {Text(""), "''", "<a></a>"},
-              {Text("'"), "''''", "<a>'</a>"},
-              {Text("''a"), "'''''a'", "<a>''a</a>"},
-              {Text("a\\b\nc\xff\""), "'a\\b\nc\xff\"'", "<a>a\\b\nc\xff\"</a>"},
-              {Text("a<b&c>&&<<"), "'a<b&c>&&<<'", "<a>a&lt;b&amp;c&gt;&amp;&amp;&lt;&lt;</a>"},
-              {Text(Repeated("'&", 70'000)), "'" + Repeated("''&", 70'000) + "'",
-               "<a>" + Repeated("'&amp;", 70'000) + "</a>"}});
-  for (const std::size_t length : {51u, 52u, 256u, 257u, 65'536u}) {
-    ExpectRows({{Text(std::string(length, '&')), "'" + std::string(length, '&') + "'",
-                 "<a>" + Repeated("&amp;", length) + "</a>"}});
+  ExpectRows(
+      {{[](STEPtransfer* t) { wSTEPtext(t, "a", nullptr); }, "$", "<a>$</a>"},
+       {Text(""), "''", "<a></a>"},
+       {Text("'"), "''''", "<a>'</a>"},
+       {Text("''a"), "'''''a'", "<a>''a</a>"},
+       {Text("a\\b\nc\xff\""), "'a\\b\nc\xff\"'", "<a>a\\b\nc\xff\"</a>"},
+       {Text("a<b&c>&&<<"), "'a<b&c>&&<<'", "<a>a&lt;b&amp;c&gt;&amp;&amp;&lt;&lt;</a>"},
+       {Text(Repeat(70'000, "'&")), "'" + Repeat(70'000, "''&") + "'", "<a>" + Repeat(70'000, "'&amp;") + "</a>"}});
+  for (const int length : {51, 52, 256, 257, 65'536}) {
+    const std::string text = Repeat(length, "&");
+    ExpectRows({{Text(text), "'" + text + "'", "<a>" + Repeat(length, "&amp;") + "</a>"}});
   }
 }
 

@@ -28,6 +28,10 @@ inline Outcome ReadDocumentFile(const std::string& document) {
 
 inline std::string InRoot(const std::string& entities) { return "<PROJ>" + entities + "</PROJ>"; }
 
+// A PERSON, so that a test sees whether a document was read.
+inline const char kPersonEntity[] = "<PERSON rid=\"#1\"><Age>41</Age></PERSON>";
+inline const Outcome kPerson41 = {0, {}, {"PERSON(41)"}};
+
 // A document of one PROBE, with these child elements.
 inline std::string ProbeDocument(const std::string& children) {
   return InRoot("<PROBE rid=\"#1\">" + children + "</PROBE>");

@@ -3,17 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include "support/repeat.h"
 #include "support/soundness.h"
 #include "support/table.h"
 
 namespace {
 
 using namespace steprt_test;
-
-// A PERSON, so that the tests see whether a document was read.
-const char kPersonEntity[] = "<PERSON rid=\"#1\"><Age>41</Age></PERSON>";
-
-const Outcome kPerson41 = {0, {}, {"PERSON(41)"}};
 
 class Documents : public testing::Test {
  protected:
@@ -148,28 +144,22 @@ TEST_F(Documents, AnEntityBombIsRefused) {
   }
 }
 
-std::string Times(int count, const std::string& piece) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += piece;
-  return text;
-}
-
 TEST_F(Documents, ANestOfAMillionElementsAndATextInAMillionPiecesAreRead) {
   constexpr int kMany = 1'000'000;
-  const std::string open = Times(kMany, "<a>");
-  const std::string close = Times(kMany, "</a>");
+  const std::string open = Repeat(kMany, "<a>");
+  const std::string close = Repeat(kMany, "</a>");
   EXPECT_EQ(ReadDocument(Declared("", "1" + open + "2" + close + "3")), Read("123"));
   EXPECT_EQ(ReadDocument(open + InRoot(kPersonEntity) + close), kPerson41);
   EXPECT_EQ(ReadDocument(ProbeDocument("<A>" + open)).result, -1);
-  EXPECT_EQ(ReadDocument(Declared("", Times(kMany, "\n&lt;"))), Read(Times(kMany, "\n<")));
+  EXPECT_EQ(ReadDocument(Declared("", Repeat(kMany, "\n&lt;"))), Read(Repeat(kMany, "\n<")));
 }
 
 // Texts of one unit in two and three bytes lie across the ends of all blocks.
 TEST_F(Documents, BlocksEndAnywhere) {
   for (std::size_t shift = 0; shift < 7; ++shift) {
     const std::string start(shift, 'x');
-    const std::string document = Declared("", start + Times(60'000, "\xc3\xa9\xe2\x82\xac"));
-    const Outcome wanted = Read(start + Times(60'000, "\xe9\xac"));
+    const std::string document = Declared("", start + Repeat(60'000, "\xc3\xa9\xe2\x82\xac"));
+    const Outcome wanted = Read(start + Repeat(60'000, "\xe9\xac"));
     EXPECT_EQ(ReadDocument(document), wanted);
     EXPECT_EQ(ReadDocumentFile(document), wanted);
   }
@@ -187,9 +177,9 @@ TEST_F(Documents, ATextThatIsEndedByItsUnitsEndsAlikeEverywhere) {
 TEST_F(Documents, LongTextsAndTokensCostWhatTheirBytesCost) {
   const std::string many(10'000'000, 'x');
   const std::string defaults = "<!DOCTYPE PROJ [<!ATTLIST a b CDATA '" + many + "'>]>";
-  EXPECT_EQ(ReadDocument(defaults + Declared("", Times(100'000, "<a/>"))), Read(""));
+  EXPECT_EQ(ReadDocument(defaults + Declared("", Repeat(100'000, "<a/>"))), Read(""));
   const std::string numbers = "<!DOCTYPE PROJ [<!ATTLIST DOOR rid CDATA '#1" + many + "'>]>";
-  EXPECT_EQ(ReadDocument(numbers + InRoot(Times(30'000, "<DOOR/>"))).result, 29'999)
+  EXPECT_EQ(ReadDocument(numbers + InRoot(Repeat(30'000, "<DOOR/>"))).result, 29'999)
       << "each but the first has a number in use";
   EXPECT_EQ(ReadDocument("<!--" + many + "-->" + InRoot(kPersonEntity)), kPerson41);
   EXPECT_EQ(ReadDocument(InRoot("<PERSON rid='#1" + many + "'/>")), (Outcome{0, {}, {"PERSON(0)"}}));

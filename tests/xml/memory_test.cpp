@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "support/failing_new.h"
+#include "support/repeat.h"
 #include "xml/documents.h"
 
 namespace {
@@ -34,11 +35,8 @@ TEST(XmlMemory, NothingOfADocumentStaysWholeInMemory) {
 
 // The large one's elements take more than 10 MB while it is read.
 TEST(XmlMemory, AnEntityOfManyElementsLeavesNoMoreThanTheNextOnesNeed) {
-  std::string children;
-  for (int i = 0; i < 100'000; ++i) children += "<B>0123456789</B>";
-  const std::string large = "<PROBE rid='#1'>" + children + "</PROBE>";
-  std::string wide;
-  for (int i = 0; i < 1'000; ++i) wide += "<B>" + std::string(3'000, 'x') + "</B>";
+  const std::string large = "<PROBE rid='#1'>" + Repeat(100'000, "<B>0123456789</B>") + "</PROBE>";
+  const std::string wide = Repeat(1'000, "<B>" + std::string(3'000, 'x') + "</B>");
   const std::string document = InRoot(large + "<PROBE rid='#2'>" + wide + "</PROBE><PROBE rid='#3'><B>1</B></PROBE>");
   std::vector<std::size_t> taken;
   const std::size_t before = LiveBytes();
