@@ -26,13 +26,16 @@ template <typename T>
 // A buffer of `count` characters, not initialised. Release it with delete[].
 [[nodiscard]] inline char* MakeBufferOrNull(std::size_t count) { return new (std::nothrow) char[count]; }
 
-// A larger array with the first `used` items of `items`, for whatever grows: at least twice *capacity items and at
-// least `wanted`, which *capacity then says. The caller releases the old array. Null, without a change, when memory
+// The capacity of the larger array that MakeLargerOrNull makes: at least twice the old one.
+inline std::size_t LargerCapacity(std::size_t capacity, std::size_t wanted) { return std::max(wanted, capacity * 2); }
+
+// A larger array with the first `used` items of `items`, for whatever grows. The items after them are not initialised.
+// *capacity becomes that of the larger array. The caller releases the old array. Null, without a change, when memory
 // runs out.
 template <typename T>
 [[nodiscard]] T* MakeLargerOrNull(const T* items, std::size_t used, std::size_t* capacity, std::size_t wanted) {
   static_assert(std::is_trivially_copyable_v<T>);
-  const std::size_t larger = std::max(wanted, *capacity * 2);
+  const std::size_t larger = LargerCapacity(*capacity, wanted);
   T* const made = new (std::nothrow) T[larger];
   if (!made) return nullptr;
   std::copy_n(items, used, made);

@@ -11,7 +11,7 @@ EntryIndex::Page::Page(std::uint32_t key) : entries() {
 }
 
 EntryIndex::~EntryIndex() {
-  for (std::uint32_t key = 0; key < directorySize_; ++key) delete directory_[key];
+  for (std::size_t key = 0; key < directorySize_; ++key) delete directory_[key];
   delete[] directory_;
 }
 
@@ -27,7 +27,7 @@ STEPentry* EntryIndex::Add(int number) {
 }
 
 bool EntryIndex::AddPage(std::uint32_t key) {
-  const std::uint32_t size = key < directorySize_ ? directorySize_ : std::max(key + 1, directorySize_ * 3 / 2);
+  const std::size_t size = key < directorySize_ ? directorySize_ : LargerCapacity(directorySize_, key + 1);
   if (!IsWorthwhile(size) || !GrowDirectory(size)) return false;
   directory_[key] = MakeOrNull<Page>(key);
   if (!directory_[key]) return false;
@@ -51,7 +51,7 @@ bool EntryIndex::WillBeFull() const {
 
 // A scattered entry takes 16 bytes and its slot up to 14. What pages hold besides the entries taken may grow by 9 bytes
 // a number, and a little at the start. So a record holds at most 16 + 14 + 9 bytes, below the 48 that are promised.
-bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
+bool EntryIndex::IsWorthwhile(std::size_t directorySize) const {
   constexpr double kSparePerNumber = 9;
   constexpr double kSpareAtStart = 1 << 14;
   const double held = (pages_ + 1.0) * sizeof(Page) + static_cast<double>(directorySize) * sizeof(void*);
@@ -59,14 +59,14 @@ bool EntryIndex::IsWorthwhile(std::uint32_t directorySize) const {
   return WillBeFull() || spare <= kSpareAtStart + kSparePerNumber * Count();
 }
 
-bool EntryIndex::GrowDirectory(std::uint32_t size) {
+bool EntryIndex::GrowDirectory(std::size_t size) {
   if (size == directorySize_) return true;
-  Page** larger = MakeArrayOrNull<Page*>(size);
+  const std::size_t used = directorySize_;
+  Page** larger = MakeLargerOrNull(directory_, used, &directorySize_, size);
   if (!larger) return false;
-  std::copy_n(directory_, directorySize_, larger);
+  std::fill(larger + used, larger + directorySize_, nullptr);
   delete[] directory_;
   directory_ = larger;
-  directorySize_ = size;
   return true;
 }
 

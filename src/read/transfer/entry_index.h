@@ -6,6 +6,7 @@
 #ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 #define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "steprt/instance.h"
@@ -87,8 +88,8 @@ class EntryIndex {
   bool AddPage(std::uint32_t key);
   void Observe(std::uint32_t bits);
   bool WillBeFull() const;
-  bool IsWorthwhile(std::uint32_t directorySize) const;
-  bool GrowDirectory(std::uint32_t size);
+  bool IsWorthwhile(std::size_t directorySize) const;
+  bool GrowDirectory(std::size_t size);
 
   STEPentry* FindScattered(int number);
   STEPentry* AddScattered(int number);
@@ -99,7 +100,7 @@ class EntryIndex {
   const Table& TableOf(std::uint32_t bits) const { return tables_[TableIndex(bits)]; }
 
   Page** directory_ = nullptr;  // by number / 256; null where there is no page
-  std::uint32_t directorySize_ = 0;
+  std::size_t directorySize_ = 0;
   std::uint32_t pages_ = 0;
   std::uint32_t inPages_ = 0;  // entries taken
 
