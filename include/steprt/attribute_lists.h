@@ -34,6 +34,7 @@ class Aggregate : public Presence {
   void Derive() { Mark(STEP_DERIVED); }
   void Clear() { Mark(STEP_END); }  ///< an empty list, which is present
 
+  /// The count of elements; a walk. In a list of references it includes those that iteration passes over.
   int Size() const {
     int size = 0;
     for (const STEPlist* node = aggregate_.head; node; node = node->next) ++size;

@@ -362,7 +362,8 @@ class Reference : public Presence {
 }  // namespace detail
 
 /// A reference to an instance of the class T, whose model owns it. The file may have named an instance of another
-/// class: that is reported and kept, for the file's sake, and Get does not return it.
+/// class: that is reported and kept, for the file's sake, and Get does not return it. Before you destroy an instance,
+/// clear each reference that names it: Get looks at the instance that it finds.
 template <class T>
 class Ref : public detail::Reference {
  public:

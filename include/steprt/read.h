@@ -56,9 +56,13 @@ STEPRT_API char* rSTEPtext(STEPtransfer* t, const char* name);
 
 /// Reads an integer. One that is too large or too small becomes the greatest or the least int.
 ///
-/// In clear text anything else is reported and remains for the next reader, `$` too, so the values after it shift. Read
-/// a number that may be omitted by rSTEPsel instead. In XML nothing is reported: the number ends where the digits end,
-/// and `$` is 0.
+/// In clear text anything else is reported and remains for the next reader, `$` too, so the values after it shift. If
+/// the number may be omitted, ask rSTEPnull of items.h first, and write the `$` with wSTEPtoken:
+///
+///     wall->hasHeight = rSTEPnull(t, "Height") == STEP_END;
+///     if (wall->hasHeight) wall->height = rSTEPint(t, "Height");
+///
+/// In XML nothing is reported: the number ends where the digits end, and `$` is 0.
 STEPRT_API int rSTEPint(STEPtransfer* t, const char* name);
 STEPRT_API double rSTEPreal(STEPtransfer* t, const char* name);  ///< Reads a real or an integer. Otherwise as rSTEPint.
 
@@ -91,7 +95,8 @@ STEPRT_API void rSTEPsel(STEPtransfer* t, const char* name, STEPselect* select);
 /// `$` is null. An instance that could not be read is reported, and null is stored. Anything that is no reference is
 /// reported and stores nothing in clear text; in XML it is null without a report. An instance of a wrong type is
 /// reported and stored all the same: check its type before you cast. A reference to an instance further on is stored
-/// when the transfer ends; if there is no such instance, it is reported then and `*slot` does not change.
+/// when the transfer ends; if there is no such instance, it is reported then, with the line that the read has reached,
+/// and `*slot` does not change.
 /// @param t          the transfer
 /// @param name       the attribute
 /// @param slot       the address of a `STEPheader*`, not of a pointer to a derived class; never null

@@ -120,6 +120,8 @@ class Description {
 };
 
 /// The base class of all described entities. An instance joins the current model, which then owns it: make it with new.
+/// The model that was made last is the current one; CurrentModel(&model) chooses another. A new value of an attribute
+/// does not mark the model as changed: call Changed.
 class Record : public STEPheader {
  public:
   static constexpr int kType = -1;                    ///< as the type of a reference: any entity
@@ -381,7 +383,7 @@ inline bool Equal(Record& a, Record& b, const SameInstance& same = SameInstance(
 }
 
 /// The record much as clear text has it, for a person to read: WALL('W1',2.5,#1). A reference shows the number that its
-/// instance had in the file last written or XML document last read.
+/// instance had in the file last written or XML document last read, and 0 before.
 inline std::string Print(Record& record) {
   std::string out = record.EntityName();
   out += '(';
