@@ -11,13 +11,26 @@ namespace steprt {
 namespace {
 
 constexpr std::size_t kNameLimit = sizeof STEPelement::name - 1;
-constexpr std::size_t kLeastBuffer = 32;  // of an element's text
-constexpr int kWalked = 16;               // elements that are compared one by one before an index is worth its cost
-constexpr std::size_t kKeptSlots = 1024;  // of the index, for the next entity
+
+// The instructions of Add, AppendText, Find and Reset were counted by callgrind at each value, half and double, for
+// entities of so many elements. The names come from a seed, and each is sought once.
+
+// Of an element's text. Half: 0.3 % more for texts of 5 characters. Double: no change.
+constexpr std::size_t kLeastBuffer = 32;
+// Elements that are compared one by one before an index is worth its cost. Half: 5 % more for 16 elements, 7 % fewer
+// for 64. Double: 3 % fewer for 20 elements, 10 % more for 64.
+constexpr int kWalked = 16;
+// Slots of the index that stay for the next entity. Half: 17 % more for 300 elements. Double: 13 % fewer for 700, for
+// 13 KB more that wait.
+constexpr std::size_t kKeptSlots = 1024;
 
 // What waits for the next entity is limited: the count of elements, one buffer, and all buffers together.
+
+// Half: 30 % more for 700 elements. Double: 26 % fewer for 1,500, for 80 KB more that wait.
 constexpr int kMostSpares = 1024;
+// Half: 1.5 % more for texts of 3,000 characters. Double: 0.8 % fewer for 6,000.
 constexpr std::size_t kMostSpareBuffer = 4096;
+// Half: 5 % more for 800 elements with 300 characters each. Double: 1.4 % fewer for 1,000.
 constexpr std::size_t kMostSpareBytes = 256 * 1024;
 
 bool IsNamed(const STEPelement& element, std::string_view name, std::uint64_t hash) {

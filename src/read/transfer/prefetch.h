@@ -26,6 +26,8 @@ class Prefetcher {
 
  private:
   // How many numbers are prefetched together. The entries of a batch are on their way while the batch before is read.
+  // Measured as in prefetch.cpp: half takes 0.5 % more instructions, double 0.2 % fewer, and the waits differ by
+  // 0.2 %.
   static constexpr int kBatch = 8;
 
   void PrefetchEntries(const char* limit, const EntryIndex& entries);
