@@ -39,7 +39,7 @@ TEST(Prefetch, IsDueOnceInABatchWhereNumbersAreFarFromOneAnotherAndNeverWhereThe
   EXPECT_GT(far.due, 100);
   EXPECT_LT(far.due, 2'000) << "each prefetch is for some references to come";
   EXPECT_EQ(AskWhileReading([](int i) { return i + 1; }).due, 0);
-  EXPECT_EQ(AskWhileReading([](int i) { return i % 2 == 0 ? i + 1 : i + 501; }).due, 0) << "near";
+  EXPECT_EQ(AskWhileReading([](int i) { return i % 2 == 0 ? i + 1 : i + 1'501; }).due, 0) << "near";
 }
 
 }  // namespace
