@@ -73,7 +73,22 @@ Vec3 NormalOf(const Ring& ring) {
   return Unit(normal, {});
 }
 
+bool IsPlausible(Vec3 v) {
+  constexpr double kMost = 1e8;  // metres: twice around the earth
+  return std::fabs(v.x) < kMost && std::fabs(v.y) < kMost && std::fabs(v.z) < kMost;
+}
+
 }  // namespace
+
+bool IsPlausible(const Body& body) {
+  const auto isFaceSound = [](const FlatFace& face) {
+    return std::all_of(face.begin(), face.end(), [](const Ring& ring) {
+      return std::all_of(ring.begin(), ring.end(), [](Vec3 corner) { return IsPlausible(corner); });
+    });
+  };
+  return std::all_of(body.faces.begin(), body.faces.end(), isFaceSound) &&
+         std::all_of(body.cuts.begin(), body.cuts.end(), [](const Cut& cut) { return IsPlausible(cut.point); });
+}
 
 Region Slice(const Body& body, double height) {
   std::vector<Segment> segments;

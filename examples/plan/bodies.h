@@ -24,6 +24,9 @@ struct Body {
   std::vector<Cut> cuts;
 };
 
+// Whether all coordinates are numbers of a size that a building can have. A damaged file has others.
+bool IsPlausible(const Body& body);
+
 // What the horizontal plane at this height cuts out of the body. The height must not be that of a corner.
 Region Slice(const Body& body, double height);
 

@@ -85,7 +85,9 @@ void CompareAttributes(steprt::Record& before, steprt::Record& after, Comparison
     const Attributes::Item& their = theirs.items[i];
     if (our.type->equals(our.value, their.value, SamePlace())) continue;
     const std::string was = our.Text(), is = their.Text();
-    if (was != is && Rounded(was) == Rounded(is)) {
+    if (was == is || (was == "($)" && is == "$")) {
+      ++result->unresolved;
+    } else if (Rounded(was) == Rounded(is)) {
       ++result->rounded;
     } else {
       AddLoss(std::string(before.EntityName()) + "." + our.name + ": " + was + " became " + is, result);
@@ -98,9 +100,10 @@ std::string Line(int count, const char* what) { return "\n  " + std::to_string(c
 }  // namespace
 
 std::string Comparison::Text() const {
-  if (rounded + lost == 0) return "all equal";
+  if (rounded + unresolved + lost == 0) return "all equal";
   std::string text = "equal but for these values";
   if (rounded > 0) text += Line(rounded, "with reals of more than the six digits that are written");
+  if (unresolved > 0) text += Line(unresolved, "with references that the file could not resolve, written as $");
   if (lost > 0) text += Line(lost, "lost or changed");
   for (const std::string& example : examples) text += "\n    " + example;
   return text;

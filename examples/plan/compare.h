@@ -12,6 +12,7 @@ namespace plan {
 struct Comparison {
   int instances = 0;                  // compared
   int rounded = 0;                    // values with reals that agree at six digits only
+  int unresolved = 0;                 // values with references that the file could not resolve, which are written as $
   int lost = 0;                       // values, or instances, that differ otherwise
   std::vector<std::string> examples;  // of what is lost, the first few
 

@@ -122,7 +122,8 @@ bool Edit(BuildingModel& model, const Job& job) {
   return DrawPlans(model.Extract(), job, {"edited_", kEditNote, edit.storey});
 }
 
-bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path) {
+// `known`: the reports of the file itself. A reference to an instance of a wrong class, say, is reported again.
+bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path, int known) {
   const int records = xml ? model.WriteXml(path, kRemark) : model.Write(path, kRemark);
   if (records < 0) return Fail("cannot write " + path);
   std::printf("Wrote %s: %d records\n", path.c_str(), records);
@@ -131,7 +132,7 @@ bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path) {
   const std::unique_ptr<BuildingModel> copy = NewModel(model.schema->name);
   ReadForm(copy->Population(), xml, path);
   Reports().Print(kShownKinds);
-  if (Reports().Total() > 0) return Fail("what was written was not read back without a report");
+  if (Reports().Total() > known) return Fail("what was written was read back with more reports than the file");
   const Comparison comparison = Compare(model, copy->Population());
   std::printf("Read back: %d instances, %s\n", comparison.instances, comparison.Text().c_str());
   return comparison.lost == 0 || Fail("the model that was read back differs");
@@ -142,6 +143,7 @@ bool WriteAndCompare(steprt::Model& model, bool xml, const std::string& path) {
 bool Run(const Job& job) {
   const std::unique_ptr<BuildingModel> model = ModelFor(job.file);
   if (!model || !ReadModel(model->Population(), job.file)) return false;
+  const int reports = Reports().Total();
   const Building building = model->Extract();
   PrintBuilding(building);
   if (building.storeys.empty()) return Fail("the file has no storey (IfcBuildingStorey), so there is nothing to draw");
@@ -152,8 +154,8 @@ bool Run(const Job& job) {
   std::printf("Floor plans in %s\n", job.folder.c_str());
   if (!DrawPlans(building, job, {})) return false;
   if (job.plansOnly) return true;
-  return Edit(*model, job) && WriteAndCompare(model->Population(), false, InFolder(job, "written.ifc")) &&
-         WriteAndCompare(model->Population(), true, InFolder(job, "written.xml"));
+  return Edit(*model, job) && WriteAndCompare(model->Population(), false, InFolder(job, "written.ifc"), reports) &&
+         WriteAndCompare(model->Population(), true, InFolder(job, "written.xml"), reports);
 }
 
 }  // namespace plan

@@ -3,6 +3,7 @@
 #ifndef PLAN_SHAPES_H
 #define PLAN_SHAPES_H
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -56,7 +57,7 @@ class ShapeReader {
  public:
   explicit ShapeReader(const Units& units) : units_(units), curves_(units) {}
 
-  // The bodies of a product's own shape in metres. Openings are not taken out.
+  // The bodies of a product's own shape in metres. Openings are not taken out, bodies that cannot be are left out.
   std::vector<Body> BodiesOf(const typename Ifc::Product& product) const {
     std::vector<Body> bodies;
     const auto* shape = product.Representation.Get();
@@ -69,6 +70,8 @@ class ShapeReader {
     for (const auto& representation : shape->Representations) {
       if (IsBody(representation.RepresentationIdentifier.Get())) TakeItems(representation, frame, 0, &bodies);
     }
+    bodies.erase(std::remove_if(bodies.begin(), bodies.end(), [](const Body& body) { return !IsPlausible(body); }),
+                 bodies.end());
     return bodies;
   }
 
