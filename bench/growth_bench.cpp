@@ -1,4 +1,4 @@
-// Whether a record costs more in a large population. The floor's growth stands beside the library's: what the machine's
+// Whether a record costs more in a large population. The floor's growth is beside the library's: what the machine's
 // caches cost shows in both.
 #include "building.h"
 #include "pairs.h"

@@ -1,5 +1,5 @@
 // Two things measured against each other. The machine's speed changes while a benchmark runs, so the two take turns
-// and each turn gives one ratio; what is told is the median of the ratios.
+// and each turn has one ratio; what is told is the median of the ratios.
 #ifndef STEPRT_BENCH_PAIRS_H
 #define STEPRT_BENCH_PAIRS_H
 

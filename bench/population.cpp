@@ -34,7 +34,7 @@ std::vector<int> Numbers(Order order, int records) {
   return numbers;
 }
 
-// Writes the records one behind the other. A record is known by its place, counted from 1. When there are enough of
+// Writes the records one after the other. A record is known by its place, counted from 1. When there are enough of
 // them, what comes is dropped; every reference goes back, so that nothing misses it.
 class Writer {
  public:

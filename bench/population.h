@@ -7,7 +7,7 @@
 
 namespace bench {
 
-// How the records are numbered, and in which order they stand.
+// How the records are numbered, and in which order they come.
 enum class Order {
   kAscending,   // 1, 2, 3, ..., every reference to a number already passed
   kShuffled,    // the same records in random order, so that half of the references point forward

@@ -168,7 +168,7 @@ STEPheader* MakeByKeyword(Scanner& scanner) {
 
 constexpr std::size_t kBlock = 1 << 18;  // much more than the longest record
 
-// Gives whole lines, one block at a time; what is left of the last line goes to the front of the next block.
+// Returns whole lines, one block at a time; what is left of the last line goes to the front of the next block.
 class LineBlocks {
  public:
   explicit LineBlocks(const std::string& path)

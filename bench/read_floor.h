@@ -9,7 +9,7 @@ class STEPheader;
 
 namespace bench {
 
-// Reads the file. The objects join the current model; without one they are chained by `next`. Gives the first one.
+// Reads the file. The objects join the current model; without one they are chained by `next`. Returns the first one.
 STEPheader* ReadFloor(const std::string& path);
 
 }  // namespace bench

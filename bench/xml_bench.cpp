@@ -134,7 +134,7 @@ void WriteAgainstFloor(benchmark::State& state, int records) {
   Report(state, pairs, {records, bytes}, kWantedWrite);
 }
 
-// How much dearer a record is in a large population. Each of the two gives the seconds of one transfer.
+// How much dearer a record is in a large population. Each of the two returns the seconds of one transfer.
 template <typename TimeLarge, typename TimeBase>
 void Growth(benchmark::State& state, int records, TimeLarge timeLarge, TimeBase timeBase) {
   const int repeats = records / kGrowthBase;

@@ -11,7 +11,7 @@ class STEPheader;
 
 namespace bench {
 
-// Parses the file block by block with handlers that do nothing. Gives the number of elements, 0 for a bad document.
+// Parses the file block by block with handlers that do nothing. Returns the number of elements, 0 for a bad document.
 // Expat goes over an unfinished tag again with each block, so a document of huge tags wants one block for all.
 long ParseXmlFloor(const std::string& path, int blockSize = 1 << 16);
 bool ParseAtOnce(const std::string& path);

@@ -1,4 +1,4 @@
-// Gives each file that is named, and each file of a folder that is named, to the target once. What libFuzzer does with
+// Passes each file that is named, and each file of a folder that is named, to the target once. What libFuzzer does with
 // the same arguments, for every compiler and every sanitiser. It fails when there is nothing to give.
 #include <algorithm>
 #include <cstdint>

@@ -1,4 +1,4 @@
-// A module that stands in the chain of extension modules and has entries number 2 and 3.
+// A module that is in the chain of extension modules and has entries number 2 and 3.
 #include "steprt/module.h"
 
 namespace {

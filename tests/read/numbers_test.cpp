@@ -17,7 +17,7 @@ struct Cost {
   std::size_t bytes;  // at most at one time
 };
 
-// Reads records of PROBE, each of which refers to the one before it, with a function that gives one and the same
+// Reads records of PROBE, each of which refers to the one before it, with a function that returns one and the same
 // instance, so that all memory taken is the library's.
 Cost CostOfRead(const Numbering& numbering, std::uint32_t count) {
   const auto number = [&](std::uint32_t i) { return "#" + std::to_string(static_cast<int>(numbering.number(i))); };
@@ -48,7 +48,7 @@ Cost CostOfRead(const Numbering& numbering, std::uint32_t count) {
 // A walk of a bucket would take a minute for the numbers in steps of 4096.
 TEST(Numbers, ARecordCostsFortyEightBytesAtMostAndTimeGrowsWithTheFileAndNotFaster) {
   constexpr std::uint32_t kFew = 5000;
-  constexpr std::uint32_t kMany = 125500;  // just behind a growth of the map from numbers to places, when most is held
+  constexpr std::uint32_t kMany = 125500;  // just after a growth of the map from numbers to places, when most is held
   constexpr std::size_t kFixed = 300000;   // the transfer, the file's block, the first pages
   for (const Numbering& each : kNumberings) {
     const double few = CostOfRead(each, kFew).seconds;

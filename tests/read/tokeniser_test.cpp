@@ -38,7 +38,7 @@ const Row kRows[] = {
      "REAL 1e+05|REAL 0.01|REAL 5|REAL -0.25|REAL 2.5|REAL -0|REAL 1|REAL 1|REAL 5e+05|REAL 1.5"},
     {"0x1F inf -nan 1e999 1e-999 0.1234567890123456789012 ",
      "REAL 31|NAME inf|REAL -nan|REAL inf|REAL 0|REAL 0.12345678901234568"},
-    // Parts that stand together.
+    // Parts that are together.
     {"A$B $* #1#2 #1=A(", "NAME A|NULL|NAME B|NULL|NULL|REF 1|REF 2|REF 1|=|NAME A|("},
     {"#12=WALL('a',2.5,#3,(#4,$),.T.);",
      "REF 12|=|NAME WALL|(|TEXT a|,|REAL 2.5|,|REF 3|,|(|REF 4|,|NULL|)|,|ENUM .T.|)|;"},

@@ -19,7 +19,7 @@ Names NamesOf(const APPobject0* schema) {
   return names;
 }
 
-// What stands behind the other head is cut off. A name that is there changes nothing.
+// What follows the other head is cut off. A name that is there changes nothing.
 TEST(AddModel, AppendsOnlyTheHeadOfTheOtherChainUnlessItsNameIsThere) {
   const struct {
     const char* name;

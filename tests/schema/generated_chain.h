@@ -1,5 +1,5 @@
 // Chains made from a seed: one to three descriptors, names in one case, types that are all different. Supertypes are
-// any row of the chain or none, so that there are rings; some names stand twice.
+// any row of the chain or none, so that there are rings; some names are there twice.
 #ifndef STEPRT_TESTS_SCHEMA_GENERATED_CHAIN_H
 #define STEPRT_TESTS_SCHEMA_GENERATED_CHAIN_H
 
@@ -29,7 +29,7 @@ inline std::vector<Schema> GenerateChain(std::mt19937& random) {
   return schemas;
 }
 
-// The same shapes, but no name stands twice: where the paths answer alike.
+// The same shapes, but no name is there twice: where the paths answer alike.
 inline std::vector<Schema> GenerateChainWithoutTwins(std::mt19937& random) {
   std::vector<Schema> schemas = GenerateChain(random);
   std::map<std::string, std::string> firstOfName;

@@ -42,7 +42,7 @@ TEST_F(Modules, APathThatWasRelativeIsKnownInFull) {
   }
 }
 
-// The loader then knows no folder. In a process of its own, which stands in the folder that goes.
+// The loader then knows no folder. In a process of its own, whose folder is the one that goes.
 TEST_F(Modules, APathIsKnownInFullWhenTheFolderItWasRelativeToHasGone) {
   const std::string path = fs::canonical(files.Copy("chained", "above.so")).string();
   const std::string gone = files.Folder() + "/gone";

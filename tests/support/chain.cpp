@@ -6,7 +6,7 @@
 namespace steprt_test {
 namespace {
 
-// A record as a client's own would be: the descriptor's fields, and behind them as many rows as it takes.
+// A record as a client's own would be: the descriptor's fields, and after them as many rows as it takes.
 APPobject0* MakeDescriptor(const Schema& schema) {
   const std::size_t size = sizeof(APPobject0) + schema.rows.size() * sizeof(APPentity);
   auto* descriptor = new (::operator new(size)) APPobject0{nullptr, schema.name.c_str(), nullptr, nullptr, nullptr, {}};

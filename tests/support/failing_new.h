@@ -8,7 +8,7 @@
 
 namespace steprt_test {
 
-// While it lives, the nth allocation from now, counted from 1, fails, or it and all behind it. One at a time.
+// While it lives, the nth allocation from now, counted from 1, fails, or it and all after it. One at a time.
 class FailingNew {
  public:
   enum Extent { kAlone, kAndAllBehind };

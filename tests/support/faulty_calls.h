@@ -1,4 +1,4 @@
-// Stands in front of the system's calls on open files for its own life: the n-th read or write can fail, and each can
+// Comes before the system's calls on open files for its own life: the n-th read or write can fail, and each can
 // fall short. One at a time.
 #ifndef STEPRT_TESTS_SUPPORT_FAULTY_CALLS_H
 #define STEPRT_TESTS_SUPPORT_FAULTY_CALLS_H
@@ -10,7 +10,7 @@ namespace steprt_test {
 
 struct Faults {
   long failing = 0;               // the call that fails, counted from 1; 0 for none
-  bool allBehind = false;         // and all behind it
+  bool allBehind = false;         // and all after it
   int error = 0;                  // with this errno; 0: it does not fail but takes one byte
   bool interrupted = false;       // every other call is interrupted first
   std::function<int()> atMost{};  // bytes that a call takes at most; empty: as many as asked for

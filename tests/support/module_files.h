@@ -22,7 +22,7 @@ class ModuleFiles {
 
   const std::string& Folder() const { return folder_; }
 
-  // A copy of one of the modules of the tests, under a name of its own, which may lie in folders; gives its path.
+  // A copy of one of the modules of the tests, under a name of its own, which may be in folders; returns its path.
   std::string Copy(const std::string& module, const std::string& name) const;
 
   HINSTANCE Load(const std::string& path);

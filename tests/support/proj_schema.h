@@ -89,7 +89,7 @@ std::string InFrame(const std::string& data);
 
 struct Outcome {
   int result;
-  Texts reports;     // as TakeReports gives them
+  Texts reports;     // as TakeReports returns them
   Texts population;  // afterwards
 
   bool operator==(const Outcome&) const = default;

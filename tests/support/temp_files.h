@@ -8,7 +8,7 @@ namespace steprt_test {
 
 std::string TempPath(const std::string& name);
 
-// Makes or replaces a file in the folder and gives its path.
+// Makes or replaces a file in the folder and returns its path.
 std::string MakeFile(const std::string& name, const std::string& bytes);
 
 // A file's bytes; "(none)" when there is no such file.

@@ -1,4 +1,4 @@
-// Exceptions of the client's functions pass through, and leave nothing behind: no memory, no open file, no lock, no
+// Exceptions of the client's functions pass through, and nothing is left: no memory, no open file, no lock, no
 // flag, no wrong current model. And reads inside reads.
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// Every read and every write of a transfer fails once, alone and with all behind it, is interrupted, or falls short: a
-// read gives what the bytes that arrived give, a write leaves whole records, and what is lost is told.
+// Every read and every write of a transfer fails once, alone and with all after it, is interrupted, or falls short: a
+// read returns what the bytes that arrived return, a write leaves whole records, and what is lost is told.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -141,7 +141,7 @@ void ExpectLoss(const Outcome& outcome, const Outcome& sound, const Fault& fault
   EXPECT_TRUE(IsStartOf(sound.population[0], bytes)) << "records are cut";
 }
 
-// The last call writes nothing but the end, and nobody looks behind it.
+// The last call writes nothing but the end, and nobody looks after it.
 TEST(IoSweep, AWriteIsWholeOrTellsThatItIsNot) {
   for (const Input& input : Inputs()) {
     ProjModel model;

@@ -1,4 +1,4 @@
-// Every allocation of every operation fails once, alone and with all behind it: no crash, no leak, an outcome that is
+// Every allocation of every operation fails once, alone and with all after it: no crash, no leak, an outcome that is
 // the whole one or shows the loss, a model that can be walked and written, and the same operation works as soon as
 // there is memory again. Expat's memory comes by the same operators, so its allocations fail as the library's do.
 #include <dlfcn.h>
@@ -194,7 +194,7 @@ Outcome Write(ProjModel& model) {
   return {result, TakeReports(path), {MaskedBytesOf(path)}};
 }
 
-// And what stands there is as it was.
+// And what is there is as it was.
 template <bool isOverAFile>
 bool IsRefused(const Outcome& outcome, const Outcome&) {
   const bool isTold = outcome.reports == Texts{"(1) [Write]Can't create file"};

@@ -1,5 +1,5 @@
 // Places that a file cannot be read from or written to, in both forms: always the report and the result that belong to
-// it, never a signal, and nothing of it stays behind.
+// it, never a signal, and nothing of it stays.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/capability.h>
@@ -139,7 +139,7 @@ const Place kPlaces[] = {
     {"a pipe that is closed", "closed-pipe.stp", kNotTried, kNotWritten, MakePipeThatCloses},
 };
 
-// ---- what a transfer gives there -----------------------------------------------------------------------------------
+// ---- what a transfer returns there ---------------------------------------------------------------------------------
 
 const char kNotFound[] = "(1) [Read]File not found";
 const char kNotStep[] = "(1) [Read]Not a STEP file";
@@ -182,7 +182,7 @@ const struct Transfer {
       {kDone, {1, {}, {}}}}},
 };
 
-// What the transfer gives there, with the path masked. The place is there for it alone.
+// What the transfer returns there, with the path masked. The place is there for it alone.
 Outcome At(const Place& place, const Transfer& transfer) {
   std::string path = *place.file == '/' ? place.file : TempPath(place.file);
   ProjModel model;

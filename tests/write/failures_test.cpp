@@ -158,7 +158,7 @@ TEST_F(WriteFailures, AFileWithoutRecordsDoesNotLook) {
   unlink(full.c_str());
 }
 
-// The first block goes out behind the first record, so the second write is that of the end.
+// The first block goes out after the first record, so the second write is that of the end.
 TEST_F(WriteFailures, AFailureAtTheEndIsThatOfTheLastRecord) {
   Fill(5, 10);
   const FaultyCalls calls({.failing = 2, .error = ENOSPC});

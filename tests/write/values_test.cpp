@@ -14,7 +14,7 @@ using namespace steprt_test;
 
 using Writer = std::function<void(STEPtransfer*)>;
 
-// What stands between a file's `start` and `end`.
+// What is between a file's `start` and `end`.
 std::string Between(const std::string& path, const std::string& start, const std::string& end) {
   const std::string bytes = BytesOf(path);
   const std::size_t from = bytes.find(start) + start.size();

@@ -23,7 +23,7 @@ Outcome Refused(const std::string& words) { return {-1, {words}, {}}; }
 TEST_F(Documents, GiveWhatTheirMarkupSays) {
   // document, population, reports
   const char* const rows = R"(
-    // A root is named after the schema and stands anywhere.
+    // A root is named after the schema and may be anywhere.
     <OTHER><PERSON rid='#1'/></OTHER>
     <BASE><PERSON rid='#1'/></BASE>
     <PROJECT><PERSON rid='#1'/></PROJECT>
@@ -165,7 +165,7 @@ TEST_F(Documents, BlocksEndAnywhere) {
   }
 }
 
-// Where a text ends by a unit of low byte 0 does not depend on what stands in front of it in the document.
+// Where a text ends by a unit of low byte 0 does not depend on what comes before it in the document.
 TEST_F(Documents, ATextThatIsEndedByItsUnitsEndsAlikeEverywhere) {
   const std::string probe = "<PROBE rid='#1'><A>ab\xe2\x80\x80<!-- c -->cd\ne&amp;f</A></PROBE>";
   for (std::size_t shift = 65'480; shift < 65'560; ++shift) {

@@ -35,7 +35,7 @@ TEST(XmlRoundTrip, TextsOfEveryByteThatXmlAllows) {
   }
 }
 
-// The documents of the golden cases, written from what their in.stp gives. Each from_xml.txt differs from its
+// The documents of the golden cases, written from what their in.stp reads as. Each from_xml.txt differs from its
 // population.txt in what a document does not hold: digits of reals, texts of selects that look like names, lists of
 // enumerators, apostrophes in lists of texts, absent lists and selects, and instances without a write function.
 TEST(XmlRoundTrip, GoldenDocumentsGiveTheirPopulations) {

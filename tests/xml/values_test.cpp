@@ -6,7 +6,7 @@ namespace {
 
 using namespace steprt_test;
 
-// What a PROBE, with PERSONs 2 and 3 behind it, makes of its child elements.
+// What a PROBE, with PERSONs 2 and 3 after it, makes of its child elements.
 Outcome ReadChildren(const std::string& children) {
   const std::string further = "<PERSON rid='#2'><Age>2</Age></PERSON><PERSON rid='#3'><Age>3</Age></PERSON>";
   Outcome outcome = ReadDocument(InRoot("<PROBE rid='#1'>" + children + "</PROBE>" + further));

@@ -13,8 +13,8 @@ namespace steprt_test {
 struct ReadCase {
   std::string bytes;
   bool check = false;
-  bool probeMakesNothing = false;  // its read function takes a text and gives null
-  int atMost = 1 << 20;            // bytes that a call of the system gives
+  bool probeMakesNothing = false;  // its read function takes a text and returns null
+  int atMost = 1 << 20;            // bytes that a call of the system returns
 };
 
 // PROBE has the attributes that SetProbe said last.

@@ -32,14 +32,14 @@ class ReferenceTokens {
 
   void GiveBack(int kind) { pushed_ = kind; }
 
-  // Gives it, or TOK_EOF.
+  // Returns it, or TOK_EOF.
   int SkipPastSemicolon() {
     int token = Next();
     while (token != TOK_SEMI && token != TOK_EOF) token = Next();
     return token;
   }
 
-  // As TakeReports gives it.
+  // As TakeReports returns it.
   void Report(const std::string& message) {
     reports.push_back("(" + std::to_string(line) + ") [" + where + "]" + message);
   }
@@ -82,7 +82,7 @@ class ReferenceTokens {
     return c;
   }
 
-  // Behind the opening apostrophe.
+  // After the opening apostrophe.
   int ScanText() {
     std::string kept;
     int count = 0;
