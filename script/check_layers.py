@@ -21,6 +21,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 TOP = "top"  # above every folder: src/ never includes such a header
 PUBLIC = {
     "export.h": "support", "fwd.h": "support", "text.h": "support", "version.h": "support",
+    "alphabets.h": "support", "encoding.h": "support",  # header-only
     "module.h": "platform",
     "schema.h": "schema", "library.h": "schema",
     "instance.h": "model", "model.h": "model", "aggregate.h": "model", "select.h": "model",

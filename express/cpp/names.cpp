@@ -52,10 +52,10 @@ constexpr auto kNamespaceNames =
 
 // The members of the class of selects.
 constexpr auto kSelectMembers = Sorted(std::to_array<std::string_view>(
-    {"Add",       "Chars",     "Derive",    "Equals",    "First",         "Get",        "Integer", "Is",
-     "IsAllowed", "IsDerived", "IsOmitted", "IsPresent", "Iterator",      "Kind",       "Object",  "Omit",
-     "Print",     "Read",      "Real",      "SetBinary", "SetEnumerator", "SetInteger", "SetList", "SetObject",
-     "SetReal",   "SetText",   "SetTyped",  "Value",     "Write",         "begin",      "end"}));
+    {"Add",       "Chars",     "Derive",        "Equals",     "First",   "Get",       "Integer", "Is",      "IsAllowed",
+     "IsDerived", "IsOmitted", "IsPresent",     "Iterator",   "Kind",    "Object",    "Omit",    "Print",   "Read",
+     "Real",      "SetBinary", "SetEnumerator", "SetInteger", "SetList", "SetObject", "SetReal", "SetText", "SetTyped",
+     "SetUtf8",   "Utf8",      "Value",         "Write",      "begin",   "end"}));
 
 // The members of the base classes of entities. A class of such a name would not be found in the others.
 constexpr auto kMembers = Sorted(std::to_array<std::string_view>(

@@ -21,6 +21,7 @@
 #define STEPRT_ATTRIBUTES_H
 
 #include <steprt/aggregate.h>
+#include <steprt/encoding.h>
 #include <steprt/instance.h>
 #include <steprt/items.h>
 #include <steprt/read.h>
@@ -216,7 +217,7 @@ struct EnumerationForm {
 template <class E>
 using Enumeration = detail::Scalar<E, detail::EnumerationForm<E>>;
 
-/// A text, without its apostrophes. Encoded characters stay as they are in the file.
+/// A text, without its apostrophes. Encoded characters stay as they are in the file; only Utf8 and SetUtf8 convert.
 class Text : public detail::Presence {
  public:
   Text() = default;
@@ -241,6 +242,11 @@ class Text : public detail::Presence {
 
   /// The text; empty if there is none. Valid until the attribute changes.
   const char* Get() const { return chars_ ? chars_ : ""; }
+
+  /// The text as DecodeText returns it; empty if there is none.
+  std::string Utf8(TextFaults* faults = nullptr) const { return DecodeText(Get(), faults); }
+  /// Takes the text that EncodeText returns. The limit of 256 characters applies to the encoded text.
+  void SetUtf8(std::string_view utf8, TextFaults* faults = nullptr) { *this = EncodeText(utf8, faults); }
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) {

@@ -39,6 +39,8 @@ class Value {
   /// The text of STEP_TEXT, the name of STEP_ENUM with its dots, the token of STEP_BINARY, the keyword of STEP_TYPED.
   /// Empty for any other kind. Valid until the value changes.
   const char* Chars() const { return HasChars() ? as_.chars : ""; }
+  /// The text of STEP_TEXT as DecodeText returns it; empty for any other kind.
+  std::string Utf8(TextFaults* faults = nullptr) const { return DecodeText(kind_ == STEP_TEXT ? Chars() : "", faults); }
   /// The instance; null for any other kind.
   STEPheader* Object() const { return kind_ == STEP_REF ? as_.object : nullptr; }
   /// The instance, if it is of class T; null otherwise.
@@ -58,7 +60,9 @@ class Value {
     Omit();
     if (value) Become(STEP_REF).as_.object = value;
   }
-  void SetText(std::string_view value) { SetChars(STEP_TEXT, value); }        ///< a text, without apostrophes
+  void SetText(std::string_view value) { SetChars(STEP_TEXT, value); }  ///< a text, without apostrophes
+  /// The text that EncodeText returns.
+  void SetUtf8(std::string_view value, TextFaults* faults = nullptr) { SetText(EncodeText(value, faults)); }
   void SetEnumerator(std::string_view value) { SetChars(STEP_ENUM, value); }  ///< with its dots
   void SetBinary(std::string_view value) { SetChars(STEP_BINARY, value); }    ///< with its quotation marks
   void SetList() { Become(STEP_LIST); }                                       ///< empty

@@ -139,6 +139,33 @@ TEST(Records, AreEdited) {
             "#4 = ROWS(((1),()));\n#5 = COLOUR(.GREEN.);\n#6 = TEXT(*);\n");
 }
 
+// What a file cannot hold as it is, a line end included, comes back from it.
+TEST(Records, HoldUtf8Encoded) {
+  const std::string utf8 = "it's \\ <\u00E9\u4E2D\U0001F600\r\n>";
+  steprt::Model model(&recordSchema);
+  auto* text = new HasText;
+  auto* value = new HasValue;
+  steprt::TextFaults faults;
+  text->A.SetUtf8(utf8, &faults);
+  value->A.SetTyped("LABEL").SetUtf8(utf8, &faults);
+  EXPECT_TRUE(faults.None());
+  const std::string data = WrittenData(model);
+  EXPECT_EQ(data, R"(#1 = TEXT('it''s \\ <\X\E9\X2\4E2D\X0\\X4\0001F600\X0\\X\0D\X\0A>');)"
+                  "\n"
+                  R"(#2 = VALUE(LABEL('it''s \\ <\X\E9\X2\4E2D\X0\\X4\0001F600\X0\\X\0D\X\0A>'));)"
+                  "\n");
+  steprt::Model copy(&recordSchema);
+  EXPECT_EQ(ReadRecords(copy, data), Texts{});
+  EXPECT_EQ(static_cast<HasText&>(*copy.Inst()).A.Utf8(), utf8);
+  EXPECT_EQ(static_cast<HasValue&>(*copy.Inst()->next).A.First().Utf8(), utf8);
+  text->A.SetUtf8("\xFF", &faults);
+  EXPECT_EQ(faults.replaced, 1u);
+  text->A.Omit();
+  EXPECT_EQ(text->A.Utf8(), "");
+  value->A.SetEnumerator(".X.");
+  EXPECT_EQ(value->A.Utf8(), "") << "no text";
+}
+
 TEST(Records, AreEqualWhenAllTheirAttributesAre) {
   for (const Texts& a : Table(kRecords, 1)) {
     for (const Texts& b : Table(kRecords, 1)) {
