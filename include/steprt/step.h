@@ -1,6 +1,6 @@
 /// @file
 /// Includes the public headers of the library. Each of them can also be included alone. record.h, for classes that
-/// describe their attributes, is included by itself.
+/// describe their attributes, and encoding.h, for texts in UTF-8, are included by themselves.
 #ifndef STEPRT_STEP_H
 #define STEPRT_STEP_H
 
