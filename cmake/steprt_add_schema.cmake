@@ -25,7 +25,10 @@ function(steprt_find_command out)
   elseif(NOT command AND TARGET steprt::command)
     set(command steprt::command)
   endif()
-  if(NOT command)
+  if(NOT command AND CMAKE_CROSSCOMPILING)
+    message(FATAL_ERROR "steprt_add_schema: a cross build needs the command steprt of the build machine, and PATH has "
+                        "none. Set STEPRT_COMMAND to one.")
+  elseif(NOT command)
     message(FATAL_ERROR "steprt_add_schema: this steprt was built without the command steprt (it needs CLI11). "
                         "Set STEPRT_COMMAND to one.")
   endif()

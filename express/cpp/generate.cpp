@@ -11,7 +11,11 @@ namespace express::cpp {
 std::vector<File> Generate(const Model& model, const Options& options, Diagnostics& diagnostics) {
   const Selection selection = SelectDeclarations(model, options.entities, diagnostics);
   if (diagnostics.Errors() > 0) return {};
-  const std::string nameSpace = options.nameSpace.empty() ? LowerCase(selection.schema->name.text) : options.nameSpace;
+  std::string nameSpace = options.nameSpace;
+  if (nameSpace.empty()) {
+    nameSpace = LowerCase(selection.schema->name.text);
+    if (!IsNamespace(nameSpace)) nameSpace += '_';
+  }
   const Program program = BuildProgram(selection, nameSpace, options.firstType, diagnostics);
   if (diagnostics.Errors() > 0) return {};
   const std::string stem = FileStem(nameSpace);

@@ -19,7 +19,7 @@
 namespace express::cpp {
 
 struct Options {
-  std::string nameSpace;  // empty: the schema's name in small letters
+  std::string nameSpace;  // empty: the schema's name in small letters, with an underscore if C++ has it
   std::vector<std::string> entities;
   int parts = 4;      // 1 or more
   int firstType = 1;  // the first type number

@@ -12,7 +12,7 @@ std::string Comment(std::string_view text) {
     std::replace_if(
         line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) > '~'; }, '?');
     line.erase(line.find_last_not_of(" \t\f\v") + 1);
-    if (line.ends_with('\\')) line += " --";
+    if (line.ends_with('\\') || line.ends_with("?\?/")) line += " --";
     if (!line.empty()) out += "// " + line + '\n';
     text.remove_prefix(std::min(end + 1, text.size()));
   }

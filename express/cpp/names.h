@@ -26,7 +26,12 @@ bool IsNamespace(std::string_view text);
 // The names of one scope. A name that C++ itself, a macro of a usual header or a base class uses is taken as well.
 class Scope {
  public:
-  enum class Kind { kNamespace, kMembers, kEnumeration, kElements };  // kElements: of XML, where no name is reserved
+  enum class Kind {
+    kNamespace,
+    kMembers,
+    kEnumeration,
+    kElements
+  };  // kElements: of XML, case-insensitive; none is reserved
   explicit Scope(Kind kind, const Scope* around = nullptr) : kind_(kind), around_(around) {}
 
   // The name, with an underscore after it if it is taken here or in the scope around this one (a member that is called

@@ -27,9 +27,9 @@ std::string NamesOf(const Enumeration& enumeration) {
 }
 
 // The type numbers of a class and of those that derive from it. The namespace is named, because a member of a select
-// may have the name of a class.
+// may have the name of a class, and from the global one on, because a class may have the name of the namespace.
 std::string Range(const Program& program, const Class& made) {
-  const std::string name = program.nameSpace + "::" + made.name;
+  const std::string name = "::" + program.nameSpace + "::" + made.name;
   return "{" + name + "::kType, " + name + "::kLastType}";
 }
 

@@ -9,8 +9,8 @@
 namespace express::cpp {
 namespace {
 
-// What the generator spends on entities with several supertypes, which can be the square of their count. AP242 with
-// 1,726 entities needs 783.
+// What the generator spends on entities with several supertypes, in classes and in selects, which can be the square of
+// their count.
 constexpr std::size_t kMostSteps = 200'000;
 
 // Also a type that renames an enumeration.
@@ -33,12 +33,12 @@ class Builder {
     MakeClasses();
     NumberClasses(firstType);
     for (const auto& entity : program_.classes) FindFurtherSubtypes(*entity);
+    for (Select& select : program_.selects) AddMembers(select);
     if (steps_ > kMostSteps) {
       diagnostics_.Error(selection_.schema->name.place, Code::kTooLarge,
                          "the entities with several supertypes have too many supertypes to be listed");
       return std::move(program_);
     }
-    for (Select& select : program_.selects) AddMembers(select);
     for (const auto& entity : program_.classes) AddMembers(*entity);
     return std::move(program_);
   }
@@ -71,6 +71,7 @@ class Builder {
       made->entity = entity;
       made->name = names_[entity];
       made->keyword = UpperCase(selection_.NameOf(*entity));
+      CheckKeyword(*made);
       byEntity_[entity] = made.get();
       program_.classes.push_back(std::move(made));
     }
@@ -80,6 +81,16 @@ class Builder {
       made->base = base;
       base->derived.push_back(made.get());
     }
+  }
+
+  // Two schemas may have entities of one name. Files could not tell them apart.
+  void CheckKeyword(const Class& made) {
+    const auto [first, isNew] = byKeyword_.emplace(made.keyword, made.entity);
+    if (isNew) return;
+    diagnostics_.Error(made.entity->name.place, Code::kDuplicateName,
+                       "files cannot tell this entity from another '" + std::string(made.entity->name.text) +
+                           "': give it a new name with USE FROM ... AS");
+    diagnostics_.Note(first->second->name.place, "the other one is here");
   }
 
   // Depth first, on a stack of its own.
@@ -129,6 +140,7 @@ class Builder {
         select.takesEnumerators = select.takesEnumerators || IsEnumeration(*type);
       } else {
         select.classes.push_back(byEntity_[member]);
+        steps_ += select.classes.back()->furtherSubtypes.size();
       }
     }
   }
@@ -165,6 +177,7 @@ class Builder {
   Scope scope_{Scope::Kind::kNamespace};
   ClassNames names_;
   std::unordered_map<const Declaration*, Class*> byEntity_;
+  std::unordered_map<std::string, const Entity*> byKeyword_;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "express/cpp/selection.h"
 
+#include <string_view>
 #include <unordered_set>
 
 #include "express/cpp/names.h"
@@ -47,23 +48,45 @@ class Closure {
   std::vector<const Declaration*> open_;
 };
 
-void AddNamedEntities(const Schema& schema, const std::vector<std::string>& names, Closure& closure,
-                      Diagnostics& diagnostics) {
+struct Visible {
+  const Declaration* declaration;
+  std::string_view name;
+};
+
+// What the schema declares and interfaces, the nearest first: of schemas that are interfaced as a whole also what these
+// USE, and so on.
+std::vector<Visible> VisibleIn(const Schema& schema) {
+  std::vector<Visible> visible;
+  std::vector<const Schema*> visits = {&schema};
+  std::unordered_set<const Schema*> seen = {&schema};
+  for (std::size_t i = 0; i < visits.size(); ++i) {
+    const Schema& visited = *visits[i];
+    for (const auto& declaration : visited.declarations) {
+      visible.push_back({declaration.get(), declaration->name.text});
+    }
+    for (const Interface& interface : visited.interfaces) {
+      if (i > 0 && !interface.use) continue;
+      for (const Interface::Item& item : interface.items) {
+        visible.push_back({item.original.target, item.name.text});
+      }
+      const Schema* const whole = interface.whole ? interface.schema.target : nullptr;
+      if (whole != nullptr && seen.insert(whole).second) visits.push_back(whole);
+    }
+  }
+  return visible;
+}
+
+void AddNamedEntities(const Schema& schema, const std::vector<Visible>& visible, const std::vector<std::string>& names,
+                      Closure& closure, Diagnostics& diagnostics) {
+  std::unordered_map<std::string, const Declaration*> byName;
+  for (const Visible& each : visible) byName.emplace(Fold(each.name), each.declaration);
   for (const std::string& name : names) {
-    const Declaration* const entity = AsEntity(schema.Find(name));
+    const auto found = byName.find(Fold(name));
+    const Declaration* const entity = found == byName.end() ? nullptr : AsEntity(found->second);
     if (entity == nullptr) {
       diagnostics.Error(schema.name.place, Code::kUnknownName, "this schema has no entity '" + name + "'");
     }
     closure.Add(entity);
-  }
-}
-
-void AddAll(const Schema& schema, Closure& closure) {
-  for (const auto& declaration : schema.declarations) closure.Add(declaration.get());
-  for (const auto& [name, entry] : schema.names) closure.Add(entry.declaration);
-  for (const Interface& interface : schema.interfaces) {
-    if (!interface.whole || interface.schema.target == nullptr) continue;
-    for (const auto& declaration : interface.schema.target->declarations) closure.Add(declaration.get());
   }
 }
 
@@ -79,17 +102,13 @@ Selection SelectDeclarations(const Model& model, const std::vector<std::string>&
   Selection selection;
   selection.schema = model.schemas.front().get();
   Closure closure;
-  if (entityNames.empty()) {
-    AddAll(*selection.schema, closure);
-  } else {
-    AddNamedEntities(*selection.schema, entityNames, closure, diagnostics);
+  const std::vector<Visible> visible = VisibleIn(*selection.schema);
+  for (const Visible& each : visible) {
+    if (entityNames.empty()) closure.Add(each.declaration);
+    selection.renamed.emplace(each.declaration, each.name);
   }
+  AddNamedEntities(*selection.schema, visible, entityNames, closure, diagnostics);
   closure.Complete();
-  for (const Interface& interface : selection.schema->interfaces) {
-    for (const Interface::Item& item : interface.items) {
-      selection.renamed.emplace(item.original.target, item.name.text);
-    }
-  }
   for (const auto& schema : model.schemas) {
     for (const Entity* entity : schema->entities) {
       if (closure.Has(entity)) selection.entities.push_back(entity);

@@ -16,7 +16,7 @@ struct Selection {
   // In the order of the sources, declarations of `schema` first.
   std::vector<const Entity*> entities;
   std::vector<const DefinedType*> types;  // enumerations and selects
-  // What `schema` calls a declaration of another schema, where that is another name.
+  // What `schema` calls the declarations that it can name. A declaration that is only needed keeps its own name.
   std::unordered_map<const Declaration*, std::string> renamed;
 
   // The name that counts in `schema`, and so in files.

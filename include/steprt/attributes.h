@@ -9,8 +9,9 @@
 ///       steprt::List<steprt::Ref<Hinge>> Hinges;     // for (Hinge& hinge : door.Hinges) ...
 ///     };
 ///
-/// A new attribute is omitted. So is one whose value in the file is of another kind: that is reported, and the value is
-/// passed over. Attributes cannot be copied or moved: a transfer stores references into them at its end.
+/// A new attribute is omitted. So is one whose value in the file is of another kind, or an enumerator that its
+/// enumeration does not have: that is reported, and the value is passed over. Attributes cannot be copied or moved: a
+/// transfer stores references into them at its end.
 ///
 /// The limits of a file's form hold: a real has six significant digits, a text 256 characters, an integer 32 bits. The
 /// XML form does not tell a text that is `$` or `*` from a value that is not there. When memory runs out for what an
@@ -31,6 +32,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace steprt {
 
@@ -118,7 +120,7 @@ class Scalar : public Presence {
     const STEPitem kind = BeginValue(t, name);
     if (kind == STEP_OMITTED) return;
     if (Form::Fits(kind) || !rSTEPrefuse(t, name, Form::kMissing)) {
-      value_ = Form::Read(t, name);
+      value_ = Form::Read(t, name, mark_);
     } else {
       mark_ = STEP_OMITTED;
     }
@@ -143,7 +145,7 @@ class Scalar : public Presence {
 struct IntegerForm {
   static constexpr const char* kMissing = "Missing integer";
   static bool Fits(STEPitem kind) { return kind == STEP_INT; }
-  static int Read(STEPtransfer* t, const char* name) { return rSTEPint(t, name); }
+  static int Read(STEPtransfer* t, const char* name, STEPitem& /*mark*/) { return rSTEPint(t, name); }
   static void Write(STEPtransfer* t, const char* name, int value) { wSTEPint(t, name, value); }
   static void Print(std::string& out, int value) { out += std::to_string(value); }
 };
@@ -151,7 +153,7 @@ struct IntegerForm {
 struct RealForm {
   static constexpr const char* kMissing = "Missing real";
   static bool Fits(STEPitem kind) { return kind == STEP_REAL || kind == STEP_INT; }
-  static double Read(STEPtransfer* t, const char* name) { return rSTEPreal(t, name); }
+  static double Read(STEPtransfer* t, const char* name, STEPitem& /*mark*/) { return rSTEPreal(t, name); }
   static void Write(STEPtransfer* t, const char* name, double value) { wSTEPreal(t, name, value); }
   static void Print(std::string& out, double value) { PrintNumber(out, value); }
 };
@@ -159,7 +161,7 @@ struct RealForm {
 struct BooleanForm {
   static constexpr const char* kMissing = "Missing bool";
   static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
-  static bool Read(STEPtransfer* t, const char* name) { return rSTEPbool(t, name); }
+  static bool Read(STEPtransfer* t, const char* name, STEPitem& /*mark*/) { return rSTEPbool(t, name); }
   static void Write(STEPtransfer* t, const char* name, bool value) { wSTEPbool(t, name, value); }
   static void Print(std::string& out, bool value) { out += value ? ".T." : ".F."; }
 };
@@ -167,7 +169,7 @@ struct BooleanForm {
 struct LogicalForm {
   static constexpr const char* kMissing = "Missing logical";
   static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
-  static int Read(STEPtransfer* t, const char* name) { return rSTEPlog(t, name); }
+  static int Read(STEPtransfer* t, const char* name, STEPitem& /*mark*/) { return rSTEPlog(t, name); }
   static void Write(STEPtransfer* t, const char* name, int value) { wSTEPlog(t, name, value); }
   static void Print(std::string& out, int value) { out += value < 0 ? ".U." : value > 0 ? ".T." : ".F."; }
 };
@@ -196,9 +198,18 @@ template <class E>
 struct EnumerationForm {
   static constexpr const char* kMissing = "Missing enumeration";
   static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
-  static E Read(STEPtransfer* t, const char* name) {
+  // Before the names comes one that no enumerator has: the reader returns position 0 for an unknown enumerator.
+  static E Read(STEPtransfer* t, const char* name, STEPitem& mark) {
+    static std::vector<const char*> names = NamesAfterEmpty();
+    const int position = rSTEPenum(t, name, names.data(), static_cast<int>(names.size()));
+    if (position == 0) mark = STEP_OMITTED;
+    return static_cast<E>(position > 0 ? position - 1 : 0);
+  }
+  static std::vector<const char*> NamesAfterEmpty() {
     const EnumeratorNames all = NamesOf(E());
-    return static_cast<E>(rSTEPenum(t, name, all.names, all.count));
+    std::vector<const char*> names(all.names, all.names + all.count);
+    names.insert(names.begin(), "");
+    return names;
   }
   static void Write(STEPtransfer* t, const char* name, E value) {
     wSTEPenum(t, name, static_cast<int>(value), NamesOf(value).names);

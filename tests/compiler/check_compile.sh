@@ -24,6 +24,8 @@ expect 2 '--out is required' compile "$schema"
 expect 2 'SCHEMA.exp is required' compile --out made
 expect 2 "'1x' cannot be a namespace" compile "$schema" --out made --namespace 1x
 expect 2 "'steprt' cannot be a namespace" compile "$schema" --out made --namespace steprt
+expect 2 "'system' cannot be a namespace" compile "$schema" --out made --namespace system
+expect 2 'an empty name is no folder' compile "$schema" --out ''
 expect 2 'parts' compile "$schema" --out made --parts 0
 expect 2 'nothing.exp' compile nothing.exp --out made
 expect 1 "no entity 'Nobody'" compile "$schema" --out made --entities Saw,Nobody

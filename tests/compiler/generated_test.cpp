@@ -75,15 +75,18 @@ constexpr char kAwkwardRecords[] =
     "#5 = BOTH_FRIEND(\"1\",(),$);\n"
     "#6 = LATE(\"2\",(),(),'late',(),($,$,$,$),(),CONSTANTS(.DEFAULT.),.EOF_.,(),#5,());\n"
     "#7 = BOTH('b',(#6),\"0A\",((1.5,2.5),(),(3.5)),((4.5)),(1.5,$,$,2.),((LENGTH(1.5),.NULL.),(#3)),"
-    "ROW((1.5)),.EOF.,(.TRUE.,.PLAIN.),#6,(#4,#5,#6));\n"
-    "#8 = A_B('name',(#7,#6));\n";
+    "ROW((1.5)),.EOF.,(.TRUE.,.PLAIN.,.EPERM.,.SEEK_SET.),#6,(#4,#5,#6));\n"
+    "#8 = A_B('name',(#7,#6));\n"
+    "#9 = APPOBJECT0();\n"
+    "#10 = NAMED('Name',$);\n"
+    "#11 = CASED('name',(),'Name',$);\n";
 
 TEST(GeneratedClasses, ReadAndWriteEveryKindOfAttribute) {
   awkward::Model model;
   EXPECT_EQ(Read(model, awkward::Descriptor(), kAwkwardRecords), 0);
   EXPECT_THAT(reports, IsEmpty());
   const std::string written = Path("Written.stp");
-  EXPECT_EQ(model.Write(written), 8);
+  EXPECT_EQ(model.Write(written), 11);
   EXPECT_EQ(DataLines(written), kAwkwardRecords);
 
   auto& both = Only<awkward::Both>(model);
@@ -99,13 +102,26 @@ TEST(GeneratedClasses, ReadAndWriteEveryKindOfAttribute) {
 TEST(GeneratedClasses, ReadBackFromXml) {
   awkward::Model model;
   EXPECT_EQ(Read(model, awkward::Descriptor(), kAwkwardRecords), 0);
-  EXPECT_EQ(model.WriteXml(Path(".xml")), 8);
+  EXPECT_EQ(model.WriteXml(Path(".xml")), 11);
   awkward::Model again;
   EXPECT_EQ(again.Read(Path(".xml")) == 0, kReadsXml);
   if (!kReadsXml) return;
   const std::string written = Path("Written.stp");
-  EXPECT_EQ(again.Write(written), 8);
+  EXPECT_EQ(again.Write(written), 11);
   EXPECT_EQ(DataLines(written), kAwkwardRecords);
+}
+
+// An enumeration that nothing extends has no enumerator to take instead.
+TEST(GeneratedClasses, OmitEnumeratorsThatTheirSchemaDoesNotHave) {
+  awkward::Model model;
+  EXPECT_EQ(
+      Read(model, awkward::Descriptor(), "#1=NAMED('a',.NEW.);\n#2=BOTH($,$,$,$,$,$,$,$,.NEW.,(.NEW.,.EOF.),$,$);\n"),
+      3);
+  EXPECT_EQ(Printed<awkward::Named>(model), "NAMED('a',$) ");
+  EXPECT_EQ(Printed<awkward::Both>(model), "BOTH($,$,$,$,$,$,$,$,$,($,.EOF.),$,$) ");
+  const std::string written = Path("Written.stp");
+  EXPECT_EQ(model.Write(written), 2);
+  EXPECT_EQ(DataLines(written), "#1 = NAMED('a',$);\n#2 = BOTH($,$,$,$,$,$,$,$,$,($,.EOF.),$,$);\n");
 }
 
 // What an entity derives is * from the start.

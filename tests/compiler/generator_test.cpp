@@ -1,6 +1,7 @@
 // What the generator prints, as texts.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -79,6 +80,50 @@ TEST(Generator, TakesOnlyTheEntitiesThatAreNamedAndWhatTheyNeed) {
   for (const char* missing : {"struct D", "struct E", "enum class Other"}) EXPECT_THAT(header, Not(HasSubstr(missing)));
 }
 
+// Names come through schemas that pass on what they USE, and under the names that these have for it.
+TEST(Generator, TakesWhatOtherSchemasPassOn) {
+  const std::string schemas =
+      "SCHEMA a; USE FROM b; ENTITY own; END_ENTITY; END_SCHEMA;"
+      "SCHEMA b; USE FROM c (thing, wall AS other); REFERENCE FROM c (hidden); USE FROM d; REFERENCE FROM e; "
+      "END_SCHEMA;"
+      "SCHEMA c; ENTITY thing; END_ENTITY; ENTITY wall; END_ENTITY; ENTITY hidden; END_ENTITY; END_SCHEMA;"
+      "SCHEMA d; ENTITY far; END_ENTITY; END_SCHEMA; SCHEMA e; ENTITY unseen; END_ENTITY; END_SCHEMA;";
+  Options some;
+  some.entities = {"OTHER", "far"};
+  struct Row {
+    Options options;
+    std::vector<std::string> there;
+  };
+  for (const Row& row : {Row{{}, {"OWN", "THING", "OTHER", "FAR"}}, Row{some, {"OTHER", "FAR"}}}) {
+    const Generated generated = GenerateFrom(schemas, row.options);
+    EXPECT_EQ(generated.Messages(), "");
+    ASSERT_FALSE(generated.files.empty());
+    const std::string& header = generated.files.front().text;
+    for (const std::string keyword : {"OWN", "THING", "WALL", "OTHER", "HIDDEN", "FAR", "UNSEEN"}) {
+      const bool wanted = std::find(row.there.begin(), row.there.end(), keyword) != row.there.end();
+      EXPECT_EQ(header.find("kKeyword = \"" + keyword + '"') != std::string::npos, wanted) << keyword;
+    }
+  }
+}
+
+TEST(Generator, RefusesEntitiesThatFilesCannotTellApart) {
+  const std::string ends =
+      "ENTITY wall; END_ENTITY; END_SCHEMA;"
+      "SCHEMA b; ENTITY Wall; END_ENTITY; ENTITY holder; w : wall; END_ENTITY; END_SCHEMA;";
+  EXPECT_EQ(GenerateFrom("SCHEMA a; USE FROM b (holder);" + ends).Messages(),
+            "files cannot tell this entity from another 'Wall': give it a new name with USE FROM ... AS\n"
+            "the other one is here\n");
+  EXPECT_EQ(GenerateFrom("SCHEMA a; USE FROM b (holder, wall AS other);" + ends).Messages(), "");
+}
+
+TEST(Generator, HasANamespaceThatIsNoWordOfCpp) {
+  for (const std::string name : {"Class", "steprt", "time", "linux", "math"}) {
+    const Generated generated = GenerateFrom("SCHEMA " + name + "; ENTITY e; END_ENTITY; END_SCHEMA;");
+    ASSERT_FALSE(generated.files.empty());
+    EXPECT_EQ(generated.files.front().name, cpp::LowerCase(name) + "_.h");
+  }
+}
+
 TEST(Generator, RefusesASchemaWithoutTheEntities) {
   const std::string schema = "SCHEMA s; TYPE t = REAL; END_TYPE; ENTITY a; END_ENTITY; END_SCHEMA;";
   Options options;
@@ -98,6 +143,17 @@ TEST(Generator, RefusesWhatWouldGrowAsASquare) {
   const Generated generated = GenerateFrom(schema + "END_SCHEMA;");
   EXPECT_EQ(generated.Messages(), "the entities with several supertypes have too many supertypes to be listed\n");
   EXPECT_TRUE(generated.files.empty());
+}
+
+// Every select would list all entities that are one of its members by a further supertype.
+TEST(Generator, RefusesSelectsThatWouldGrowAsASquare) {
+  std::string schema = "SCHEMA s; ENTITY x; END_ENTITY; ENTITY y; END_ENTITY;";
+  for (int i = 0; i < 1000; ++i) {
+    const std::string number = std::to_string(i);
+    schema += "ENTITY a" + number + " SUBTYPE OF (x, y); END_ENTITY; TYPE s" + number + " = SELECT (y); END_TYPE;";
+  }
+  const Generated generated = GenerateFrom(schema + "END_SCHEMA;");
+  EXPECT_EQ(generated.Messages(), "the entities with several supertypes have too many supertypes to be listed\n");
 }
 
 // Type numbers run depth first from the number asked for; the classes are spread over the parts, each once.
@@ -131,7 +187,8 @@ TEST(Generator, NamesClassesAndNamespaces) {
   EXPECT_EQ(ClassName("cartesian_point_2"), "CartesianPoint2");
   EXPECT_EQ(ClassName("Two_Words"), "Two_Words");
   for (const char* name : {"a", "a_1", "ifc2x3", "a::b", "_a"}) EXPECT_TRUE(cpp::IsNamespace(name)) << name;
-  for (const char* name : {"", "1a", "a-b", "a:b", "::a", "a::", "class", "std", "a::steprt", "a b", "EOF"}) {
+  for (const char* name :
+       {"", "1a", "a-b", "a:b", "::a", "a::", "class", "std", "a::steprt", "a b", "EOF", "time::a"}) {
     EXPECT_FALSE(cpp::IsNamespace(name)) << name;
   }
 }

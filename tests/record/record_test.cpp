@@ -56,7 +56,7 @@ TEST(Records, LoseOneAttributeAndNoMore) {
     REAL(.T.)                   | REAL($)              | Missing real
     BOOLEAN((1))                | BOOLEAN($)           | Missing bool
     LOGICAL()                   | LOGICAL($)           | Missing logical
-    COLOUR(.PINK.)              | COLOUR(.RED.)        | Unknown enumeration '.PINK.'
+    COLOUR(.PINK.)              | COLOUR($)            | Unknown enumeration '.PINK.'
     COLOUR(A(.RED.))            | COLOUR($)            | Missing enumeration
     BINARY('x')                 | BINARY($)            | Missing binary
     BINARY((((1))))             | BINARY($)            | Missing binary

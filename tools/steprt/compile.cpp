@@ -81,7 +81,9 @@ void AddCompile(CLI::App& app, int& status) {
   command->add_option("SCHEMA.exp", request->schemas, "The files, in EXPRESS")->required();
   command->add_option("--out", request->folder, "The folder for the C++ files; it is made if it is not there")
       ->required()
-      ->type_name("FOLDER");
+      ->type_name("FOLDER")
+      ->check(CLI::Validator(
+          [](const std::string& text) { return text.empty() ? "an empty name is no folder" : std::string(); }, ""));
   command
       ->add_option("--namespace", request->options.nameSpace,
                    "The namespace, which may be nested (a::b); by default the schema's name in small letters")
