@@ -160,7 +160,7 @@ class Builder {
       const Attribute* const attribute = made.entity->slots[i].root;
       const std::string name(attribute->name.text);
       made.members.push_back(std::make_unique<Member>(
-          Member{attribute, members.Take(name), elements.Take(name), TypeText(*attribute->type, names_)}));
+          Member{attribute, members.Take(name), elements.Take(name), types_.Of(*attribute->type)}));
       made.slots.push_back(made.members.back().get());
     }
     for (std::size_t i = 0; i < made.slots.size(); ++i) {
@@ -176,6 +176,7 @@ class Builder {
   Program program_;
   Scope scope_{Scope::Kind::kNamespace};
   ClassNames names_;
+  TypeTexts types_{names_};
   std::unordered_map<const Declaration*, Class*> byEntity_;
   std::unordered_map<std::string, const Entity*> byKeyword_;
 };

@@ -1,17 +1,9 @@
 #include "express/cpp/types.h"
 
+#include <vector>
+
 namespace express::cpp {
 namespace {
-
-// What a type is once defined types that rename another type are replaced.
-const Type& Underlying(const Type& type) {
-  const Type* current = &type;
-  for (;;) {
-    const DefinedType* const defined = AsType(current->named.target);
-    if (defined == nullptr || defined->form != DefinedType::Form::kUnderlying) return *current;
-    current = defined->underlying.get();
-  }
-}
 
 std::string NamedText(const Type& type, const ClassNames& names) {
   const auto found = names.find(type.named.target);
@@ -45,7 +37,21 @@ const char* SimpleText(Type::Kind kind) {
 
 }  // namespace
 
-std::string TypeText(const Type& type, const ClassNames& names) {
+const Type& TypeTexts::Underlying(const Type& type) {
+  const Type* current = &type;
+  std::vector<const DefinedType*> passed;
+  for (;;) {
+    const DefinedType* const defined = AsType(current->named.target);
+    if (defined == nullptr || defined->form != DefinedType::Form::kUnderlying) break;
+    const auto known = underlying_.find(defined);
+    current = known != underlying_.end() ? known->second : defined->underlying.get();
+    passed.push_back(defined);
+  }
+  for (const DefinedType* defined : passed) underlying_[defined] = current;
+  return *current;
+}
+
+std::string TypeTexts::Of(const Type& type) {
   std::string before;
   std::string after;
   const Type* current = &Underlying(type);
@@ -55,7 +61,7 @@ std::string TypeText(const Type& type, const ClassNames& names) {
     after += '>';
     missing = current->optional;
   }
-  std::string innermost = current->kind == Type::Kind::kNamed ? NamedText(*current, names) : SimpleText(current->kind);
+  std::string innermost = current->kind == Type::Kind::kNamed ? NamedText(*current, names_) : SimpleText(current->kind);
   // A list of reals has no place for `$`.
   if (missing && innermost == "steprt::Real") innermost = "steprt::Value";
   return before + innermost + after;

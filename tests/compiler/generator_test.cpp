@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <sstream>
 
@@ -143,6 +144,27 @@ TEST(Generator, RefusesWhatWouldGrowAsASquare) {
   const Generated generated = GenerateFrom(schema + "END_SCHEMA;");
   EXPECT_EQ(generated.Messages(), "the entities with several supertypes have too many supertypes to be listed\n");
   EXPECT_TRUE(generated.files.empty());
+}
+
+// Each attribute has another type of one chain. A walk for each of them takes several times the limit of time.
+TEST(Generator, WalksChainsOfTypesOnce) {
+  std::string types;
+  std::string attributes;
+  for (int i = 0; i < 100'000; ++i) {
+    const std::string number = std::to_string(i);
+    types += "TYPE t" + number + " = t" + std::to_string(i + 1) + "; END_TYPE;";
+    attributes += 'a' + number + " : LIST OF t" + number + ';';
+  }
+  Options options;
+  options.parts = 1;
+  const std::clock_t start = std::clock();
+  const Generated generated = GenerateFrom(
+      "SCHEMA s;" + types + "TYPE t100000 = INTEGER; END_TYPE; ENTITY e;" + attributes + "END_ENTITY; END_SCHEMA;",
+      options);
+  EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
+  EXPECT_EQ(generated.Messages(), "");
+  ASSERT_FALSE(generated.files.empty());
+  EXPECT_THAT(generated.files.front().text, HasSubstr("  steprt::List<steprt::Integer> a0;\n"));
 }
 
 // Every select would list all entities that are one of its members by a further supertype.
