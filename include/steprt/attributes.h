@@ -200,16 +200,12 @@ struct EnumerationForm {
   static bool Fits(STEPitem kind) { return kind == STEP_ENUM; }
   // Before the names comes one that no enumerator has: the reader returns position 0 for an unknown enumerator.
   static E Read(STEPtransfer* t, const char* name, STEPitem& mark) {
-    static std::vector<const char*> names = NamesAfterEmpty();
+    const EnumeratorNames all = NamesOf(E());
+    static std::vector<const char*> names = {""};
+    if (names.size() == 1) names.insert(names.end(), all.names, all.names + all.count);
     const int position = rSTEPenum(t, name, names.data(), static_cast<int>(names.size()));
     if (position == 0) mark = STEP_OMITTED;
     return static_cast<E>(position > 0 ? position - 1 : 0);
-  }
-  static std::vector<const char*> NamesAfterEmpty() {
-    const EnumeratorNames all = NamesOf(E());
-    std::vector<const char*> names(all.names, all.names + all.count);
-    names.insert(names.begin(), "");
-    return names;
   }
   static void Write(STEPtransfer* t, const char* name, E value) {
     wSTEPenum(t, name, static_cast<int>(value), NamesOf(value).names);
