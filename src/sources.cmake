@@ -36,15 +36,18 @@ set(STEPRT_SOURCES
     read/transfer/references.cpp
     read/transfer/report.cpp
     read/transfer/transfer.cpp
+    read/transfer/wide_read.cpp
     xml/values/element.cpp
     xml/values/escape.cpp
     xml/values/kind.cpp
     xml/values/lists.cpp
     read/tokeniser.cpp
+    read/wide_tokens.cpp
     read/sections.cpp
     read/header_section.cpp
     read/data_section.cpp
     read/file_reader.cpp
+    read/standard_reader.cpp
     read/items.cpp
     read/attribute.cpp
     read/scalars.cpp

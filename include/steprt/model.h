@@ -16,6 +16,8 @@
 #include <steprt/export.h>
 #include <steprt/fwd.h>
 
+#include <cstddef>
+
 /// A population of instances of one schema. Derive a class that binds it to a descriptor by AppObj.
 class STEPRT_API STEPmodel {
  public:
@@ -115,6 +117,19 @@ class STEPRT_API STEPmodel {
   /// Writes the instances as an XML document. Arguments and result are those of Write. If another writer has the file
   /// open for clear text, it cannot be created; two writers of XML do not exclude each other.
   int WriteXml(char* fileName, const char* remark);
+
+  /// Reads a file of ISO 10303-21 as it is published, and appends its instances. See standard.h for what that takes
+  /// beyond the form that Read takes, and for the options. There is no second pass for XML.
+  ///
+  /// Returns the number of reports, 0 for a clean read. Whatever is reported, instances that were read remain. Without
+  /// a schema, nothing is read and the result is 1. Model, lock and name are as in Read.
+  /// @param fileName  becomes the name of the model, or null for the name it has
+  /// @param options   null: a new STEPreadOptions
+  int ReadStandard(const char* fileName, const STEPreadOptions* options = nullptr);
+
+  /// The same for the content of a file in memory. The name of the model is shown in reports, and nothing is opened.
+  /// Null bytes are an empty file.
+  int ReadStandardFromMemory(const char* bytes, std::size_t size, const STEPreadOptions* options = nullptr);
 
   /// Takes one from the error budget of the running transfer. Returns 1 if one was left, otherwise 0. It lets an error
   /// procedure show only the first few reports; the library always delivers all of them.

@@ -15,6 +15,7 @@
 #include <steprt/read.h>
 #include <steprt/schema.h>
 #include <steprt/select.h>
+#include <steprt/standard.h>
 #include <steprt/text.h>
 #include <steprt/version.h>
 #include <steprt/write.h>

@@ -3,6 +3,7 @@
 #include "model/current_model.h"
 #include "steprt/model.h"
 #include "steprt/read.h"
+#include "steprt/standard.h"
 #include "steprt/write.h"
 #include "xml/xml_reader.h"
 #include "xml/xml_writer.h"
@@ -38,6 +39,19 @@ int STEPmodel::Read(bool check, char* fileName) {
   const steprt::CurrentModelScope current(this);
   const int errors = STEPread(name, schema, check);
   return first ? errors : steprt::STEPreadXml(name, schema, nullptr);
+}
+
+int STEPmodel::ReadStandard(const char* fileName, const STEPreadOptions* options) {
+  Name(fileName);
+  const TransferScope transfer(this);
+  const steprt::CurrentModelScope current(this);
+  return STEPreadStandard(name, nullptr, 0, schema, options);
+}
+
+int STEPmodel::ReadStandardFromMemory(const char* bytes, std::size_t size, const STEPreadOptions* options) {
+  const TransferScope transfer(this);
+  const steprt::CurrentModelScope current(this);
+  return STEPreadStandard(name, bytes ? bytes : "", bytes ? size : 0, schema, options);
 }
 
 int STEPmodel::ReadXml(const char* text) {

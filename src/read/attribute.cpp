@@ -1,5 +1,6 @@
 #include "read/attribute.h"
 
+#include "read/items.h"
 #include "read/tokeniser.h"
 #include "support/ascii.h"
 
@@ -16,6 +17,7 @@ int NextAttrToken(STEPtransfer* t) {
 }
 
 void SkipAttribute(STEPtransfer* t, int token) {
+  if (t->wide && token == TOK_OPEN) return SkipToClose(t, 1);
   if (token == TOK_OPEN) {
     do {
       token = NextToken(t);

@@ -39,10 +39,18 @@ void ExpectFurther(STEPtransfer* t) {
   if (count % kRecords == 0) entries.Expect(count * t->file.in->Growth());
 }
 
+// Refuses a record that has no keyword where there should be one. In the library's own form it ends the read.
+bool RefuseKeyword(STEPtransfer* t, int token) {
+  if (!t->wide) return false;
+  t->pushedToken = token;
+  RefuseRecord(t, token == TOK_OPEN ? kComplexInstance : kSyntax);
+  return true;
+}
+
 // record = "#" number "=" NAME "(" attributes ")" ";", of which the number has been read
 //
 // The number counts as used from here on, even if the record turns out to be bad. Returns false if the record breaks
-// off before its keyword. The record of a complex instance does.
+// off before its keyword and ends the read. The record of a complex instance does.
 bool ReadRecord(STEPtransfer* t, int number) {
   t->store->prefetcher.SeeRecord(number);
   ExpectFurther(t);
@@ -51,7 +59,8 @@ bool ReadRecord(STEPtransfer* t, int number) {
     RefuseRecord(t, kOutOfMemory);
     return true;
   }
-  if (NextToken(t, '=', TOK_EQUAL) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
+  int token = NextToken(t, '=', TOK_EQUAL);
+  if (token != TOK_EQUAL || (token = NextToken(t)) != TOK_NAME) return RefuseKeyword(t, token);
   Copy(t->where, t->value.text, kWhereLimit);
   if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
     ReadBrackets(t, *row, entry);
@@ -68,7 +77,11 @@ int ReadDataSection(STEPtransfer* t) {
   for (;;) {
     const int token = NextToken(t, ';', TOK_SEMI);
     if (token == TOK_EOF) return SEC_NONE;
-    if (token == TOK_NAME) return SectionCode(t->value.text);
+    if (token == TOK_NAME) {
+      const int code = SectionCode(t->value.text);
+      if (code != SEC_NONE || !t->wide) return code;
+      RefuseRecord(t, kSyntax);
+    }
     if (token != TOK_REF) continue;  // the `;` after a record as well
     if (!ReadRecord(t, t->value.integer)) return SEC_NONE;
   }

@@ -51,6 +51,16 @@ bool ReadHeaderRecord(STEPtransfer* t, const APPentity& row) {
   return token == TOK_CLOSE || token == TOK_SEMI;
 }
 
+// In a wide read the name ends before its object identifier: PLANT { 1 0 10303 99 }.
+bool IsSchemaName(const STEPtransfer* t, const char* listed, const char* schemaName) {
+  if (!t->wide) return EqualNoCase(listed, schemaName);
+  while (*schemaName && ToLower(*listed) == ToLower(*schemaName)) {
+    ++listed;
+    ++schemaName;
+  }
+  return !*schemaName && (!*listed || *listed == ' ' || *listed == '\t' || *listed == '{');
+}
+
 }  // namespace
 
 APPobject0* HeaderSchema() {
@@ -87,7 +97,7 @@ int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
 bool SchemaNotListed(STEPtransfer* t, const char* schemaName) {
   if (t->store->listedSchema && t->store->listedSchema == schemaName) return false;
   for (const STEPlist* node = t->schemas ? t->schemas->head : nullptr; node; node = node->next) {
-    if (!EqualNoCase(node->value.text, schemaName)) continue;
+    if (!IsSchemaName(t, node->value.text, schemaName)) continue;
     t->store->listedSchema = schemaName;
     return false;
   }

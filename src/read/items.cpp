@@ -17,6 +17,7 @@
 #include "read/tokeniser.h"
 #include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
+#include "read/transfer/wide_read.h"
 #include "steprt/items.h"
 #include "support/ascii.h"
 #include "support/empty_text.h"
@@ -33,6 +34,8 @@ using namespace steprt;
 // before, the tokeniser has copied it to the buffer.
 std::string_view NumberText(STEPtransfer* t) {
   const InputFile& in = *t->file.in;
+  const WideRead* wide = t->wide;
+  if (wide && wide->wordEnd == in.Cursor() && wide->wordBlock == in.Blocks()) return wide->word;
   const char* start = in.Cursor();
   while (start != in.Begin() && !IsIn(kIsDelimiter, start[-1])) --start;
   const bool crosses = start == in.Begin() && (!IsIn(kIsDelimiter, in.Before()) || in.Before() == '#');
@@ -120,8 +123,8 @@ const char* OpenFromTokens(STEPtransfer* t) {
   t->pushedToken = kNoToken;
   ++t->items.depth;
   if (kind == STEP_LIST) return EmptyText();
-  NextToken(t);  // the `(`, which leaves the name in the buffer
-  return t->buffer;
+  NextToken(t);  // the `(`, which leaves the name where it is
+  return t->value.text;
 }
 
 // The text of a token that has just been read.
@@ -135,7 +138,7 @@ std::string_view TokenText(STEPtransfer* t, int token) {
     case TOK_EQUAL:
       return {t->file.in->Cursor() - 1, 1};
     default:
-      return t->buffer;
+      return t->value.text;
   }
 }
 
@@ -143,7 +146,7 @@ const char* TokenFromTokens(STEPtransfer* t) {
   const STEPitem kind = Peek(t);
   if (kind == STEP_END || kind == STEP_TYPED || kind == STEP_LIST) return EmptyText();
   const std::string_view text = TokenText(t, std::exchange(t->pushedToken, kNoToken));
-  if (text.data() == t->buffer) return t->buffer;
+  if (text.data() == t->buffer || (t->wide && text.data() == t->wide->token.Chars())) return text.data();
   const std::size_t length = text.copy(t->buffer, kTokenLimit);
   t->buffer[length] = '\0';
   return t->buffer;

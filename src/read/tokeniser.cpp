@@ -1,20 +1,16 @@
 #include "read/tokeniser.h"
 
-#include <climits>
 #include <cstring>
 
 #include "read/char_class.h"
 #include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
+#include "read/wide_tokens.h"
 #include "support/ascii.h"
 #include "support/number_parse.h"
 
 namespace steprt {
 namespace {
-
-void CountLine(STEPtransfer* t) {
-  if (t->line < INT_MAX) ++t->line;
-}
 
 // Reads up to the first byte that is no blank, and returns that byte, or InputFile::kEnd at the end of the file.
 //
@@ -195,7 +191,7 @@ bool ScanText(STEPtransfer* t, char* target) {
   const char* p = in.Cursor();
   while (!IsIn(kStopsText, *p)) ++p;
   const bool isPlain = *p == '\'' && p + 1 != in.Limit() && p[1] != '\'' && p - in.Cursor() < kTokenLimit;
-  if (!isPlain) return ScanLongText(t, target);
+  if (!isPlain) return t->wide ? ScanWideText(t) : ScanLongText(t, target);
   StoreScanned(t, target, p);
   in.MoveTo(p + 1);
   return true;
@@ -223,14 +219,15 @@ int ClassifyWord(STEPtransfer* t) {
 }
 
 int WordToken(STEPtransfer* t, char first) {
+  if (t->wide) return WideWordToken(t, first);
   t->buffer[0] = first;
   if (!ScanWord(t, t->buffer + 1)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   return ClassifyWord(t);
 }
 
 int TextToken(STEPtransfer* t) {
-  if (!ScanText(t, t->buffer)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   t->value.text = t->buffer;
+  if (!ScanText(t, t->buffer)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   return TOK_TEXT;
 }
 
@@ -242,7 +239,10 @@ int NumberToken(STEPtransfer* t, const char* start) {
 
 // Reads any token, with the blanks before it.
 [[gnu::noinline]] int AnyToken(STEPtransfer* t) {
-  const int c = SkipBlanks(t);
+  int c;
+  do {
+    c = SkipBlanks(t);
+  } while (c == '/' && t->wide && SkipComment(t));
   switch (c) {
     case InputFile::kEnd:
       return TOK_EOF;
@@ -281,7 +281,10 @@ int NextToken(STEPtransfer* t) {
 }
 
 bool NextByteIs(STEPtransfer* t, char c) {
-  const int next = SkipBlanks(t);
+  int next;
+  do {
+    next = SkipBlanks(t);
+  } while (next == '/' && t->wide && SkipComment(t));
   if (next == InputFile::kEnd) return false;
   t->file.in->MoveTo(t->file.in->Cursor() - 1);
   return next == c;

@@ -22,7 +22,8 @@ struct Check {
 };
 
 std::vector<Check> Checks() {
-  std::vector<Check> checks = {{"OfClearText", Form::kClearText, CheckClearText}};
+  std::vector<Check> checks = {{"OfClearText", Form::kClearText, CheckClearText},
+                               {"OfStandardFiles", Form::kClearText, CheckStandard}};
   if (steprt::saxService) checks.push_back({"OfDocuments", Form::kXml, CheckDocument});
   return checks;
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "platform/sax.h"
+#include "steprt/standard.h"
 #include "support/faulty_calls.h"
 #include "support/soundness.h"
 #include "support/tame.h"
@@ -100,6 +101,22 @@ void CheckClearText(const std::string& bytes) {
   if (bytes.size() % 4 == 0) Write(model, Form::kClearText);  // values that do not come back
   ExpectComesBack(model, Form::kClearText);
   if (bytes.size() % 4 == 1 && steprt::saxService) ExpectComesBack(model, Form::kXml);
+}
+
+void CheckStandard(const std::string& bytes) {
+  STEPreadOptions options;
+  options.check = bytes.size() % 3 == 1;
+  if (bytes.size() % 2 == 0) options.tokenLimit = 300;
+  ProjModel model;
+  model.Name("memory.stp");
+  const Outcome outcome =
+      ReadInto(model, model.Name(), [&] { return model.ReadStandardFromMemory(bytes.data(), bytes.size(), &options); });
+  EXPECT_EQ(outcome.result, ResultOf(outcome.reports));
+  const FaultyCalls calls({.interrupted = true, .atMost = [&] { return bytes.size() % 2 ? 3 : 50; }});
+  ProjModel again;
+  const std::string path = MakeFile("read.xml", bytes);
+  EXPECT_EQ(ReadInto(again, path, [&] { return again.ReadStandard(path.c_str(), &options); }), outcome);
+  if (bytes.size() % 4 == 0) Write(model, Form::kClearText);
 }
 
 void CheckDocument(const std::string& bytes) {

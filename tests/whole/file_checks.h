@@ -12,6 +12,10 @@ namespace steprt_test {
 // come back after a write in either form.
 void CheckClearText(const std::string& bytes);
 
+// Reads the bytes as a standard file, in memory and as a file that arrives in pieces. Both must agree. What was read is
+// written, but may not come back: the library's own form does not hold it all.
+void CheckStandard(const std::string& bytes);
+
 // Reads the bytes up to the first that is 0 as a document in memory, and as a file that arrives in pieces. Both must
 // agree, and what was read must come back.
 void CheckDocument(const std::string& bytes);

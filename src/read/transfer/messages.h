@@ -48,6 +48,12 @@ inline constexpr char kUnknownReference[] = "Unknown reference #%d";
 inline constexpr char kReferenceToNothing[] = "Reference to unknown object #%d";
 inline constexpr char kReferenceToWrongType[] = "Reference to wrong object type '%s'";
 
+// Only in a read of ISO 10303-21 as it is published.
+inline constexpr char kUnterminatedComment[] = "Unterminated comment";
+inline constexpr char kIntegerOutOfRange[] = "Integer out of range";
+inline constexpr char kComplexInstance[] = "Complex instance";
+inline constexpr char kSectionNotRead[] = "Section %s is not read";
+
 inline constexpr char kTooDeep[] = "Too deep nesting";
 inline constexpr char kOutOfMemory[] = "Out of memory";
 

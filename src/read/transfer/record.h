@@ -5,6 +5,7 @@
 #ifndef STEPRT_READ_TRANSFER_RECORD_H
 #define STEPRT_READ_TRANSFER_RECORD_H
 
+#include <climits>
 #include <memory>
 
 #include "platform/input_file.h"
@@ -38,7 +39,8 @@ struct STEPentry;    // entry_index.h
 
 namespace steprt {
 struct ReadStore;  // read_store.h
-}
+struct WideRead;   // wide_read.h
+}  // namespace steprt
 
 // One pending reference to an instance whose record has not been read.
 struct STEPfixup {
@@ -97,6 +99,16 @@ struct STEPtransfer {
   steprt::ReadStore* store = nullptr;  // null in a write; see NewReadTransfer
 
   ItemState items;
+
+  steprt::WideRead* wide = nullptr;  // set in a read of ISO 10303-21 as it is published
 };
+
+namespace steprt {
+
+inline void CountLine(STEPtransfer* t) {
+  if (t->line < INT_MAX) ++t->line;
+}
+
+}  // namespace steprt
 
 #endif

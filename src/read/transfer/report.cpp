@@ -1,10 +1,12 @@
 #include "read/transfer/report.h"
 
+#include <charconv>
 #include <climits>
 #include <cstring>
 #include <string_view>
 
 #include "platform/message_box.h"
+#include "read/transfer/wide_read.h"
 #include "support/text_buffer.h"
 
 namespace steprt {
@@ -47,7 +49,12 @@ void ReportError(STEPtransfer* t, const char* message) {
 
 void ReportError(STEPtransfer* t, const char* message, const char* text) { ReportFormatted(t, message, text); }
 
-void ReportError(STEPtransfer* t, const char* message, int number) { ReportFormatted(t, message, number); }
+void ReportError(STEPtransfer* t, const char* message, int number) {
+  if (!t->wide || number >= 0) return ReportFormatted(t, message, number);
+  char digits[24];
+  *std::to_chars(digits, digits + sizeof digits - 1, t->wide->bigNames.NameOf(number)).ptr = '\0';
+  ReportFormatted(t, message, static_cast<const char*>(digits));
+}
 
 STEPerrorProc ErrorProcOf(APPobject0* schema) {
   for (; schema; schema = schema->next) {
