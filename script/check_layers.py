@@ -26,7 +26,7 @@ PUBLIC = {
     "schema.h": "schema", "library.h": "schema",
     "instance.h": "model", "model.h": "model", "aggregate.h": "model", "select.h": "model",
     "items.h": "read/transfer",  # its two halves are in read and write
-    "standard.h": "read/transfer",  # the options; the driver is in read
+    "standard.h": "model",  # complex instances; the driver and the options are in read
     "read.h": "read",
     "write.h": "write",
     "step.h": TOP,

@@ -19,6 +19,7 @@ set(STEPRT_SOURCES
     schema/lookup.cpp
     schema/lookup_cache.cpp
     model/aggregate.cpp
+    model/complex.cpp
     model/current_model.cpp
     model/instance.cpp
     model/model.cpp
@@ -45,6 +46,7 @@ set(STEPRT_SOURCES
     read/wide_tokens.cpp
     read/sections.cpp
     read/header_section.cpp
+    read/complex.cpp
     read/data_section.cpp
     read/file_reader.cpp
     read/standard_reader.cpp

@@ -118,6 +118,7 @@ constexpr auto kMembers = Sorted(std::to_array<std::string_view>({"AbstractEntit
                                                                   "Type",
                                                                   "d",
                                                                   "id",
+                                                                  "kFurtherAttributes",
                                                                   "kIncludes",
                                                                   "kKeyword",
                                                                   "kLastType",

@@ -1,4 +1,6 @@
 // ns.h: what a user of the schema sees.
+#include <algorithm>
+
 #include "express/cpp/layout.h"
 #include "express/cpp/names.h"
 #include "express/cpp/print.h"
@@ -27,6 +29,9 @@ std::string ClassText(const Class& made) {
     out += "  static bool Includes(int type);  // some subtypes have another class as their base\n";
     out += "  static constexpr bool (*kIncludes)(int) = Includes;\n";
   }
+  const auto further = std::count_if(made.members.begin(), made.members.end(),
+                                     [&](const auto& member) { return member->attribute->owner != made.entity; });
+  if (further > 0) out += "  static constexpr int kFurtherAttributes = " + std::to_string(further) + ";\n";
   for (const auto& member : made.members) {
     out += "  " + member->type + ' ' + member->name + ';';
     const Entity* const owner = member->attribute->owner;

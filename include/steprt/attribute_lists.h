@@ -292,7 +292,7 @@ class List<Ref<T>> : public detail::ReferenceList {
    private:
     void Settle() {
       for (member_ = nullptr; node_; node_ = node_->next) {
-        if ((member_ = dynamic_cast<T*>(node_->value.object))) return;
+        if ((member_ = detail::As<T>(node_->value.object))) return;
       }
     }
     const STEPlist* node_;
@@ -307,7 +307,7 @@ class List<Ref<T>> : public detail::ReferenceList {
   int WrongReferences() const {
     int wrong = 0;
     for (const STEPlist* node = aggregate_.head; node; node = node->next) {
-      if (node->value.object && !T::kIncludes(node->value.object->type)) ++wrong;
+      if (node->value.object && !detail::IsIncluded(node->value.object, T::kIncludes)) ++wrong;
     }
     return wrong;
   }

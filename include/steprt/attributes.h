@@ -26,6 +26,7 @@
 #include <steprt/instance.h>
 #include <steprt/items.h>
 #include <steprt/read.h>
+#include <steprt/standard.h>
 #include <steprt/write.h>
 
 #include <charconv>
@@ -323,6 +324,25 @@ class Binary : public detail::Presence {
 
 namespace detail {
 
+// The instance if it is of class T, or the first part of a complex instance that is; null otherwise.
+template <class T>
+T* As(STEPheader* object) {
+  if (T* found = dynamic_cast<T*>(object)) return found;
+  if (!object || object->type != STEPcomplex::kType) return nullptr;
+  for (STEPheader* part = static_cast<STEPcomplex*>(object)->Parts(); part; part = part->next) {
+    if (T* found = dynamic_cast<T*>(part)) return found;
+  }
+  return nullptr;
+}
+
+// Whether the instance, or a part of a complex instance, is of a type that the function tells.
+inline bool IsIncluded(const STEPheader* object, bool (*includes)(int type)) {
+  if (object->type != STEPcomplex::kType) return includes(object->type);
+  const STEPheader* part = static_cast<const STEPcomplex*>(object)->Parts();
+  while (part && !includes(part->type)) part = part->next;
+  return part;
+}
+
 constexpr bool IsSet(bool (*function)(int)) { return function != nullptr; }
 
 // The type that a transfer compares a reference with; -1: it takes any.
@@ -359,7 +379,7 @@ class Reference : public Presence {
     object_ = object;
   }
   // Whether the instance is of none of those types.
-  bool IsNotOf(bool (*includes)(int type)) const { return object_ && !includes(object_->type); }
+  bool IsNotOf(bool (*includes)(int type)) const { return object_ && !IsIncluded(object_, includes); }
   // The instance may be stored only when the transfer ends.
   void ReadAs(STEPtransfer* t, const char* name, int expected) {
     Omit();
@@ -385,8 +405,9 @@ class Ref : public detail::Reference {
     Become(object ? STEP_END : STEP_OMITTED, object);
     return *this;
   }
-  T* Get() const { return dynamic_cast<T*>(Object()); }  ///< null if there is none, or none of class T
-  T* operator->() const { return Get(); }                ///< as Get
+  /// The instance, or the part of a complex one; null if there is none of class T.
+  T* Get() const { return detail::As<T>(Object()); }
+  T* operator->() const { return Get(); }  ///< as Get
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) { ReadAs(t, name, detail::ExpectedType<T>()); }

@@ -16,6 +16,7 @@ class STEPstring;        // a counted text                  text.h
 class STEPlib;           // a loaded library                library.h
 class STEPmodule;        // a link of the module chain      module.h
 struct STEPentryTable;   // a module's numbered entries     module.h
+class STEPcomplex;       // an instance of several entities  standard.h
 struct STEPreadOptions;  // of a standard read              standard.h
 
 #endif

@@ -31,6 +31,7 @@
 #include <steprt/schema.h>
 #include <steprt/value.h>
 
+#include <climits>
 #include <cstdio>
 #include <string>
 #include <type_traits>
@@ -151,6 +152,9 @@ class Entity : public Base {
   /// The class may hide it with a function that tells whether a type is its own or of a subtype, if subtypes exist that
   /// do not derive from it. A transfer then takes a reference to any instance: see ReportWrongReferences.
   static constexpr bool (*kIncludes)(int type) = nullptr;
+  /// The class may hide it with the count of its members that are attributes of further supertypes. These come first
+  /// and are not read for a part of a complex instance.
+  static constexpr int kFurtherAttributes = 0;
   using Super = Base;         ///< the class of the supertype
   using AbstractSelf = void;  ///< see AbstractEntity
 
@@ -209,9 +213,45 @@ class Collector final : public Description {
   void Visit(const char* /*name*/, void* value, const AttributeType& type) override { items.push_back({value, &type}); }
 };
 
+// Passes over the first attributes.
+class OwnReader final : public Description {
+ public:
+  explicit OwnReader(STEPtransfer* t) : t_(t) {}
+  void Skip(int count) { skipped_ = count; }
+  int Count() const { return count_; }
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override {
+    if (++count_ > skipped_) type.read(value, t_, name);
+  }
+  STEPtransfer* const t_;
+  int skipped_ = INT_MAX;
+  int count_ = 0;
+};
+
+// Reads what the record's own class declares: what comes after the attributes of its base and `further` ones.
+inline STEPheader* ReadPart(STEPtransfer* t, Record* record, void (*describeBase)(Record*, Description&), int further) {
+  OwnReader base(t);
+  if (describeBase) describeBase(record, base);
+  OwnReader own(t);
+  own.Skip(base.Count() + further);
+  record->Describe(own);
+  return record;
+}
+
+template <class T>
+constexpr auto BaseDescriber() -> void (*)(Record*, Description&) {
+  if constexpr (std::is_same_v<typename T::Super, Record>) {
+    return nullptr;
+  } else {
+    return [](Record* record, Description& d) { static_cast<T*>(record)->T::Super::Describe(d); };
+  }
+}
+
 template <class T>
 STEPheader* ReadRecord(STEPtransfer* t) {
   auto* record = new T;
+  if (rSTEPispart(t)) return ReadPart(t, record, BaseDescriber<T>(), T::kFurtherAttributes);
   Reader reader(t);
   record->T::Describe(reader);
   return record;
@@ -257,8 +297,8 @@ constexpr APPtable<static_cast<int>(sizeof...(Classes))> Schema(const char* name
   return APPtable<static_cast<int>(sizeof...(Classes))>(name, detail::kRows<Classes...>, errorProc);
 }
 
-/// The instances of class T, subclasses included, of a model, in its order. The iteration holds the instance at
-/// hand: do not destroy that one meanwhile.
+/// The instances of class T, subclasses included, of a model, in its order. Of a complex instance each part of class T.
+/// The iteration holds the instance at hand: do not destroy that one meanwhile.
 template <class T>
 class Instances {
  public:
@@ -267,20 +307,42 @@ class Instances {
     explicit Iterator(STEPheader* object) : object_(object) { Settle(); }
     T& operator*() const { return *instance_; }
     Iterator& operator++() {
-      object_ = object_->next;
+      if (part_) {
+        part_ = part_->next;
+      } else {
+        object_ = object_->next;
+      }
       Settle();
       return *this;
     }
-    bool operator!=(const Iterator& other) const { return object_ != other.object_; }
+    bool operator!=(const Iterator& other) const { return object_ != other.object_ || part_ != other.part_; }
 
    private:
+    static T* Cast(STEPheader* object) {
+      if (T::kLastType >= 0 && (object->type < T::kType || object->type > T::kLastType)) return nullptr;
+      return dynamic_cast<T*>(object);
+    }
+    // Goes to the next instance or part that is of class T, from the one at hand on.
     void Settle() {
-      for (instance_ = nullptr; object_; object_ = object_->next) {
-        if (T::kLastType >= 0 && (object_->type < T::kType || object_->type > T::kLastType)) continue;
-        if ((instance_ = dynamic_cast<T*>(object_))) return;
+      for (;;) {
+        for (; part_; part_ = part_->next) {
+          if ((instance_ = Cast(part_))) return;
+        }
+        if (isInside_) object_ = object_->next;
+        isInside_ = object_ && object_->type == STEPcomplex::kType;
+        if (!object_) return;
+        if (isInside_) {
+          part_ = static_cast<STEPcomplex*>(object_)->Parts();
+        } else if ((instance_ = Cast(object_))) {
+          return;
+        } else {
+          object_ = object_->next;
+        }
       }
     }
     STEPheader* object_;
+    STEPheader* part_ = nullptr;  // of a complex instance
+    bool isInside_ = false;       // of a complex instance, or after its last part
     T* instance_ = nullptr;
   };
 

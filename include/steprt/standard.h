@@ -12,10 +12,12 @@
 /// ends the read.
 ///
 /// Each of these costs one report, and the read goes on after it:
-///   - "Complex instance": the record `#1=(A()B());` is passed over, and its name means no instance.
 ///   - "Unknown entity !KEY": a record with a user-defined keyword is passed over.
 ///   - "Section ANCHOR is not read", and the same for REFERENCE and SIGNATURE: the sections of edition 3.
 ///   - "Integer out of range": the nearest integer of 32 bits is read.
+///
+/// A complex instance, `#1=(A()B(1)C($));`, becomes one STEPcomplex with its parts. See there for what a read function
+/// has to do.
 ///
 /// One thread at a time uses the library.
 #ifndef STEPRT_STANDARD_H
@@ -23,6 +25,7 @@
 
 #include <steprt/export.h>
 #include <steprt/fwd.h>
+#include <steprt/instance.h>
 
 #include <cstddef>
 
@@ -32,12 +35,48 @@ struct STEPreadOptions {
   /// not count: 'PLANT { 1 0 10303 99 }' names PLANT (clause 8.2.3).
   bool check = false;
 
-  /// The bytes that are kept of a text, word or binary; 256 if it is less. What is beyond is dropped, with the report "Too long element,
-  /// truncated".
+  /// The bytes that are kept of a text, word or binary; 256 if it is less. What is beyond is dropped, with the report
+  /// "Too long element, truncated".
   std::size_t tokenLimit = std::size_t{1} << 26;
 };
 
+/// An instance of several entities at once (clause 11.2.5.3, external mapping). Each part is an instance of the class
+/// of its keyword and holds the attributes that this entity declares itself, without those of its supertypes: these are
+/// in other parts.
+///
+/// The complex instance is on the list of its model, and its parts are not. A reference takes it if one of its parts is
+/// of the expected type. Ref::Get and List of record.h return that part, and Model::All finds it. Write and WriteXml
+/// report a complex instance ("Unknown STEP object") and leave it out.
+///
+/// A part whose keyword has no row, or a row without a read function, is reported ("Unknown entity %s"). It is kept as
+/// a plain STEPheader of type -1 with its keyword, of at most 63 characters, as the id; its values are passed over.
+class STEPRT_API STEPcomplex : public STEPheader {
+ public:
+  static constexpr int kType = -2;  ///< the type of every complex instance, which no row has
+
+  STEPcomplex();            ///< Without parts. It joins the current model.
+  ~STEPcomplex() override;  ///< Destroys the parts.
+  STEPcomplex(const STEPcomplex&) = delete;
+  STEPcomplex& operator=(const STEPcomplex&) = delete;
+
+  /// The first part, or null. STEPheader::NextHead returns the next one. The order is that of the file.
+  STEPheader* Parts() const { return parts_; }
+
+  /// Appends a part and owns it from now on. It must come from `new` and be on no list: create it while no model is
+  /// current. It gets the model of the complex instance.
+  void Add(STEPheader* part);
+
+ private:
+  STEPheader* parts_ = nullptr;
+  STEPheader** tail_ = &parts_;
+};
+
 extern "C" {
+
+/// Whether the read function is called for a part of a complex instance. It must then read the attributes that the
+/// entity declares itself, and no others. The classes of record.h do. While it runs, no model is current, so that the
+/// part joins none.
+STEPRT_API bool rSTEPispart(STEPtransfer* t);
 
 /// The driver of STEPmodel::ReadStandard, as STEPread is that of STEPmodel::Read: new instances join the current model.
 /// Returns the number of reports, or 1 for a null name or schema.

@@ -46,7 +46,7 @@ class Value {
   /// The instance, if it is of class T; null otherwise.
   template <class T>
   T* Get() const {
-    return dynamic_cast<T*>(Object());
+    return detail::As<T>(Object());
   }
   /// Whether it is a typed value with this keyword, as the file spells it.
   bool Is(std::string_view keyword) const { return kind_ == STEP_TYPED && keyword == as_.chars; }
@@ -260,7 +260,13 @@ inline bool IsOneOf(const Value& value, std::initializer_list<std::string_view> 
                     std::initializer_list<TypeRange> types, bool enumerators) {
   if (!value.IsPresent()) return true;
   if (value.Kind() == STEP_ENUM) return enumerators;
-  if (value.Kind() == STEP_REF) return !value.Object() || IsTypeIn(value.Object()->type, types);
+  if (STEPheader* object = value.Object()) {
+    if (object->type != STEPcomplex::kType) return IsTypeIn(object->type, types);
+    const STEPheader* part = static_cast<STEPcomplex*>(object)->Parts();
+    while (part && !IsTypeIn(part->type, types)) part = part->next;
+    return part;
+  }
+  if (value.Kind() == STEP_REF) return true;
   for (const std::string_view keyword : keywords) {
     if (value.Is(keyword)) return true;
   }

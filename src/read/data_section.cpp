@@ -1,5 +1,6 @@
 #include "read/data_section.h"
 
+#include "read/complex.h"
 #include "read/items.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
@@ -43,7 +44,15 @@ void ExpectFurther(STEPtransfer* t) {
 bool RefuseKeyword(STEPtransfer* t, int token) {
   if (!t->wide) return false;
   t->pushedToken = token;
-  RefuseRecord(t, token == TOK_OPEN ? kComplexInstance : kSyntax);
+  RefuseRecord(t, kSyntax);
+  return true;
+}
+
+// Reads the record of a complex instance, of which the first `(` has been read. The library's own form has none.
+bool ReadComplexRecord(STEPtransfer* t, STEPentry* entry) {
+  if (!t->wide) return false;
+  ReadComplex(t, entry);
+  SkipToSemicolon(t);
   return true;
 }
 
@@ -60,7 +69,10 @@ bool ReadRecord(STEPtransfer* t, int number) {
     return true;
   }
   int token = NextToken(t, '=', TOK_EQUAL);
-  if (token != TOK_EQUAL || (token = NextToken(t)) != TOK_NAME) return RefuseKeyword(t, token);
+  if (token != TOK_EQUAL) return RefuseKeyword(t, token);
+  token = NextToken(t);
+  if (token == TOK_OPEN) return ReadComplexRecord(t, entry);
+  if (token != TOK_NAME) return RefuseKeyword(t, token);
   Copy(t->where, t->value.text, kWhereLimit);
   if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
     ReadBrackets(t, *row, entry);

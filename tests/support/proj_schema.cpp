@@ -143,6 +143,23 @@ std::string ValueText(Value& value, char kind, const Places& places) {
   return kind == 'f' ? ObjectText(value.object, places) : ListText(value.list, kind, places);
 }
 
+std::string InstanceText(STEPheader* object, const Places& places) {
+  if (object->type == STEPcomplex::kType) {
+    std::string text = "{";
+    for (STEPheader* part = static_cast<STEPcomplex*>(object)->Parts(); part; part = part->next) {
+      text += (text.size() > 1 ? " " : "") + InstanceText(part, places);
+    }
+    return text + "}";
+  }
+  auto* entity = dynamic_cast<Entity*>(object);
+  if (!entity) return std::string("?") + object->id;  // a part that has no row
+  std::string text = std::string(entity->EntityName()) + "(";
+  for (std::size_t i = 0; i < entity->shape.size(); ++i) {
+    text += (i ? "," : "") + ValueText(entity->values[i], entity->shape[i].kind, places);
+  }
+  return text + ")";
+}
+
 }  // namespace
 
 Entity::Entity(int kind, STEPmodel* owner)
@@ -209,12 +226,7 @@ Texts Population(STEPmodel& model) {
   for (const STEPheader* object = model.Inst(); object; object = object->next) places[object] = places.size() + 1;
   Texts texts;
   for (STEPheader* object = model.Inst(); object; object = object->next) {
-    auto* entity = static_cast<Entity*>(object);
-    std::string& text = texts.emplace_back(std::string(entity->EntityName()) + "(");
-    for (std::size_t i = 0; i < entity->shape.size(); ++i) {
-      text += (i ? "," : "") + ValueText(entity->values[i], entity->shape[i].kind, places);
-    }
-    text += ")";
+    texts.push_back(InstanceText(object, places));
   }
   return texts;
 }

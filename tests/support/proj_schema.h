@@ -81,7 +81,7 @@ std::string Quoted(const std::string& text);
 
 // Each instance in one line of its own, as "WALL('A',2.5,@2,[@3,null],[1,2.5],T)". A reference is the place of its
 // instance in the model, counted from 1; one that nothing was stored in is "kept", in an entity PROBE. A list that was
-// not made is "none".
+// not made is "none". A complex instance is its parts in braces.
 Texts Population(STEPmodel& model);
 
 // Records with the rest of a clear-text file about them; the first line of `data` is line 1 of the file.

@@ -51,7 +51,6 @@ inline constexpr char kReferenceToWrongType[] = "Reference to wrong object type 
 // Only in a read of ISO 10303-21 as it is published.
 inline constexpr char kUnterminatedComment[] = "Unterminated comment";
 inline constexpr char kIntegerOutOfRange[] = "Integer out of range";
-inline constexpr char kComplexInstance[] = "Complex instance";
 inline constexpr char kSectionNotRead[] = "Section %s is not read";
 
 inline constexpr char kTooDeep[] = "Too deep nesting";

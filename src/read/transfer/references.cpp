@@ -3,14 +3,22 @@
 #include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
 #include "steprt/instance.h"
+#include "steprt/standard.h"
 
 namespace steprt {
 namespace {
 
 void ReportNoObject(STEPtransfer* t, int number) { ReportError(t, kReferenceToNothing, number); }
 
+bool HasPartOfType(STEPtransfer* t, const STEPheader* object, int expected) {
+  if (object->type != STEPcomplex::kType) return false;
+  const STEPheader* part = static_cast<const STEPcomplex*>(object)->Parts();
+  while (part && !t->lookups.IsSubtype(expected, part->type)) part = part->next;
+  return part != nullptr;
+}
+
 void CheckType(STEPtransfer* t, STEPentry* entry, int expected) {
-  if (t->lookups.IsSubtype(expected, TypeOf(entry))) return;
+  if (t->lookups.IsSubtype(expected, TypeOf(entry)) || HasPartOfType(t, entry->object, expected)) return;
   ReportError(t, kReferenceToWrongType, entry->object->id);
 }
 

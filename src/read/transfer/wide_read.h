@@ -73,6 +73,7 @@ struct WideRead {
   const char* wordEnd = nullptr;
   std::uint32_t wordBlock = 0;
   BigNames bigNames;
+  bool isPart = false;  // see rSTEPispart
 };
 
 }  // namespace steprt

@@ -1,0 +1,99 @@
+#include "read/complex.h"
+
+#include "model/current_model.h"
+#include "read/items.h"
+#include "read/tokeniser.h"
+#include "read/transfer/report.h"
+#include "read/transfer/wide_read.h"
+#include "steprt/standard.h"
+#include "steprt/text.h"
+#include "support/memory.h"
+
+namespace steprt {
+namespace {
+
+// Tells the read function that it reads a part, also if it throws.
+class PartScope {
+ public:
+  explicit PartScope(WideRead* wide) : wide_(wide) { wide_->isPart = true; }
+  ~PartScope() { wide_->isPart = false; }
+  PartScope(const PartScope&) = delete;
+  PartScope& operator=(const PartScope&) = delete;
+
+ private:
+  WideRead* const wide_;
+  const CurrentModelScope none_{nullptr};
+};
+
+// Reads the attributes of a part by the row's function. Returns false if the record has ended.
+bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
+  STEPheader* part = nullptr;
+  t->lastToken = kNoToken;
+  {
+    const PartScope scope(t->wide);
+    part = row.read(t);
+  }
+  if (part) complex->Add(part);
+  CloseOpenItems(t);
+  if (t->lastToken == TOK_SEMI) return false;
+  const int token = NextToken(t, ')', TOK_CLOSE);
+  if (token == TOK_CLOSE) return true;
+  t->pushedToken = token;
+  ReportError(t, kSyntax);
+  SkipToClose(t, 1);
+  return t->lastToken != TOK_SEMI;
+}
+
+// Keeps the keyword of a part and passes over its values. Returns false if the record has ended.
+bool KeepUnknownPart(STEPtransfer* t, STEPcomplex* complex) {
+  ReportError(t, kUnknownEntity, t->where);
+  const CurrentModelScope none(nullptr);
+  if (auto* part = MakeOrNull<STEPheader>()) {
+    part->Id(t->where);
+    complex->Add(part);
+  } else {
+    ReportError(t, kOutOfMemory);
+  }
+  t->lastToken = kNoToken;
+  SkipToClose(t, 1);
+  return t->lastToken != TOK_SEMI;
+}
+
+void RefuseToken(STEPtransfer* t, int token) {
+  t->pushedToken = token;
+  ReportError(t, kSyntax);
+}
+
+// Reads the parts up to the `)` after them, or to what does not belong there.
+void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
+  for (;;) {
+    int token = NextToken(t, ')', TOK_CLOSE);
+    if (token == TOK_CLOSE) return;
+    if (token != TOK_NAME) return RefuseToken(t, token);
+    Copy(t->where, t->value.text, kWhereLimit);
+    const APPentity* row = t->lookups.FindEntityByName(t->value.text);
+    token = NextToken(t, '(', TOK_OPEN);
+    if (token != TOK_OPEN) return RefuseToken(t, token);
+    const int errors = t->errors;
+    if (row && row->read ? ReadPart(t, *row, complex) : KeepUnknownPart(t, complex)) continue;
+    t->pushedToken = TOK_SEMI;
+    if (t->errors == errors) ReportError(t, kSyntax);
+    return;
+  }
+}
+
+}  // namespace
+
+void ReadComplex(STEPtransfer* t, STEPentry* entry) {
+  auto* complex = MakeOrNull<STEPcomplex>();
+  if (!complex) {
+    ReportError(t, kOutOfMemory);
+    return SkipToClose(t, 1);
+  }
+  SetObject(entry, complex);
+  ReadParts(t, complex);
+}
+
+}  // namespace steprt
+
+bool rSTEPispart(STEPtransfer* t) { return t->wide && t->wide->isPart; }

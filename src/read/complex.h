@@ -1,0 +1,17 @@
+// The record of a complex instance:
+//
+//   complex = "(" {NAME "(" attributes ")"} ")"
+#ifndef STEPRT_READ_COMPLEX_H
+#define STEPRT_READ_COMPLEX_H
+
+#include "read/transfer/instance_table.h"
+
+namespace steprt {
+
+// Reads the parts of a complex instance whose first `(` has been read. `entry` receives the instance. A token that does
+// not belong there is reported and pushed back.
+void ReadComplex(STEPtransfer* t, STEPentry* entry);
+
+}  // namespace steprt
+
+#endif
