@@ -31,6 +31,7 @@ PUBLIC = {
     "write.h": "write",
     "step.h": TOP,
     "attributes.h": TOP, "attribute_lists.h": TOP, "value.h": TOP, "record.h": TOP,  # a client's code
+    "references.h": TOP, "description.h": TOP,
 }
 
 

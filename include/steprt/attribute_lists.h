@@ -14,6 +14,7 @@
 #define STEPRT_ATTRIBUTE_LISTS_H
 
 #include <steprt/attributes.h>
+#include <steprt/references.h>
 
 #include <utility>
 

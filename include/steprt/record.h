@@ -27,7 +27,9 @@
 
 #include <steprt/attribute_lists.h>
 #include <steprt/attributes.h>
+#include <steprt/description.h>
 #include <steprt/model.h>
+#include <steprt/references.h>
 #include <steprt/schema.h>
 #include <steprt/value.h>
 
@@ -38,87 +40,6 @@
 #include <vector>
 
 namespace steprt {
-
-/// The operations of an attribute type.
-struct AttributeType {
-  void (*read)(void* value, STEPtransfer* t, const char* name);            ///< from the transfer
-  void (*write)(const void* value, STEPtransfer* t, const char* name);     ///< to the transfer
-  bool (*equals)(const void* a, const void* b, const SameInstance& same);  ///< of two values of the type
-  void (*print)(const void* value, std::string& out);                      ///< for a person to read
-  int (*wrong)(const void* value);  ///< the references of a wrong type; null: the transfer has reported them all
-};
-
-namespace detail {
-
-// The class whose operations an attribute class has, but for reading: references to all classes are written, compared
-// and printed alike, so that a program has the code once.
-template <class T>
-struct Common {
-  using Type = T;
-};
-template <class T>
-struct Common<Ref<T>> {
-  using Type = Reference;
-};
-template <class T>
-struct Common<List<Ref<T>>> {
-  using Type = ReferenceList;
-};
-
-// Whether a transfer leaves it to ReportWrongReferences to check the references of the attribute class T.
-template <class T>
-inline constexpr bool kIsCheckedLater = false;
-template <class T>
-inline constexpr bool kIsCheckedLater<Ref<T>> = IsSet(T::kIncludes);
-template <class T>
-inline constexpr bool kIsCheckedLater<List<T>> = kIsCheckedLater<T>;
-
-template <class T>
-constexpr auto WrongReferencesOf() -> int (*)(const void*) {
-  if constexpr (kIsCheckedLater<T>) {
-    return [](const void* value) {
-      return static_cast<const T*>(static_cast<const typename Common<T>::Type*>(value))->WrongReferences();
-    };
-  } else {
-    return nullptr;
-  }
-}
-
-template <class T>
-inline constexpr AttributeType kCommonType = {
-    nullptr, [](const void* value, STEPtransfer* t, const char* name) { static_cast<const T*>(value)->Write(t, name); },
-    [](const void* a, const void* b, const SameInstance& same) {
-      return static_cast<const T*>(a)->Equals(*static_cast<const T*>(b), same);
-    },
-    [](const void* value, std::string& out) { static_cast<const T*>(value)->Print(out); }, nullptr};
-
-// The operations of the attribute class T; the values are those of its common class.
-template <class T, class C = typename Common<T>::Type>
-inline constexpr AttributeType kType = {
-    [](void* value, STEPtransfer* t, const char* name) { static_cast<T*>(static_cast<C*>(value))->Read(t, name); },
-    kCommonType<C>.write, kCommonType<C>.equals, kCommonType<C>.print, WrongReferencesOf<T>()};
-
-}  // namespace detail
-
-/// What a class names its attributes to, in the order of the schema, those of the supertype first. An attribute's name
-/// is its element in XML. It must live as long as the program.
-class Description {
- public:
-  virtual ~Description() = default;
-
-  /// Names one attribute.
-  template <class T>
-  Description& operator()(const char* name, T& value) {
-    // A class that derives from Value, such as a SELECT of a compiled schema, has the operations of Value.
-    using Type = std::conditional_t<std::is_base_of_v<Value, T>, Value, T>;
-    Visit(name, static_cast<typename detail::Common<Type>::Type*>(&value), detail::kType<Type>);
-    return *this;
-  }
-
- protected:
-  /// Receives each attribute.
-  virtual void Visit(const char* name, void* value, const AttributeType& type) = 0;
-};
 
 /// The base class of all described entities. An instance joins the current model, which then owns it: make it with new.
 /// The model that was made last is the current one; CurrentModel(&model) chooses another. A new value of an attribute
@@ -137,6 +58,9 @@ class Record : public STEPheader {
   /// Names every attribute to the description, those of the supertype first: `Super::Describe(d);`
   virtual void Describe(Description& description) = 0;
 };
+
+// A base class between Record and an entity need not describe anything.
+inline void Record::Describe(Description& /*description*/) {}
 
 /// An entity class. Self derives from it and has a kKeyword.
 ///

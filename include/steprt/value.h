@@ -12,6 +12,7 @@
 #define STEPRT_VALUE_H
 
 #include <steprt/attributes.h>
+#include <steprt/references.h>
 
 #include <initializer_list>
 #include <utility>
