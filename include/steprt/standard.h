@@ -84,6 +84,7 @@ STEPRT_API bool rSTEPispart(STEPtransfer* t);
 ///                 reports
 /// @param bytes    the content of a file in memory, which must not change meanwhile; null: the file is opened
 /// @param size     the count of bytes
+/// @param schema   the first descriptor of a chain
 /// @param options  null: a new STEPreadOptions
 STEPRT_API int STEPreadStandard(const char* name, const char* bytes, std::size_t size, APPobject0* schema,
                                 const STEPreadOptions* options);

@@ -10,7 +10,7 @@ namespace steprt {
 
 // Reads the parts of a complex instance whose first `(` has been read. `entry` receives the instance. A token that does
 // not belong there is reported and pushed back.
-void ReadComplex(STEPtransfer* t, STEPentry* entry);
+[[gnu::noinline]] void ReadComplex(STEPtransfer* t, STEPentry* entry);
 
 }  // namespace steprt
 

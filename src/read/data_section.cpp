@@ -41,7 +41,7 @@ void ExpectFurther(STEPtransfer* t) {
 }
 
 // Refuses a record that has no keyword where there should be one. In the library's own form it ends the read.
-bool RefuseKeyword(STEPtransfer* t, int token) {
+[[gnu::noinline]] bool RefuseKeyword(STEPtransfer* t, int token) {
   if (!t->wide) return false;
   t->pushedToken = token;
   RefuseRecord(t, kSyntax);
@@ -49,7 +49,7 @@ bool RefuseKeyword(STEPtransfer* t, int token) {
 }
 
 // Reads the record of a complex instance, of which the first `(` has been read. The library's own form has none.
-bool ReadComplexRecord(STEPtransfer* t, STEPentry* entry) {
+[[gnu::noinline]] bool ReadComplexRecord(STEPtransfer* t, STEPentry* entry) {
   if (!t->wide) return false;
   ReadComplex(t, entry);
   SkipToSemicolon(t);

@@ -10,16 +10,18 @@ namespace {
 
 void ReportNoObject(STEPtransfer* t, int number) { ReportError(t, kReferenceToNothing, number); }
 
-bool HasPartOfType(STEPtransfer* t, const STEPheader* object, int expected) {
-  if (object->type != STEPcomplex::kType) return false;
-  const STEPheader* part = static_cast<const STEPcomplex*>(object)->Parts();
-  while (part && !t->lookups.IsSubtype(expected, part->type)) part = part->next;
-  return part != nullptr;
+// Reports an object that is not of the type, unless it is a complex instance with a part that is.
+[[gnu::noinline]] void ReportWrongType(STEPtransfer* t, STEPheader* object, int expected) {
+  if (object->type == STEPcomplex::kType) {
+    for (STEPheader* part = static_cast<STEPcomplex*>(object)->Parts(); part; part = part->next) {
+      if (t->lookups.IsSubtype(expected, part->type)) return;
+    }
+  }
+  ReportError(t, kReferenceToWrongType, object->id);
 }
 
 void CheckType(STEPtransfer* t, STEPentry* entry, int expected) {
-  if (t->lookups.IsSubtype(expected, TypeOf(entry)) || HasPartOfType(t, entry->object, expected)) return;
-  ReportError(t, kReferenceToWrongType, entry->object->id);
+  if (!t->lookups.IsSubtype(expected, TypeOf(entry))) ReportWrongType(t, entry->object, expected);
 }
 
 // The slot of an unknown number is not changed. That of a wrong type keeps the instance.
