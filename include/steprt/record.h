@@ -291,11 +291,16 @@ class Model : public STEPmodel {
   Model& operator=(const Model&) = delete;
 
   using STEPmodel::Read;
+  using STEPmodel::ReadStandard;
   using STEPmodel::Write;
   using STEPmodel::WriteXml;
   /// STEPmodel::Read of any text. `check`: read the data only if the file names this schema.
   int Read(const std::string& path, bool check = false) {
     return STEPmodel::Read(check, const_cast<char*>(path.c_str()));
+  }
+  /// STEPmodel::ReadStandard of any text.
+  int ReadStandard(const std::string& path, const STEPreadOptions* options = nullptr) {
+    return STEPmodel::ReadStandard(path.c_str(), options);
   }
   /// STEPmodel::Write of any text.
   int Write(const std::string& path, const char* remark = "") {

@@ -152,6 +152,24 @@ TEST(GeneratedClasses, CheckReferencesOfSeveralSupertypes) {
   EXPECT_EQ(Only<awkward::Model_>(model).Value_.Get(), nullptr);
 }
 
+// Parts of a complex instance hold the attributes that their entity declares, not those of further supertypes.
+TEST(GeneratedClasses, ReadComplexInstances) {
+  awkward::Descriptor()->errorProc = Collect;
+  reports.clear();
+  std::ofstream(Path()) << "ISO-10303-21;HEADER;ENDSEC;DATA;\n"
+                           "#1=(AB($,(),())A_B('n',(#2))BOTH(($),(),$,.EOF.,(),#2,(#1)));\n"
+                           "#2=(A_B('x',())AB($,$,$)BOTH_FRIEND());\n"
+                           "#3=A_B('y',(#2,#4));#4=VALUE($,*,.F.,.T.,3);\nENDSEC;END-ISO-10303-21;\n";
+  awkward::Model model;
+  EXPECT_EQ(model.ReadStandard(Path()), 1);
+  EXPECT_THAT(reports, ElementsAre("[A_B]Reference to wrong object type 'of_a_b'"));
+  auto& both = Only<awkward::Both>(model);
+  EXPECT_EQ(both.choice.Get(), awkward::Constants::eof);
+  EXPECT_EQ(both.far_.Get(), &Only<awkward::BothFriend>(model));
+  EXPECT_EQ(Printed<awkward::AB>(model),
+            "A_B('n',(#0)) BOTH($,$,$,$,$,($),(),$,.EOF.,(),#0,()) A_B('x',()) A_B('y',(#0,#0)) ");
+}
+
 TEST(GeneratedClasses, SelectsTellWhatTheyAllow) {
   awkward::Model model;
   auto* both = new awkward::Both;
