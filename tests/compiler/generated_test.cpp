@@ -167,7 +167,7 @@ TEST(GeneratedClasses, ReadComplexInstances) {
   EXPECT_EQ(both.choice.Get(), awkward::Constants::eof);
   EXPECT_EQ(both.far_.Get(), &Only<awkward::BothFriend>(model));
   EXPECT_EQ(Printed<awkward::AB>(model),
-            "A_B('n',(#0)) BOTH($,$,$,$,$,($),(),$,.EOF.,(),#0,()) A_B('x',()) A_B('y',(#0,#0)) ");
+            "A_B('n',(#0)) BOTH($,$,$,$,$,($),(),$,.EOF.,(),#0,(#0)) A_B('x',()) A_B('y',(#0,#0)) ");
 }
 
 TEST(GeneratedClasses, SelectsTellWhatTheyAllow) {
