@@ -16,6 +16,7 @@ namespace steprt_tools {
 namespace {
 
 constexpr int kMostParts = 1000;
+constexpr int kMostType = 1'000'000'000;
 
 struct Request {
   std::vector<std::string> schemas;
@@ -64,55 +65,45 @@ int Compile(const Request& request) {
   return status == kClean ? WriteFiles(files, request.folder) : status;
 }
 
+// What is wrong with the value of an option; empty: nothing.
+std::string CheckFolder(const std::string& text) { return text.empty() ? "an empty name is no folder" : ""; }
+std::string CheckNamespace(const std::string& text) {
+  return express::cpp::IsNamespace(text) ? "" : "'" + text + "' cannot be a namespace";
+}
+
 }  // namespace
 
 void AddCompile(CLI::App& app, int& status) {
   auto request = std::make_shared<Request>();
-  CLI::App* const command = app.add_subcommand("compile", "Make C++ classes from schemas in EXPRESS (ISO 10303-11).");
+  CLI::App* const command = app.add_subcommand("compile", "Make C++ classes from schemas in EXPRESS (ISO 10303-11)");
   command->footer(
-      "The folder receives NS.h, NS.cpp, NS_1.cpp ... NS_4.cpp, where NS is the namespace. Include\n"
-      "NS.h, compile the sources as C++17 and link them with the library. With CMake,\n"
-      "steprt_add_schema does all of this.\n\n"
+      "FOLDER receives NS.h, NS.cpp, NS_1.cpp ... NS_4.cpp, where NS is the namespace. Include NS.h,\n"
+      "compile the sources as C++17 and link them with the library. In CMake, steprt_add_schema does\n"
+      "all of this.\n\n"
       "The first schema of the first file is compiled. Schemas that it names in USE FROM or\n"
-      "REFERENCE FROM may be in the same file or in the others.\n\n"
-      "Exit status: 0 done, 1 errors in a schema, 2 wrong usage or a file that cannot be read or\n"
-      "written.\n\n"
+      "REFERENCE FROM may be in the same file or in the others. --entities takes supertypes, types\n"
+      "of attributes and members of selects along, but no subtypes. Schemas that are added to one\n"
+      "model need type numbers of their own: see --first-type.\n\n"
+      "Exit status: 0 done, 1 errors in a schema, 2 wrong usage or a file that cannot be used.\n\n"
       "Example: steprt compile plant.exp --namespace plant --entities Pump,Valve --out generated");
-  command->add_option("SCHEMA.exp", request->schemas, "The files, in EXPRESS")->required();
-  command->add_option("--out", request->folder, "The folder for the C++ files; it is made if it is not there")
+  command->add_option("SCHEMA.exp", request->schemas, "Files in EXPRESS")->required()->type_name(" ");
+  command->add_option("--out", request->folder, "Folder for the C++ files; it is made if it is missing")
       ->required()
       ->type_name("FOLDER")
-      ->check(CLI::Validator(
-          [](const std::string& text) { return text.empty() ? "an empty name is no folder" : std::string(); }, ""));
-  command
-      ->add_option("--namespace", request->options.nameSpace,
-                   "The namespace, which may be nested (a::b); by default the schema's name in small letters")
+      ->check(CLI::Validator(CheckFolder, ""));
+  command->add_option("--namespace", request->options.nameSpace, "Namespace, such as a::b; default: the schema's name")
       ->type_name("NS")
-      ->check(CLI::Validator(
-          [](const std::string& text) {
-            return express::cpp::IsNamespace(text) ? std::string() : "'" + text + "' cannot be a namespace";
-          },
-          ""));
-  command
-      ->add_option("--entities", request->options.entities,
-                   "Only these entities and what they need: supertypes, types of attributes, members of selects; by "
-                   "default all entities")
-      ->type_name("A,B,...")
+      ->check(CLI::Validator(CheckNamespace, ""));
+  command->add_option("--entities", request->options.entities, "Only these entities and what they need; default: all")
+      ->type_name("A,B")
       ->delimiter(',');
-  command
-      ->add_option("--parts", request->options.parts,
-                   "The count of sources that hold the attributes, to compile in parallel")
+  command->add_option("--parts", request->options.parts, "Number of sources for the attributes; default: 4")
       ->type_name("N")
-      ->capture_default_str()
-      ->check(CLI::Range(1, kMostParts));
-  command
-      ->add_option("--first-type", request->options.firstType,
-                   "The first type number. Schemas that are added to one model need numbers of their own")
+      ->check(CLI::Range(1, kMostParts).description(""));
+  command->add_option("--first-type", request->options.firstType, "First type number; default: 1")
       ->type_name("N")
-      ->capture_default_str()
-      ->check(CLI::Range(0, 1'000'000'000));
-  command->add_flag("--module", request->options.module,
-                    "Also make NS_module.cpp, with the entry Attach that STEPmodel::AttachDll calls");
+      ->check(CLI::Range(0, kMostType).description(""));
+  command->add_flag("--module", request->options.module, "Also make NS_module.cpp, for STEPmodel::AttachDll");
   command->callback([request, &status] { status = Compile(*request); });
 }
 

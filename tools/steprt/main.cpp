@@ -8,9 +8,11 @@
 
 int main(int argc, char** argv) try {
   using namespace steprt_tools;
-  CLI::App app("Works with schemas of ISO 10303 (STEP).", "steprt");
+  CLI::App app("Works with schemas of ISO 10303 (STEP)", "steprt");
   app.set_version_flag("--version", "steprt " STEPRT_TOOLS_VERSION);
   app.require_subcommand(1);
+  constexpr std::size_t kColumn = 28;  // where the descriptions of options begin
+  app.get_formatter()->column_width(kColumn);
   int status = kClean;
   AddCompile(app, status);
   try {
