@@ -119,7 +119,7 @@ constexpr auto kMembers = Sorted(std::to_array<std::string_view>({"AbstractEntit
                                                                   "d",
                                                                   "id",
                                                                   "kFurtherAttributes",
-                                                                  "kIncludes",
+                                                                  "kHasFurtherSubtypes",
                                                                   "kKeyword",
                                                                   "kLastType",
                                                                   "kType",

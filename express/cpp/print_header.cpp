@@ -27,7 +27,7 @@ std::string ClassText(const Class& made) {
   out += "  static constexpr int kLastType = " + std::to_string(made.last) + ";\n";
   if (!made.furtherSubtypes.empty()) {
     out += "  static bool Includes(int type);  // some subtypes have another class as their base\n";
-    out += "  static constexpr bool (*kIncludes)(int) = Includes;\n";
+    out += "  static constexpr bool kHasFurtherSubtypes = true;\n";
   }
   const auto further = std::count_if(made.members.begin(), made.members.end(),
                                      [&](const auto& member) { return member->attribute->owner != made.entity; });

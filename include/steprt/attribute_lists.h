@@ -308,7 +308,7 @@ class List<Ref<T>> : public detail::ReferenceList {
   int WrongReferences() const {
     int wrong = 0;
     for (const STEPlist* node = aggregate_.head; node; node = node->next) {
-      if (node->value.object && !detail::IsIncluded(node->value.object, T::kIncludes)) ++wrong;
+      if (node->value.object && !detail::IsIncluded(node->value.object, T::Includes)) ++wrong;
     }
     return wrong;
   }

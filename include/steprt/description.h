@@ -54,7 +54,7 @@ struct Common<List<Ref<T>>> {
 template <class T>
 inline constexpr bool kIsCheckedLater = false;
 template <class T>
-inline constexpr bool kIsCheckedLater<Ref<T>> = IsSet(T::kIncludes);
+inline constexpr bool kIsCheckedLater<Ref<T>> = T::kHasFurtherSubtypes;
 template <class T>
 inline constexpr bool kIsCheckedLater<List<T>> = kIsCheckedLater<T>;
 

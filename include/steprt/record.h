@@ -48,7 +48,7 @@ class Record : public STEPheader {
  public:
   static constexpr int kType = -1;                    ///< as the type of a reference: any entity
   static constexpr int kLastType = -1;                ///< see Entity
-  static constexpr bool (*kIncludes)(int) = nullptr;  ///< see Entity
+  static constexpr bool kHasFurtherSubtypes = false;  ///< see Entity
   static constexpr const char* kKeyword = nullptr;    ///< none: it is no entity
 
   Record() : STEPheader(nullptr) {}
@@ -73,9 +73,10 @@ class Entity : public Base {
   /// The class may hide it with the greatest type number of its subtypes, if they have all numbers from kType to that
   /// one and no other class has one of these. Queries are then faster.
   static constexpr int kLastType = -1;
-  /// The class may hide it with a function that tells whether a type is its own or of a subtype, if subtypes exist that
-  /// do not derive from it. A transfer then takes a reference to any instance: see ReportWrongReferences.
-  static constexpr bool (*kIncludes)(int type) = nullptr;
+  /// The class hides it with true if subtypes exist that do not derive from it. It then has a function
+  /// `static bool Includes(int type)`, which tells whether a type is its own or of a subtype. A transfer takes a
+  /// reference to any instance, and ReportWrongReferences checks it.
+  static constexpr bool kHasFurtherSubtypes = false;
   /// The class may hide it with the count of its members that are attributes of further supertypes. These come first
   /// and are not read for a part of a complex instance.
   static constexpr int kFurtherAttributes = 0;
@@ -350,9 +351,9 @@ class WrongReferences final : public Description {
 
 }  // namespace detail
 
-/// Reports the attributes that refer to an instance of a wrong type, where the class of the reference has a kIncludes;
-/// all other references a transfer checks itself. Call it after a read. Returns how many attributes it has reported, to
-/// the error procedure of the schema or, without one, to standard error. The references stay as they are.
+/// Reports the attributes that refer to an instance of a wrong type, where the class of the reference has further
+/// subtypes; all other references a transfer checks itself. Call it after a read. Returns how many attributes it has
+/// reported, to the error procedure of the schema or, without one, to standard error. The references stay as they are.
 inline int ReportWrongReferences(Model& model) {
   detail::WrongReferences check(model);
   for (Record& record : model.All<Record>()) check.Check(record);

@@ -36,12 +36,10 @@ inline bool IsIncluded(const STEPheader* object, bool (*includes)(int type)) {
   return part;
 }
 
-constexpr bool IsSet(bool (*function)(int)) { return function != nullptr; }
-
 // The type that a transfer compares a reference with; -1: it takes any.
 template <class T>
 constexpr int ExpectedType() {
-  return IsSet(T::kIncludes) ? -1 : T::kType;
+  return T::kHasFurtherSubtypes ? -1 : T::kType;
 }
 
 /// A reference to an instance of any class.
@@ -104,7 +102,7 @@ class Ref : public detail::Reference {
 
   /// @cond
   void Read(STEPtransfer* t, const char* name) { ReadAs(t, name, detail::ExpectedType<T>()); }
-  int WrongReferences() const { return IsNotOf(T::kIncludes) ? 1 : 0; }
+  int WrongReferences() const { return IsNotOf(T::Includes) ? 1 : 0; }
   /// @endcond
 };
 

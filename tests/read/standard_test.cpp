@@ -87,7 +87,7 @@ TEST(Standard, TakesTokensOfAnyLength) {
       "'" + text + "''" + text + "'," + binary + ",." + std::string(700, 'E') + ".," + std::string(300, 'K') + "(1)";
   EXPECT_EQ(ItemsOfRecord(all), Texts{"'" + text + "'" + text + "'," + binary + ",." + std::string(700, 'E') + ".," +
                                       std::string(300, 'K') + "(1)"});
-  for (const std::size_t length : {255, 256, 257, 258}) {  // about the size of the transfer's own buffer
+  for (const std::size_t length : {255U, 256U, 257U, 258U}) {  // about the size of the transfer's own buffer
     const std::string value = "'" + std::string(length, 'x') + "'";
     EXPECT_EQ(ItemsOfRecord(value + ",1"), Texts{value + ",1"}) << length;
   }
