@@ -17,15 +17,19 @@ namespace steprt {
 
 namespace detail {
 
-// The instance if it is of class T, or the first part of a complex instance that is; null otherwise.
+// The instance if it is of class T; null otherwise. Of a complex instance the part of just this type, or else the first
+// part that is of class T: the values of a supertype are in a part of its own.
 template <class T>
 T* As(STEPheader* object) {
   if (T* found = dynamic_cast<T*>(object)) return found;
   if (!object || object->type != STEPcomplex::kType) return nullptr;
+  T* first = nullptr;
   for (STEPheader* part = static_cast<STEPcomplex*>(object)->Parts(); part; part = part->next) {
-    if (T* found = dynamic_cast<T*>(part)) return found;
+    T* found = dynamic_cast<T*>(part);
+    if (found && part->type == T::kType) return found;
+    if (!first) first = found;
   }
-  return nullptr;
+  return first;
 }
 
 // Whether the instance, or a part of a complex instance, is of a type that the function tells.

@@ -44,9 +44,13 @@ struct STEPreadOptions {
 /// of its keyword and holds the attributes that this entity declares itself, without those of its supertypes: these are
 /// in other parts.
 ///
-/// The complex instance is on the list of its model, and its parts are not. A reference takes it if one of its parts is
-/// of the expected type. Ref::Get and List of record.h return that part, and Model::All finds it. Write and WriteXml
-/// report a complex instance ("Unknown STEP object") and leave it out.
+/// The complex instance is on the list of its model, and its parts are not. It owns the parts: never destroy one. A
+/// reference takes it if one of its parts is of the expected type. Ref::Get and List of record.h return the part of
+/// just that type, or else the first part of a subtype. Model::All finds every part that is of the class, so it may
+/// find several of one complex instance.
+///
+/// Write and WriteXml report a complex instance ("Unknown STEP object") and leave it out. As for every instance without
+/// a row, a reference to it names a record that the file does not have.
 ///
 /// A part whose keyword has no row, or a row without a read function, is reported ("Unknown entity %s"). It is kept as
 /// a plain STEPheader of type -1 with its keyword, of at most 63 characters, as the id; its values are passed over.

@@ -3,6 +3,7 @@
 #include <climits>
 
 #include "steprt/instance.h"
+#include "steprt/standard.h"
 #include "steprt/text.h"
 
 namespace {
@@ -65,6 +66,10 @@ void STEPmodel::Insert(STEPheader* object) {
   if (object->model) object->model->RmInst(object);
   AddInst(object);
   object->model = this;
+  if (object->type != STEPcomplex::kType) return;
+  if (auto* complex = dynamic_cast<STEPcomplex*>(object)) {
+    for (STEPheader* part = complex->Parts(); part; part = part->next) part->model = this;
+  }
 }
 
 void STEPmodel::AddInst(STEPheader* object) {

@@ -177,6 +177,21 @@ TEST(Complex, IsLeftOutOfAWrittenFile) {
   EXPECT_THAT(TakeReports(TempPath("complex.stp")).size(), 1U);
 }
 
+// The values of a supertype are in its own part, also if a subtype's part comes first.
+TEST(Complex, IsReferredToByThePartOfJustTheType) {
+  Reading read("#1=(RATIONAL(())SPLINE(3,())CURVE('c'));#2=USER(#1,(),#1);");
+  User& user = *read.model.All<User>().begin();
+  EXPECT_EQ(user.One->Degree.Get(), 3);
+  EXPECT_STREQ(user.Any.Get<Curve>()->Name.Get(), "c");
+}
+
+TEST(Complex, TakesItsPartsToAnotherModel) {
+  Reading read("#1=(UNIT());");
+  steprt::Model other(&schema);
+  other.Insert(read.model.Inst());
+  EXPECT_EQ((*other.All<Unit>().begin()).Model(), &other);
+}
+
 TEST(Complex, IsMadeByAProgram) {
   steprt::Model model(&schema);
   auto* complex = new STEPcomplex;

@@ -12,8 +12,8 @@ void ReportNoObject(STEPtransfer* t, int number) { ReportError(t, kReferenceToNo
 
 // Reports an object that is not of the type, unless it is a complex instance with a part that is.
 [[gnu::noinline]] void ReportWrongType(STEPtransfer* t, STEPheader* object, int expected) {
-  if (object->type == STEPcomplex::kType) {
-    for (STEPheader* part = static_cast<STEPcomplex*>(object)->Parts(); part; part = part->next) {
+  if (auto* complex = object->type == STEPcomplex::kType ? dynamic_cast<STEPcomplex*>(object) : nullptr) {
+    for (STEPheader* part = complex->Parts(); part; part = part->next) {
       if (t->lookups.IsSubtype(expected, part->type)) return;
     }
   }
