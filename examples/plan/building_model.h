@@ -1,5 +1,5 @@
-// A building model of one schema: the population of a file, and what this program does with it. Behind this interface
-// are the classes that the build compiles from ifc2x3.exp and ifc4.exp; in front of it no schema is known.
+// A building model of one schema: the population of a file, and what this program does with it. Implementations use the
+// classes that the build compiles from ifc2x3.exp and ifc4.exp. Callers know no schema.
 #ifndef PLAN_BUILDING_MODEL_H
 #define PLAN_BUILDING_MODEL_H
 

@@ -229,14 +229,13 @@ class Instances {
  public:
   class Iterator {
    public:
-    explicit Iterator(STEPheader* object) : object_(object) { Settle(); }
+    explicit Iterator(STEPheader* object) {
+      Enter(object);
+      Settle();
+    }
     T& operator*() const { return *instance_; }
     Iterator& operator++() {
-      if (part_) {
-        part_ = part_->next;
-      } else {
-        object_ = object_->next;
-      }
+      Step();
       Settle();
       return *this;
     }
@@ -247,27 +246,24 @@ class Instances {
       if (T::kLastType >= 0 && (object->type < T::kType || object->type > T::kLastType)) return nullptr;
       return dynamic_cast<T*>(object);
     }
-    // Goes to the next instance or part that is of class T, from the one at hand on.
-    void Settle() {
-      for (;;) {
-        for (; part_; part_ = part_->next) {
-          if ((instance_ = Cast(part_))) return;
-        }
-        if (isInside_) object_ = object_->next;
-        isInside_ = object_ && object_->type == STEPcomplex::kType;
-        if (!object_) return;
-        if (isInside_) {
-          part_ = static_cast<STEPcomplex*>(object_)->Parts();
-        } else if ((instance_ = Cast(object_))) {
-          return;
-        } else {
-          object_ = object_->next;
-        }
+    void Enter(STEPheader* object) {
+      object_ = object;
+      const bool isComplex = object && object->type == STEPcomplex::kType;
+      part_ = isComplex ? static_cast<STEPcomplex*>(object)->Parts() : nullptr;
+    }
+    void Step() {
+      if (part_ && part_->next) {
+        part_ = part_->next;
+      } else {
+        Enter(object_->next);
       }
     }
+    // Goes on to the first instance or part of class T, from the one at hand on.
+    void Settle() {
+      while (object_ && !(instance_ = Cast(part_ ? part_ : object_))) Step();
+    }
     STEPheader* object_;
-    STEPheader* part_ = nullptr;  // of a complex instance
-    bool isInside_ = false;       // of a complex instance, or after its last part
+    STEPheader* part_;  // of a complex instance, else null
     T* instance_ = nullptr;
   };
 

@@ -33,7 +33,8 @@ T* As(STEPheader* object) {
 }
 
 // Whether the instance, or a part of a complex instance, is of a type that the function tells.
-inline bool IsIncluded(const STEPheader* object, bool (*includes)(int type)) {
+template <class Includes>
+bool IsIncluded(const STEPheader* object, Includes includes) {
   if (object->type != STEPcomplex::kType) return includes(object->type);
   const STEPheader* part = static_cast<const STEPcomplex*>(object)->Parts();
   while (part && !includes(part->type)) part = part->next;

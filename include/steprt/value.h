@@ -262,10 +262,7 @@ inline bool IsOneOf(const Value& value, std::initializer_list<std::string_view> 
   if (!value.IsPresent()) return true;
   if (value.Kind() == STEP_ENUM) return enumerators;
   if (STEPheader* object = value.Object()) {
-    if (object->type != STEPcomplex::kType) return IsTypeIn(object->type, types);
-    const STEPheader* part = static_cast<STEPcomplex*>(object)->Parts();
-    while (part && !IsTypeIn(part->type, types)) part = part->next;
-    return part;
+    return detail::IsIncluded(object, [&](int type) { return IsTypeIn(type, types); });
   }
   if (value.Kind() == STEP_REF) return true;
   for (const std::string_view keyword : keywords) {

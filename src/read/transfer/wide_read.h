@@ -25,7 +25,6 @@ class LongToken {
   // Adds bytes. Returns false, with nothing added, when memory runs out.
   [[nodiscard]] bool Add(const char* bytes, std::size_t count);
 
-  std::size_t Length() const { return length_; }
   char* Chars() const { return chars_; }  // with a null character at its end; null before the first Add
 
  private:
@@ -34,7 +33,7 @@ class LongToken {
   std::size_t capacity_ = 0;
 };
 
-// Gives instance names beyond 31 bits numbers that no other name has: negative ones.
+// Assigns negative numbers to the instance names beyond 31 bits. No other name has a negative one.
 class BigNames {
  public:
   BigNames() = default;
