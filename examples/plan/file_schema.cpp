@@ -47,6 +47,4 @@ std::string SchemaOf(const std::string& path) {
 
 bool IsXml(const std::string& path) { return IsXmlHead(HeadOf(path)); }
 
-bool HasByteOrderMark(const std::string& path) { return HeadOf(path).compare(0, 3, "\xEF\xBB\xBF") == 0; }
-
 }  // namespace plan

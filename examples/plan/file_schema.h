@@ -13,9 +13,6 @@ std::string SchemaOf(const std::string& path);
 // Whether the file is an XML document.
 bool IsXml(const std::string& path);
 
-// Whether the file begins with the byte order mark of UTF-8, which the library does not take before clear text.
-bool HasByteOrderMark(const std::string& path);
-
 }  // namespace plan
 
 #endif

@@ -56,7 +56,9 @@ void ReadForm(steprt::Model& model, bool xml, const std::string& path) {
     model.Name(path.c_str());
     model.ReadXml(nullptr);
   } else {
-    model.Read(path, true);
+    STEPreadOptions options;
+    options.check = true;
+    model.ReadStandard(path, &options);
   }
 }
 
@@ -67,8 +69,7 @@ bool ReadModel(steprt::Model& model, const std::string& file) {
   ReadForm(model, IsXml(file), file);
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
   if (model.IsEmpty()) {
-    return Fail(file + " has nothing that can be read: " +
-                (HasByteOrderMark(file) ? "it begins with a byte order mark" : Reports().First()));
+    return Fail(file + " has nothing that can be read: " + Reports().First());
   }
   std::printf("Read %s, schema %s: %d instances, reports: %d, %.3f s, %.1f MB/s\n", file.c_str(), model.schema->name,
               CountInstances(model), Reports().Total(), time.count(), megabytes / time.count());
