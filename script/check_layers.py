@@ -27,6 +27,7 @@ PUBLIC = {
     "instance.h": "model", "model.h": "model", "aggregate.h": "model", "select.h": "model",
     "items.h": "read/transfer",  # its two halves are in read and write
     "standard.h": "model",  # complex instances; the driver and the options are in read
+    "file_header.h": "model",
     "read.h": "read",
     "write.h": "write",
     "step.h": TOP,

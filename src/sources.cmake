@@ -21,6 +21,7 @@ set(STEPRT_SOURCES
     model/aggregate.cpp
     model/complex.cpp
     model/current_model.cpp
+    model/file_header.cpp
     model/instance.cpp
     model/model.cpp
     model/model_index.cpp
@@ -46,6 +47,7 @@ set(STEPRT_SOURCES
     read/wide_tokens.cpp
     read/sections.cpp
     read/header_section.cpp
+    read/header_fields.cpp
     read/complex.cpp
     read/data_section.cpp
     read/file_reader.cpp

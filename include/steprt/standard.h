@@ -38,6 +38,11 @@ struct STEPreadOptions {
   /// The bytes that are kept of a text, word or binary; 256 if it is less. What is beyond is dropped, with the report
   /// "Too long element, truncated".
   std::size_t tokenLimit = std::size_t{1} << 26;
+
+  /// Receives the header of the file; null: nothing does. It is emptied first. A field that is missing or no text is
+  /// reported and stays empty, which is not reported without a header to fill. FILE_POPULATION, SECTION_LANGUAGE,
+  /// SECTION_CONTEXT and SCHEMA_POPULATION are passed over.
+  STEPfileHeader* header = nullptr;
 };
 
 /// An instance of several entities at once (clause 11.2.5.3, external mapping). Each part is an instance of the class

@@ -6,6 +6,7 @@
 
 #include <steprt/aggregate.h>
 #include <steprt/export.h>
+#include <steprt/file_header.h>
 #include <steprt/fwd.h>
 #include <steprt/instance.h>
 #include <steprt/items.h>

@@ -15,12 +15,6 @@
 namespace steprt {
 namespace {
 
-// Skips the record. The `;` is pushed back: ReadHeaderRecord accepts it in place of the `)`.
-STEPheader* ReadFileSkip(STEPtransfer* t) {
-  t->pushedToken = SkipToSemicolon(t);
-  return nullptr;
-}
-
 struct NameList {
   STEPaggr* aggr = nullptr;
   ~NameList() { DeleteTextAggr(aggr); }
@@ -51,27 +45,26 @@ bool ReadHeaderRecord(STEPtransfer* t, const APPentity& row) {
   return token == TOK_CLOSE || token == TOK_SEMI;
 }
 
-// In a wide read the name ends before its object identifier: PLANT { 1 0 10303 99 }.
-bool IsSchemaName(const STEPtransfer* t, const char* listed, const char* schemaName) {
-  if (!t->wide) return EqualNoCase(listed, schemaName);
-  while (*schemaName && ToLower(*listed) == ToLower(*schemaName)) {
-    ++listed;
-    ++schemaName;
-  }
-  return !*schemaName && (!*listed || *listed == ' ' || *listed == '\t' || *listed == '{');
-}
-
 }  // namespace
+
+STEPheader* PassOverHeaderRecord(STEPtransfer* t) {
+  t->pushedToken = SkipToSemicolon(t);
+  return nullptr;
+}
 
 APPobject0* HeaderSchema() {
   static constinit struct {
     APPobject0 descriptor;
     APPentity more[3];
-  } header = {
-      {nullptr, "header", nullptr, nullptr, nullptr, {{"FILE_DESCRIPTION", ReadFileSkip, nullptr, 501, nullptr}}},
-      {{"FILE_NAME", ReadFileSkip, nullptr, 502, nullptr},
-       {"FILE_SCHEMA", ReadFileSchema, nullptr, 500, nullptr},
-       {nullptr, nullptr, nullptr, 0, nullptr}}};
+  } header = {{nullptr,
+               "header",
+               nullptr,
+               nullptr,
+               nullptr,
+               {{"FILE_DESCRIPTION", PassOverHeaderRecord, nullptr, 501, nullptr}}},
+              {{"FILE_NAME", PassOverHeaderRecord, nullptr, 502, nullptr},
+               {"FILE_SCHEMA", ReadFileSchema, nullptr, 500, nullptr},
+               {nullptr, nullptr, nullptr, 0, nullptr}}};
   return &header.descriptor;
 }
 
@@ -97,7 +90,7 @@ int ReadHeaderSection(STEPtransfer* t, APPobject0* table) {
 bool SchemaNotListed(STEPtransfer* t, const char* schemaName) {
   if (t->store->listedSchema && t->store->listedSchema == schemaName) return false;
   for (const STEPlist* node = t->schemas ? t->schemas->head : nullptr; node; node = node->next) {
-    if (!IsSchemaName(t, node->value.text, schemaName)) continue;
+    if (!EqualNoCase(node->value.text, schemaName)) continue;
     t->store->listedSchema = schemaName;
     return false;
   }

@@ -9,6 +9,9 @@ namespace steprt {
 // Returns the library's own descriptor of the header's records.
 APPobject0* HeaderSchema();
 
+// A read function that skips the record. The `;` is pushed back: it is accepted in place of the `)`.
+STEPheader* PassOverHeaderRecord(STEPtransfer* t);
+
 // Reads the records and the ENDSEC after them. Returns SEC_ENDSEC, or SEC_NONE at the end of the file. Unlike in DATA,
 // no other keyword ends the section.
 int ReadHeaderSection(STEPtransfer* t, APPobject0* table);

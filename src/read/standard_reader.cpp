@@ -10,6 +10,7 @@
 
 #include "platform/input_file.h"
 #include "read/data_section.h"
+#include "read/header_fields.h"
 #include "read/header_section.h"
 #include "read/tokeniser.h"
 #include "read/transfer/keywords.h"
@@ -44,7 +45,7 @@ int SkipToEndsec(STEPtransfer* t) {
 // Whether data of the model's schema may follow.
 bool IsOfSchema(STEPtransfer* t) {
   const char* schemaName = NameOf(*t->schema);
-  if (!t->wide->options.check || !SchemaNotListed(t, schemaName)) return true;
+  if (!t->wide->options.check || IsSchemaListed(t, schemaName)) return true;
   ReportError(t, kWrongSchema, schemaName);
   return false;
 }
@@ -62,7 +63,7 @@ int SkipOther(STEPtransfer* t) {
 int ReadSection(STEPtransfer* t) {
   switch (SectionCode(t->value.text)) {
     case SEC_HEADER:
-      return ReadHeaderSection(t, HeaderSchema());
+      return ReadHeaderSection(t, WideHeaderSchema());
     case SEC_DATA:
       return IsOfSchema(t) ? ReadDataSection(t) : SkipToEndsec(t);
     case SEC_ENDSEC:

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "steprt/file_header.h"
 #include "steprt/standard.h"
 #include "support/hash_table.h"
 #include "support/seed.h"
@@ -62,7 +63,9 @@ class BigNames {
 };
 
 struct WideRead {
-  explicit WideRead(const STEPreadOptions& given) : options(given) {}
+  explicit WideRead(const STEPreadOptions& given) : options(given) {
+    if (options.header) options.header->Clear();
+  }
 
   const STEPreadOptions options;
   LongToken token;  // the last word or text, if `isLong`; else it is in the buffer of the transfer
@@ -73,6 +76,12 @@ struct WideRead {
   std::uint32_t wordBlock = 0;
   BigNames bigNames;
   bool isPart = false;  // see rSTEPispart
+
+  // The names of FILE_SCHEMA, and the one that was searched last among them.
+  STEPtexts ownSchemas;
+  STEPtexts* const schemas = options.header ? &options.header->schemas : &ownSchemas;
+  const char* searchedSchema = nullptr;
+  bool isSearchedListed = false;
 };
 
 }  // namespace steprt
