@@ -29,8 +29,8 @@ function(steprt_find_command out)
     message(FATAL_ERROR "steprt_add_schema: a cross build needs the command steprt of the build machine, and PATH has "
                         "none. Set STEPRT_COMMAND to one.")
   elseif(NOT command)
-    message(FATAL_ERROR "steprt_add_schema: this steprt was built without the command steprt (it needs CLI11). "
-                        "Set STEPRT_COMMAND to one.")
+    message(FATAL_ERROR "steprt_add_schema: this steprt was built without the command steprt (it needs CLI11 and "
+                        "nlohmann-json). Set STEPRT_COMMAND to one.")
   endif()
   set(${out} ${command} PARENT_SCOPE)
 endfunction()

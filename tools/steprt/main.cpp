@@ -1,20 +1,22 @@
-// The command: subcommands for schemas.
+// The command: subcommands for schemas and for exchange files.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 
 #include "compile.h"
 #include "exit_status.h"
+#include "stat.h"
 
 int main(int argc, char** argv) try {
   using namespace steprt_tools;
-  CLI::App app("Works with schemas of ISO 10303 (STEP)", "steprt");
+  CLI::App app("Works with schemas and exchange files of ISO 10303 (STEP)", "steprt");
   app.set_version_flag("--version", "steprt " STEPRT_TOOLS_VERSION);
   app.require_subcommand(1);
   constexpr std::size_t kColumn = 28;  // where the descriptions of options begin
   app.get_formatter()->column_width(kColumn);
   int status = kClean;
   AddCompile(app, status);
+  AddStat(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
