@@ -51,6 +51,7 @@ void HeaderReader::Take(const Record& record) {
                    [] { return "expected FILE_DESCRIPTION, FILE_NAME and FILE_SCHEMA, in this order and each once"; });
     }
     seen_ = i + 1;
+    if (i == kSchema) schemaOffset_ = record.offset;
     return TakeKnown(static_cast<Known>(i), record);
   }
 }
@@ -59,8 +60,9 @@ void HeaderReader::TakeKnown(Known known, const Record& record) {
   const std::vector<std::size_t> at = Attributes(record);
   if (at.size() != kCounts[known]) {
     return reports_.Add(Code::kHeader, record.offset, [&] {
-      return "expected " + std::to_string(kCounts[known]) + " attributes in " + std::string(kNames[known]) +
-             ", found " + std::to_string(at.size());
+      return "expected " + std::to_string(kCounts[known]) +
+             (kCounts[known] == 1 ? " attribute in " : " attributes in ") + std::string(kNames[known]) + ", found " +
+             std::to_string(at.size());
     });
   }
   switch (known) {

@@ -37,6 +37,8 @@ class HeaderReader {
   void Finish(std::size_t offset);
 
   const Header& Get() const { return header_; }
+  // Where FILE_SCHEMA is; 0 if it is missing.
+  std::size_t SchemaOffset() const { return schemaOffset_; }
 
  private:
   enum Known { kDescription, kName, kSchema, kKnown };
@@ -48,6 +50,7 @@ class HeaderReader {
 
   Header header_;
   Reports& reports_;
+  std::size_t schemaOffset_ = 0;
   int seen_ = 0;  // the known entities come in their order
 };
 

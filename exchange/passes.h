@@ -28,6 +28,7 @@ class FirstPass : public Sink {
   void OnProgress(std::size_t offset) override;
 
  protected:
+  std::size_t SchemaOffset() const { return headerReader_.SchemaOffset(); }
   // The number that the second pass finds for the record's name.
   virtual std::uint16_t TypeOf(const Record&) { return kUnknownType; }
   // The header is complete.

@@ -10,7 +10,7 @@
 #include "exit_status.h"
 #include "express/cpp/generate.h"
 #include "express/cpp/names.h"
-#include "express/load.h"
+#include "schema_files.h"
 
 namespace steprt_tools {
 namespace {
@@ -23,17 +23,6 @@ struct Request {
   std::string folder;
   express::cpp::Options options;
 };
-
-// Returns the exit status for what was printed.
-int Print(const express::Diagnostics& diagnostics) {
-  bool unreadable = false;
-  for (const express::Diagnostic& diagnostic : diagnostics.All()) {
-    std::fputs(Format(diagnostic).c_str(), stderr);
-    unreadable = unreadable || diagnostic.code == express::Code::kUnreadableFile;
-  }
-  if (unreadable) return kUnusable;
-  return diagnostics.Errors() > 0 ? kFindings : kClean;
-}
 
 int WriteFiles(const std::vector<express::cpp::File>& files, const std::filesystem::path& folder) {
   std::error_code failure;
@@ -52,16 +41,10 @@ int WriteFiles(const std::vector<express::cpp::File>& files, const std::filesyst
 
 int Compile(const Request& request) {
   express::Diagnostics diagnostics;
-  std::vector<std::unique_ptr<express::Source>> sources;
-  for (const std::string& path : request.schemas) {
-    auto source = express::ReadSource(path, diagnostics);
-    if (source) sources.push_back(std::move(source));
-  }
-  if (diagnostics.Errors() > 0) return Print(diagnostics);
-  const auto model = express::Load(std::move(sources), diagnostics);
+  const auto model = LoadSchemas(request.schemas, diagnostics);
   std::vector<express::cpp::File> files;
   if (diagnostics.Errors() == 0) files = Generate(*model, request.options, diagnostics);
-  const int status = Print(diagnostics);
+  const int status = PrintDiagnostics(diagnostics);
   return status == kClean ? WriteFiles(files, request.folder) : status;
 }
 

@@ -3,7 +3,6 @@
 #define STEPRT_TOOLS_EXCHANGE_FILES_H
 
 #include <CLI/CLI.hpp>
-#include <cstddef>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -20,7 +19,6 @@ using Json = nlohmann::ordered_json;
 struct ExchangeRequest {
   std::vector<std::string> files;
   bool json = false;
-  std::size_t mostOfOne = 5;  // reports of one code
 };
 
 // The files and --json.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <exception>
 
+#include "check.h"
 #include "compile.h"
 #include "exit_status.h"
 #include "stat.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) try {
   int status = kClean;
   AddCompile(app, status);
   AddStat(app, status);
+  AddCheck(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
