@@ -1,5 +1,6 @@
 #include "read/tokeniser.h"
 
+#include <array>
 #include <cstring>
 
 #include "read/char_class.h"
@@ -7,6 +8,7 @@
 #include "read/transfer/report.h"
 #include "read/wide_tokens.h"
 #include "support/ascii.h"
+#include "support/eight_bytes.h"
 #include "support/number_parse.h"
 
 namespace steprt {
@@ -34,74 +36,6 @@ int SkipBlanks(STEPtransfer* t) {
   }
 }
 
-double WordToReal(std::string_view word, Digits digits, int exponent) {
-  double value;
-  if (digits.count > kMantissaDigits || !SmallDecimalToReal(digits.value, exponent, &value)) return DecimalToReal(word);
-  return word.front() == '-' ? -value : value;
-}
-
-// exponent = ("E" | "e") ["+" | "-"] digit {digit}, at `p`
-//
-// Adds its value to *exponent and returns its end. Returns null if there is no digit, or more than an int surely holds.
-const char* ScanExponent(const char* p, int* exponent) {
-  const bool isNegative = p[1] == '-';
-  p += p[1] == '-' || p[1] == '+' ? 2 : 1;
-  Digits power = {0, 0};
-  p = ScanDigitsFast(p, &power);
-  if (power.count == 0 || power.count > kIntDigits) return nullptr;
-  *exponent += isNegative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
-  return p;
-}
-
-// number = ["+" | "-"] {digit} ["." {digit}] [exponent], with a digit before the exponent
-//
-// The fast path, which converts a number inside the block. Returns TOK_INT or TOK_REAL. Returns kNoToken, with nothing
-// read, for every other word: WordToken must look at it.
-int ScanNumber(STEPtransfer* t, const char* const start) {
-  InputFile& in = *t->file.in;
-  const char* p = start;
-  if (*p == '-' || *p == '+') ++p;
-  Digits digits = {0, 0};
-  p = ScanDigitsFast(p, &digits);
-  int kind = TOK_INT;
-  int exponent = 0;
-  if (*p == '.') {
-    kind = TOK_REAL;
-    const std::ptrdiff_t whole = digits.count;
-    p = ScanDigitsFast(p + 1, &digits);
-    exponent = static_cast<int>(whole - digits.count);
-  }
-  if ((*p == 'E' || *p == 'e') && digits.count > 0) {
-    kind = TOK_REAL;
-    p = ScanExponent(p, &exponent);
-    if (!p) return kNoToken;
-  }
-  if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || p - start > kTokenLimit) return kNoToken;
-  if (kind == TOK_INT) {
-    if (digits.count > kIntDigits) return kNoToken;
-    t->value.integer = *start == '-' ? -static_cast<int>(digits.value) : static_cast<int>(digits.value);
-  } else {
-    t->value.real = WordToReal(std::string_view(start, static_cast<std::size_t>(p - start)), digits, exponent);
-  }
-  in.MoveTo(p);
-  return kind;
-}
-
-// reference = "#" digit {digit}, with at most nine digits
-//
-// The fast path, as for numbers.
-int ScanReference(STEPtransfer* t, const char* const mark) {
-  InputFile& in = *t->file.in;
-  Digits digits = {0, 0};
-  const char* p = ScanDigitsFast(mark + 1, &digits);
-  if (!IsIn(kIsDelimiter, *p) || p == in.Limit() || digits.count == 0 || digits.count > kIntDigits) return kNoToken;
-  t->value.integer = static_cast<int>(digits.value);
-  in.MoveTo(p);
-  ReadStore& store = *t->store;
-  if (store.prefetcher.IsDue()) store.prefetcher.Prefetch(in, store.entries);
-  return TOK_REF;
-}
-
 // Stores the bytes of a long word or text from `target` on, as many as the buffer holds, and counts the others.
 class Sink {
  public:
@@ -124,14 +58,7 @@ class Sink {
   std::size_t count_ = 0;
 };
 
-void StoreScanned(STEPtransfer* t, char* target, const char* end) {
-  const char* start = t->file.in->Cursor();
-  const auto length = static_cast<std::size_t>(end - start);
-  std::memcpy(target, start, length);
-  target[length] = '\0';
-}
-
-// The slow path of ScanWord, for a word that crosses the end of the block or is longer than the buffer.
+// Reads any word after its first byte. Returns false if the file ends before another byte.
 bool ScanLongWord(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   Sink sink(t, target);
@@ -144,21 +71,8 @@ bool ScanLongWord(STEPtransfer* t, char* target) {
   return c != InputFile::kEnd || !sink.IsEmpty();
 }
 
-// word = byte {any byte but a delimiter}, of which the first byte has been read
-//
-// Returns false if the file ends before another byte.
-bool ScanWord(STEPtransfer* t, char* target) {
-  InputFile& in = *t->file.in;
-  const char* p = in.Cursor();
-  while (!IsIn(kIsDelimiter, *p)) ++p;
-  if (p == in.Limit() || p - in.Cursor() >= kTokenLimit) return ScanLongWord(t, target);
-  StoreScanned(t, target, p);
-  in.MoveTo(p);
-  return true;
-}
-
-// The slow path of ScanText, for a text that has a doubled apostrophe, does not end on its line, crosses the end of the
-// block, or is longer than the buffer. The line feed is counted after its report, which so names the line of the text.
+// Reads any text. Returns false if the file ends before another byte. A line feed is counted after its report, which so
+// names the line of the text.
 bool ScanLongText(STEPtransfer* t, char* target) {
   InputFile& in = *t->file.in;
   Sink sink(t, target);
@@ -183,20 +97,6 @@ bool ScanLongText(STEPtransfer* t, char* target) {
   return true;
 }
 
-// text = "'" {any byte but an apostrophe or a line feed | "''"} "'", of which the opening apostrophe has been read
-//
-// A carriage return is dropped. Returns false if the file ends before another byte.
-bool ScanText(STEPtransfer* t, char* target) {
-  InputFile& in = *t->file.in;
-  const char* p = in.Cursor();
-  while (!IsIn(kStopsText, *p)) ++p;
-  const bool isPlain = *p == '\'' && p + 1 != in.Limit() && p[1] != '\'' && p - in.Cursor() < kTokenLimit;
-  if (!isPlain) return t->wide ? ScanWideText(t) : ScanLongText(t, target);
-  StoreScanned(t, target, p);
-  in.MoveTo(p + 1);
-  return true;
-}
-
 // Decides the kind of the word in the buffer by its first characters, and converts it.
 //
 // word = "#" number | letter {byte} | "." letter {byte} | [sign] digit {digit} | any other, which is a real
@@ -218,66 +118,217 @@ int ClassifyWord(STEPtransfer* t) {
   return TOK_REAL;
 }
 
-int WordToken(STEPtransfer* t, char first) {
+// Reads any word whose first byte has been read.
+int RestOfWord(STEPtransfer* t, char first) {
   if (t->wide) return WideWordToken(t, first);
   t->buffer[0] = first;
-  if (!ScanWord(t, t->buffer + 1)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
+  if (!ScanLongWord(t, t->buffer + 1)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   return ClassifyWord(t);
 }
 
-int TextToken(STEPtransfer* t) {
+// The slow path of every word.
+[[gnu::noinline]] int AnyWord(STEPtransfer* t, const char* start) {
+  t->file.in->MoveTo(start + 1);
+  return RestOfWord(t, *start);
+}
+
+// The slow path of every text.
+[[gnu::noinline]] int AnyText(STEPtransfer* t, const char* apostrophe) {
+  t->file.in->MoveTo(apostrophe + 1);
   t->value.text = t->buffer;
-  if (!ScanText(t, t->buffer)) return Refuse(t, kUnexpectedEof, TOK_ERROR);
+  if (!(t->wide ? ScanWideText(t) : ScanLongText(t, t->buffer))) return Refuse(t, kUnexpectedEof, TOK_ERROR);
   return TOK_TEXT;
 }
 
-// Reads a number or reference by the fast path. Returns kNoToken, with nothing read, if there is none at `start`.
-int NumberToken(STEPtransfer* t, const char* start) {
-  if (!IsIn(kStartsNumber, *start)) return kNoToken;
-  return *start == '#' ? ScanReference(t, start) : ScanNumber(t, start);
+// The fast paths. Each reads a token that is whole in the block and not too long, and leaves every other one to a slow
+// path. It calls that at its very end, so it needs no registers but those that every function may use.
+
+// exponent = ("E" | "e") ["+" | "-"] digit {digit}, at `p`
+//
+// Adds its value to *exponent and returns its end. Returns null if there is no digit, or more than an int surely holds.
+const char* ScanExponent(const char* p, int* exponent) {
+  const bool isNegative = p[1] == '-';
+  p += p[1] == '-' || p[1] == '+' ? 2 : 1;
+  Digits power = {0, 0};
+  p = ScanDigitsFast(p, &power);
+  if (power.count == 0 || power.count > kIntDigits) return nullptr;
+  *exponent += isNegative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
+  return p;
 }
 
-// Reads any token, with the blanks before it.
-[[gnu::noinline]] int AnyToken(STEPtransfer* t) {
+// Reads a real that SmallDecimalToReal does not convert. It ends at `end`.
+[[gnu::noinline]] int LongReal(STEPtransfer* t, const char* start, const char* end) {
+  if (end - start > kTokenLimit) return AnyWord(t, start);
+  t->value.real = DecimalToReal(std::string_view(start, static_cast<std::size_t>(end - start)));
+  t->file.in->MoveTo(end);
+  return TOK_REAL;
+}
+
+int RealToken(STEPtransfer* t, const char* start, const char* end, Digits digits, int exponent) {
+  double value;
+  const bool isShort = digits.count <= kMantissaDigits;
+  if (!isShort || !SmallDecimalToReal(digits.value, exponent, &value)) return LongReal(t, start, end);
+  t->value.real = *start == '-' ? -value : value;
+  t->file.in->MoveTo(end);
+  return TOK_REAL;
+}
+
+int IntegerToken(STEPtransfer* t, const char* start, const char* end, Digits digits) {
+  if (digits.count > kIntDigits) return AnyWord(t, start);
+  t->value.integer = *start == '-' ? -static_cast<int>(digits.value) : static_cast<int>(digits.value);
+  t->file.in->MoveTo(end);
+  return TOK_INT;
+}
+
+// number = ["+" | "-"] {digit} ["." {digit}] [exponent], with a digit before the exponent
+int ScanNumber(STEPtransfer* t, const char* const start) {
+  const char* p = start;
+  if (*p == '-' || *p == '+') ++p;
+  Digits digits = {0, 0};
+  p = ScanDigitsFast(p, &digits);
+  bool isReal = false;
+  int exponent = 0;
+  if (*p == '.') {
+    isReal = true;
+    const std::ptrdiff_t whole = digits.count;
+    p = ScanDigitsFast(p + 1, &digits);
+    exponent = static_cast<int>(whole - digits.count);
+  }
+  if ((*p == 'E' || *p == 'e') && digits.count > 0) {
+    isReal = true;
+    p = ScanExponent(p, &exponent);
+    if (!p) return AnyWord(t, start);
+  }
+  if (!IsIn(kIsDelimiter, *p) || p == t->file.in->Limit() || digits.count == 0) return AnyWord(t, start);
+  return isReal ? RealToken(t, start, p, digits, exponent) : IntegerToken(t, start, p, digits);
+}
+
+// Prefetches, and returns the kind of the token before.
+[[gnu::noinline]] int PrefetchAfter(STEPtransfer* t, int kind) {
+  t->store->prefetcher.Prefetch(*t->file.in, t->store->entries);
+  return kind;
+}
+
+// reference = "#" digit {digit}, with at most nine digits
+int ScanReference(STEPtransfer* t, const char* const mark) {
+  InputFile& in = *t->file.in;
+  Digits digits = {0, 0};
+  const char* p = ScanDigitsFast(mark + 1, &digits);
+  const bool isShort = digits.count > 0 && digits.count <= kIntDigits;
+  if (!isShort || !IsIn(kIsDelimiter, *p) || p == in.Limit()) return AnyWord(t, mark);
+  t->value.integer = static_cast<int>(digits.value);
+  in.MoveTo(p);
+  return t->store->prefetcher.IsDue() ? PrefetchAfter(t, TOK_REF) : TOK_REF;
+}
+
+// Copies the bytes from `start` on to the buffer, up to the first one of `stops`, and terminates them. `mark` marks
+// among eight bytes those that may be one. Returns the place of the stop, or null if the buffer may not hold them all.
+template <typename Mark>
+const char* CopyUpTo(STEPtransfer* t, const char* const start, const ByteSet& stops, Mark mark) {
+  constexpr std::ptrdiff_t kLastCopy = kTokenLimit - std::ptrdiff_t{kScanReach};
+  for (const char* p = start; p - start <= kLastCopy;) {
+    std::memcpy(t->buffer + (p - start), p, kScanReach);
+    const std::uint64_t marks = mark(LoadEight(p));
+    p += FirstMarked(marks);
+    if (marks == 0) continue;
+    if (IsIn(stops, *p)) {
+      t->buffer[p - start] = '\0';
+      return p;
+    }
+    ++p;
+  }
+  return nullptr;
+}
+
+// word = (letter | "." letter) {any byte but a delimiter}
+//
+// Letters and `_` are above all bytes that end a word.
+int ScanWord(STEPtransfer* t, const char* const start) {
+  InputFile& in = *t->file.in;
+  const bool isEnum = *start == '.';
+  if (isEnum && !IsLetter(start[1])) return AnyWord(t, start);
+  const char* end = CopyUpTo(t, start, kStopsWord, [](std::uint64_t bytes) { return MarkBelow(bytes, '@'); });
+  if (!end || !IsIn(kIsDelimiter, *end) || end == in.Limit()) return AnyWord(t, start);
+  in.MoveTo(end);
+  t->value.text = t->buffer;
+  return isEnum ? TOK_ENUM : TOK_NAME;
+}
+
+// text = "'" {any byte but an apostrophe or a line feed | "''"} "'"
+//
+// A text that has a doubled apostrophe, does not end on its line or has a carriage return, which is dropped, is left to
+// the slow path.
+int ScanText(STEPtransfer* t, const char* const apostrophe) {
+  InputFile& in = *t->file.in;
+  const auto mark = [](std::uint64_t bytes) { return MarkBelow(bytes, ' ') | MarkEqual(bytes, '\''); };
+  const char* end = CopyUpTo(t, apostrophe + 1, kStopsText, mark);
+  if (!end || *end != '\'' || end + 1 == in.Limit() || end[1] == '\'') return AnyText(t, apostrophe);
+  in.MoveTo(end + 1);
+  t->value.text = t->buffer;
+  return TOK_TEXT;
+}
+
+// The kind of token that a byte begins: TOK_INT for a real too, and TOK_ERROR for one that only the slow path tells.
+constexpr std::array<unsigned char, 256> kKindOfFirst = [] {
+  std::array<unsigned char, 256> kinds = {};
+  for (unsigned c = 0; c < kinds.size(); ++c) {
+    if (IsLetter(static_cast<char>(c))) kinds[c] = TOK_NAME;
+  }
+  for (const unsigned char c : std::string_view("+-0123456789")) kinds[c] = TOK_INT;
+  for (const unsigned char c : std::string_view(" \t\r\n/")) kinds[c] = TOK_EOF;
+  kinds['#'] = TOK_REF;
+  kinds['\''] = TOK_TEXT;
+  kinds['.'] = TOK_ENUM;
+  kinds['$'] = kinds['*'] = TOK_NULL;
+  kinds['='] = TOK_EQUAL;
+  kinds['('] = TOK_OPEN;
+  kinds[')'] = TOK_CLOSE;
+  kinds[','] = TOK_COMMA;
+  kinds[';'] = TOK_SEMI;
+  return kinds;
+}();
+
+int TokenAfterBlanks(STEPtransfer* t);
+
+// Reads the token that begins at `p`, or after blanks from there on.
+inline int TokenAt(STEPtransfer* t, const char* p) {
+  const int kind = kKindOfFirst[static_cast<unsigned char>(*p)];
+  switch (kind) {
+    case TOK_REF:
+      return ScanReference(t, p);
+    case TOK_INT:
+      return ScanNumber(t, p);
+    case TOK_TEXT:
+      return ScanText(t, p);
+    case TOK_NAME:
+    case TOK_ENUM:
+      return ScanWord(t, p);
+    case TOK_ERROR:
+      return AnyWord(t, p);
+    case TOK_EOF:
+      return TokenAfterBlanks(t);
+    default:
+      t->file.in->MoveTo(p + 1);
+      return kind;
+  }
+}
+
+[[gnu::noinline]] int TokenAfterBlanks(STEPtransfer* t) {
   int c;
   do {
     c = SkipBlanks(t);
   } while (c == '/' && t->wide && SkipComment(t));
-  switch (c) {
-    case InputFile::kEnd:
-      return TOK_EOF;
-    case '$':
-    case '*':
-      return TOK_NULL;
-    case '=':
-      return TOK_EQUAL;
-    case '(':
-      return TOK_OPEN;
-    case ')':
-      return TOK_CLOSE;
-    case ',':
-      return TOK_COMMA;
-    case ';':
-      return TOK_SEMI;
-    case '\'':
-      return TextToken(t);
-    default:
-      break;
-  }
-  const int kind = NumberToken(t, t->file.in->Cursor() - 1);
-  return kind != kNoToken ? kind : WordToken(t, static_cast<char>(c));
+  if (c == InputFile::kEnd) return TOK_EOF;
+  return c == '/' ? RestOfWord(t, '/') : TokenAt(t, t->file.in->Cursor() - 1);
 }
 
 }  // namespace
 
 int NextToken(STEPtransfer* t) {
-  if (t->pushedToken != kNoToken) {
-    const int kind = t->pushedToken;
-    t->pushedToken = kNoToken;
-    return kind;
-  }
-  const int kind = NumberToken(t, t->file.in->Cursor());
-  return kind != kNoToken ? kind : AnyToken(t);
+  if (t->pushedToken == kNoToken) return TokenAt(t, t->file.in->Cursor());
+  const int kind = t->pushedToken;
+  t->pushedToken = kNoToken;
+  return kind;
 }
 
 bool NextByteIs(STEPtransfer* t, char c) {

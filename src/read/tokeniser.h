@@ -18,7 +18,7 @@ int NextToken(STEPtransfer* t);
 // The same, faster if the next byte is the delimiter `c`, whose kind is `kind`.
 inline int NextToken(STEPtransfer* t, char c, int kind) {
   InputFile& in = *t->file.in;
-  if (t->pushedToken != kNoToken || *in.Cursor() != c || in.Cursor() == in.Limit()) return NextToken(t);
+  if (t->pushedToken != kNoToken || *in.Cursor() != c) return NextToken(t);
   in.MoveTo(in.Cursor() + 1);
   return kind;
 }

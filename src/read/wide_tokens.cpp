@@ -13,8 +13,6 @@
 namespace steprt {
 namespace {
 
-constexpr ByteSet kEndsWord = MakeByteSet("' ()\n;=,\r$\t#\"/");
-
 // Stores the bytes of a token: in the buffer of the transfer, or if there are more than that holds, in memory.
 class WideSink {
  public:
@@ -83,7 +81,7 @@ bool StartsComment(STEPtransfer* t, WideSink& sink) {
 }
 
 void PutBinary(STEPtransfer* t, WideSink& sink) {
-  if (PutUpTo(t, kEndsWord, sink) != '"') return;  // a binary without an end
+  if (PutUpTo(t, kStopsWord, sink) != '"') return;  // a binary without an end
   t->file.in->Get();
   sink.Put("\"", 1);
 }
@@ -173,7 +171,7 @@ int WideWordToken(STEPtransfer* t, char first) {
   if (first == '"') {
     PutBinary(t, sink);
   } else {
-    while (PutUpTo(t, kEndsWord, sink) == '/') {
+    while (PutUpTo(t, kStopsWord, sink) == '/') {
       if (!StartsComment(t, sink)) continue;
       SkipComment(t);
       break;

@@ -2,13 +2,12 @@
 #ifndef STEPRT_SUPPORT_NUMBER_PARSE_H
 #define STEPRT_SUPPORT_NUMBER_PARSE_H
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "support/ascii.h"
+#include "support/eight_bytes.h"
 
 namespace steprt {
 
@@ -36,13 +35,9 @@ inline constexpr unsigned long long kEightPowers[] = {1, 10, 100, 1000, 10000, 1
 
 // Does the same with eight digits at a time and no branch for each digit.
 inline const char* ScanDigitsFast(const char* p, Digits* digits) {
-  if constexpr (std::endian::native != std::endian::little) return ScanDigits(p, digits);
   for (;;) {
-    std::uint64_t bytes;
-    std::memcpy(&bytes, p, sizeof bytes);
-    bytes ^= 0x3030303030303030;
-    const std::uint64_t others = ((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080;
-    const int count = std::countr_zero(others) / 8;
+    std::uint64_t bytes = LoadEight(p) ^ 0x3030303030303030;
+    const int count = FirstMarked(((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080);
     if (count == 0) return p;
     bytes <<= 64 - 8 * count;  // the digits last, zeros before them
     bytes = bytes * 10 + (bytes >> 8);

@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "read/transfer/transfer.h"
@@ -118,6 +119,33 @@ TEST(Tokeniser, KnowsEveryTokenWhereverTheBlockEnds) {
       ExpectTokens(row, path, " parted behind " + std::to_string(split) + " bytes");
     }
   }
+}
+
+// The first token of the bytes.
+std::string FirstToken(STEPtransfer* t, const std::string& bytes) {
+  t->pushedToken = kNoToken;
+  t->file.in->Restart(bytes);
+  const int kind = steprt::NextToken(t);
+  return TokenText(kind, *t);
+}
+
+TEST(Tokeniser, EachByteEndsAWordOrATextOrBelongsToItAtEachPlace) {
+  const std::string letters = "ABCDEFGHIJKLMNOPQ";
+  const steprt::TransferOwner t = steprt::NewReadTransfer("", CollectReport, nullptr, false);
+  const std::unique_ptr<steprt::InputFile> input(steprt::InputFile::MemoryOrNull());
+  t->file.in = input.get();
+  for (int byte = 1; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    for (std::size_t place = 1; place < letters.size(); ++place) {
+      const std::string before = letters.substr(0, place);
+      const std::string all = before + c + letters.substr(place);
+      const bool endsWord = std::string_view("' ()\n;=,\r$\t#").find(c) != std::string_view::npos;
+      EXPECT_EQ(FirstToken(t.get(), all + ";"), "NAME " + (endsWord ? before : all)) << byte << " at " << place;
+      const std::string text = c == '\'' || c == '\n' ? before : c == '\r' ? letters : all;
+      EXPECT_EQ(FirstToken(t.get(), "'" + all + "';"), "TEXT " + text) << byte << " at " << place;
+    }
+  }
+  EXPECT_EQ(TakeReports("").size(), letters.size() - 1);  // of the texts with a line feed
 }
 
 TEST(Tokeniser, CountsLinesUpToTheLargestIntegerAndStaysThere) {
