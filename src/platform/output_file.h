@@ -34,7 +34,11 @@ class OutputFile {
     *Buffer(1) = c;
     ++used_;
   }
-  void Put(std::string_view text);
+  void Put(std::string_view text) {
+    if (text.size() > kBlock - used_) return PutInPieces(text);
+    text.copy(block_ + used_, text.size());
+    used_ += text.size();
+  }
 
   // Returns a buffer of `count` characters, at most 64, to print into. Advance marks the end of what was printed.
   char* Buffer(std::size_t count) {
@@ -70,6 +74,7 @@ class OutputFile {
   static constexpr std::size_t kMarks = 1 << 13;  // the latest ones are kept; a block holds fewer records
 
   OutputFile() = default;
+  void PutInPieces(std::string_view text);
   bool Open(const char* name, Sharing sharing);
   std::int64_t LastMark(std::int64_t limit) const;
   bool CutTo(std::int64_t size);

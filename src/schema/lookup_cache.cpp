@@ -66,8 +66,12 @@ APPentity* LookupCache::FindEntityByName(const char* text) {
 
 APPentity* LookupCache::FindEntityByType(int type) {
   if (!IsCurrent() && !Build()) return steprt::FindEntityByType(type, schema_);
+  int& latest = typeAnswers_[static_cast<std::uint32_t>(type) % kAnswers];
+  if (latest != kNone && nodes_[latest].type == type) return nodes_[latest].row;
   const int node = FindType(type);
-  return node == kNone ? nullptr : nodes_[node].row;
+  if (node == kNone) return nullptr;
+  latest = node;
+  return nodes_[node].row;
 }
 
 bool LookupCache::IsSubtype(int expected, int actual) {
@@ -191,6 +195,7 @@ void LookupCache::Forget() {
   names_.Clear(0);
   types_.Clear(0);
   std::fill(std::begin(nameAnswers_), std::end(nameAnswers_), kNone);
+  std::fill(std::begin(typeAnswers_), std::end(typeAnswers_), kNone);
   for (SubtypeAnswer& answer : subtypeAnswers_) answer.expected = -1;
 }
 

@@ -90,6 +90,7 @@ class LookupCache {
   HashTable<NameSlot, 4> names_;
   HashTable<TypeSlot, 4> types_;
   int nameAnswers_[kAnswers];  // nodes whose rows spell the name as the lookup did
+  int typeAnswers_[kAnswers];  // nodes
   SubtypeAnswer subtypeAnswers_[kAnswers];
 };
 

@@ -19,6 +19,11 @@ inline std::uint64_t LoadEight(const char* p) {
   return std::endian::native == std::endian::little ? bytes : __builtin_bswap64(bytes);
 }
 
+inline void StoreEight(char* p, std::uint64_t bytes) {
+  if (std::endian::native != std::endian::little) bytes = __builtin_bswap64(bytes);
+  std::memcpy(p, &bytes, sizeof bytes);
+}
+
 // Marks the bytes below `limit`, which is at most 0x80.
 constexpr std::uint64_t MarkBelow(std::uint64_t bytes, unsigned char limit) {
   return (bytes - limit * kOneInEach) & ~bytes & 0x80 * kOneInEach;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "support/eight_bytes.h"
 #include "support/powers_of_ten.h"
 
 namespace steprt {
@@ -15,29 +16,39 @@ namespace {
 
 constexpr std::uint32_t kSevenDigits = 1000000;  // the least number that has them
 
+// The eight digits of a number below 10^8, as bytes from 0 to 9. The number is halved three times into shorter ones,
+// all of which are divided at once: a product and a shift divide every value that occurs.
+constexpr std::uint64_t EightDigits(std::uint32_t number) {
+  const std::uint64_t fours = number / 10000 | std::uint64_t{number % 10000} << 32;
+  const std::uint64_t hundreds = fours * 10486 >> 20 & 0x0000007F0000007F;
+  const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16;
+  const std::uint64_t tens = twos * 103 >> 10 & 0x000F000F000F000F;
+  return tens | (twos - tens * 10) << 8;
+}
+
+constexpr std::uint64_t kZeros = '0' * kOneInEach;
+
 // The digits after the point that bring 1e-4 <= value < 1e6 to six significant digits.
 int DecimalsOf(double value) {
   if (value < 1.0) return value >= 0.1 ? 6 : value >= 0.01 ? 7 : value >= 0.001 ? 8 : 9;
-  int decimals = 5;
-  for (double bound = 10.0; decimals > 0 && value >= bound; bound *= 10.0) --decimals;
-  return decimals;
+  return 5 - (value >= 1e1) - (value >= 1e2) - (value >= 1e3) - (value >= 1e4) - (value >= 1e5);
 }
 
-// Prints digits / 10^decimals. The last digit is not 0, unless it is in front of the point.
+// Prints digits / 10^decimals, where `digits` has six digits, without zeros at its end. It may write eight bytes more.
 char* PrintDecimal(char* buffer, std::uint32_t digits, int decimals) {
-  char text[12];
-  char* end = std::to_chars(text, text + sizeof text, digits).ptr;
-  const int whole = static_cast<int>(end - text) - decimals;
-  if (whole > 0) {
-    buffer = std::copy(text, text + whole, buffer);
-    if (decimals == 0) return buffer;
-    *buffer++ = '.';
-    return std::copy(text + whole, end, buffer);
+  const std::uint64_t six = EightDigits(digits) >> 16;
+  const int kept = 8 - std::countl_zero(six) / 8;
+  const int whole = 6 - decimals;
+  if (whole <= 0) {
+    buffer = std::ranges::copy(std::string_view("0.000").substr(0, static_cast<std::size_t>(2 - whole)), buffer).out;
+    StoreEight(buffer, six | kZeros);
+    return buffer + kept;
   }
-  *buffer++ = '0';
-  *buffer++ = '.';
-  buffer = std::fill_n(buffer, -whole, '0');
-  return std::copy(text, end, buffer);
+  StoreEight(buffer, six | kZeros);
+  if (kept <= whole) return buffer + whole;
+  buffer[whole] = '.';
+  StoreEight(buffer + whole + 1, (six | kZeros) >> 8 * whole);
+  return buffer + kept + 1;
 }
 
 // Prints 1e-4 <= value < 1e6 with a point. Returns null where the sixth digit is in doubt. The product below is less
@@ -45,20 +56,29 @@ char* PrintDecimal(char* buffer, std::uint32_t digits, int decimals) {
 // that: only a rest so close to one half may round the wrong way.
 char* ShortRealToText(char* buffer, double value) {
   constexpr double kDoubt = 1e-7;
-  int decimals = DecimalsOf(value);
+  const int decimals = DecimalsOf(value);
   const double scaled = value * kPowersOfTen[decimals];
   auto digits = static_cast<std::uint32_t>(scaled);
   const double rest = scaled - digits;
   if (rest > 0.5 - kDoubt && rest < 0.5 + kDoubt) return nullptr;
   if (rest > 0.5) ++digits;
   if (digits >= kSevenDigits) return nullptr;
-  for (; decimals > 0 && digits % 10 == 0; --decimals) digits /= 10;
   return PrintDecimal(buffer, digits, decimals);
 }
 
 }  // namespace
 
-char* IntToText(char* buffer, int value) { return std::to_chars(buffer, buffer + kIntBuffer, value).ptr; }
+// Nearly all integers of a file have at most eight digits.
+char* IntToText(char* buffer, int value) {
+  constexpr int kEightDigits = 100'000'000;
+  if (value <= -kEightDigits || value >= kEightDigits) return std::to_chars(buffer, buffer + kIntBuffer, value).ptr;
+  *buffer = '-';
+  buffer += value < 0;
+  const std::uint64_t digits = EightDigits(static_cast<std::uint32_t>(value < 0 ? -value : value));
+  const int zeros = std::countr_zero(digits | std::uint64_t{1} << 56) / 8;  // before the first digit; 0 has one
+  StoreEight(buffer, (digits | kZeros) >> 8 * zeros);
+  return buffer + 8 - zeros;
+}
 
 // Magnitudes are compared by their bits: those of a NaN compare without a floating-point exception.
 char* RealToText(char* buffer, double value) {
@@ -67,14 +87,16 @@ char* RealToText(char* buffer, double value) {
   const std::uint64_t bits = bitsOf(magnitude);
   if (bits > bitsOf(HUGE_VAL))
     return std::ranges::copy(std::string_view(std::signbit(value) ? "-nan" : "nan"), buffer).out;
+  char* const start = buffer;
+  *buffer = '-';
+  buffer += std::signbit(value);
   if (bits >= bitsOf(1e-4) && bits < bitsOf(999999.0)) {
-    char* start = buffer;
-    if (value < 0) *start++ = '-';
-    const int whole = static_cast<int>(magnitude);
-    if (whole == magnitude) return IntToText(start, whole);
-    if (char* end = ShortRealToText(start, magnitude)) return end;
+    if (char* end = ShortRealToText(buffer, magnitude)) return end;
+  } else if (bits == 0) {
+    *buffer = '0';
+    return buffer + 1;
   }
-  return std::to_chars(buffer, buffer + kRealBuffer, value, std::chars_format::general, 6).ptr;
+  return std::to_chars(start, start + kRealBuffer, value, std::chars_format::general, 6).ptr;
 }
 
 }  // namespace steprt

@@ -3,6 +3,8 @@
 #ifndef STEPRT_WRITE_FILE_FORM_H
 #define STEPRT_WRITE_FILE_FORM_H
 
+#include <string_view>
+
 #include "read/transfer/record.h"
 #include "support/text_buffer.h"
 
@@ -17,8 +19,8 @@ struct FileForm {
 
   void (*putHead)(STEPtransfer* t, const char* shownName, const char* remark);
   int firstLine;  // of the first record, for reports
-  void (*openRecord)(STEPtransfer* t, const APPentity& row, int number);
-  void (*closeRecord)(STEPtransfer* t, const APPentity& row);
+  void (*openRecord)(STEPtransfer* t, std::string_view name, int number);
+  void (*closeRecord)(STEPtransfer* t, std::string_view name);
   void (*putTail)(STEPtransfer* t);
 };
 

@@ -39,13 +39,16 @@ void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
   PutSectionChange(t, SEC_ENDSEC, SEC_DATA);
 }
 
-void OpenRecord(STEPtransfer* t, const APPentity& row, int number) {
-  t->file.out->Put('#');
+void OpenRecord(STEPtransfer* t, std::string_view name, int number) {
+  OutputFile& out = *t->file.out;
+  out.Put('#');
   PutInt(t, number);
-  Put(t, {" = ", row.name, "("});
+  out.Put(" = ");
+  out.Put(name);
+  out.Put('(');
 }
 
-void CloseRecord(STEPtransfer* t, const APPentity& /*row*/) { t->file.out->Put(");\n"); }
+void CloseRecord(STEPtransfer* t, std::string_view /*name*/) { t->file.out->Put(");\n"); }
 
 void PutTail(STEPtransfer* t) { EndFile(t, {SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"}); }
 

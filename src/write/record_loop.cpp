@@ -1,7 +1,6 @@
 #include "write/record_loop.h"
 
 #include "read/transfer/report.h"
-#include "steprt/text.h"
 #include "write/items.h"
 #include "write/numbering.h"
 
@@ -14,12 +13,13 @@ bool WriteRecord(STEPtransfer* t, const FileForm& form, STEPheader* object) {
   const APPentity* row = t->lookups.FindEntityByType(object->type);
   if (!row) return Refuse(t, kUnknownObject, false);
   if (!row->write) return false;
-  Copy(t->where, row->name, kWhereLimit);
-  form.openRecord(t, *row, InstanceNumber(t, object));
+  const std::string_view name = row->name;
+  t->where[name.copy(t->where, kWhereLimit)] = '\0';
+  form.openRecord(t, name, InstanceNumber(t, object));
   t->lastToken = TOK_OPEN;  // so the first attribute has no comma
   row->write(t, object);
   EndOpenItems(t);
-  form.closeRecord(t, *row);
+  form.closeRecord(t, name);
   return true;
 }
 

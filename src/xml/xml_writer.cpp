@@ -27,13 +27,21 @@ void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
   Put(t, {" -->\n<", NameOf(*t->schema), ">\n"});
 }
 
-void OpenEntity(STEPtransfer* t, const APPentity& row, int number) {
-  Put(t, {"\t<", row.name, " rid=\"#"});
+void OpenEntity(STEPtransfer* t, std::string_view name, int number) {
+  OutputFile& out = *t->file.out;
+  out.Put("\t<");
+  out.Put(name);
+  out.Put(" rid=\"#");
   PutInt(t, number);
-  t->file.out->Put("\">");
+  out.Put("\">");
 }
 
-void CloseEntity(STEPtransfer* t, const APPentity& row) { Put(t, {"</", row.name, ">\n"}); }
+void CloseEntity(STEPtransfer* t, std::string_view name) {
+  OutputFile& out = *t->file.out;
+  out.Put("</");
+  out.Put(name);
+  out.Put(">\n");
+}
 
 void PutTail(STEPtransfer* t) { EndFile(t, {"</", NameOf(*t->schema), ">\n"}); }
 

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <memory>
 #include <new>
 
@@ -65,16 +64,14 @@ OutputFile::~OutputFile() {
   ::close(handle_);
 }
 
-void OutputFile::Put(std::string_view text) {
+void OutputFile::PutInPieces(std::string_view text) {
   while (text.size() > kBlock - used_) {
-    const std::size_t fits = kBlock - used_;
-    std::memcpy(block_ + used_, text.data(), fits);
+    const std::size_t fits = text.copy(block_ + used_, kBlock - used_);
     used_ = kBlock;
     text.remove_prefix(fits);
     Flush();
   }
-  if (!text.empty()) std::memcpy(block_ + used_, text.data(), text.size());
-  used_ += text.size();
+  Put(text);
 }
 
 void OutputFile::Flush() {
