@@ -21,7 +21,7 @@ constexpr ByteSet MakeByteSet(std::string_view bytes) {
 
 inline constexpr ByteSet kIsDelimiter = MakeByteSet(kDelimiters);
 inline constexpr ByteSet kIsBlank = MakeByteSet(kBlanks);
-inline constexpr ByteSet kStopsWord = MakeByteSet("' ()\n;=,\r$\t#\"/");  // also where a standard file may end one
+inline constexpr ByteSet kStopsWord = MakeByteSet("' ()\n;=,\r$\t#\"/");  // what may end a word of a standard file
 inline constexpr ByteSet kStopsText = MakeByteSet("'\r\n");
 inline constexpr ByteSet kStartsNumber = MakeByteSet("#.+-0123456789");
 

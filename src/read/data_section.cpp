@@ -1,12 +1,13 @@
 #include "read/data_section.h"
 
+#include <cstring>
+
 #include "read/complex.h"
 #include "read/items.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
 #include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
-#include "steprt/text.h"
 
 namespace steprt {
 namespace {
@@ -73,7 +74,7 @@ bool ReadRecord(STEPtransfer* t, int number) {
   token = NextToken(t);
   if (token == TOK_OPEN) return ReadComplexRecord(t, entry);
   if (token != TOK_NAME) return RefuseKeyword(t, token);
-  Copy(t->where, t->value.text, kWhereLimit);
+  std::memcpy(t->where, t->value.text, kWhereLimit);  // what follows a shorter name does no harm
   if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
     ReadBrackets(t, *row, entry);
   } else {

@@ -143,6 +143,47 @@ int RestOfWord(STEPtransfer* t, char first) {
 // The fast paths. Each reads a token that is whole in the block and not too long, and leaves every other one to a slow
 // path. It calls that at its very end, so it needs no registers but those that every function may use.
 
+// Copies the bytes from `start` on to a place in the buffer, up to the first one of `stops`, and terminates them.
+// `mark` marks among eight bytes those that may be one. Returns the place of the stop, or null if they may be too many.
+template <typename Mark>
+const char* CopyUpTo(char* target, const char* const start, const ByteSet& stops, Mark mark) {
+  constexpr std::ptrdiff_t kLastCopy = kTokenLimit - std::ptrdiff_t{kScanReach};
+  for (const char* p = start; p - start <= kLastCopy;) {
+    std::memcpy(target + (p - start), p, kScanReach);
+    const std::uint64_t marks = mark(LoadEight(p));
+    p += FirstMarked(marks);
+    if (marks == 0) continue;
+    if (IsIn(stops, *p)) {
+      target[p - start] = '\0';
+      return p;
+    }
+    ++p;
+  }
+  return nullptr;
+}
+
+// Converts a word that is neither a name nor an enumerator and is whole in the buffer. Its end is at the cursor. A
+// standard file has further forms of such words.
+[[gnu::noinline]] int OtherWord(STEPtransfer* t, const char* start) {
+  return t->wide ? AnyWord(t, start) : ClassifyWord(t);
+}
+
+// word = byte {any byte but a delimiter}
+//
+// Letters and `_` are above all bytes that end a word.
+int ScanWord(STEPtransfer* t, const char* const start) {
+  InputFile& in = *t->file.in;
+  const ByteSet& stops = t->wide ? kStopsWord : kIsDelimiter;
+  const auto mark = [](std::uint64_t bytes) { return MarkBelow(bytes, '@'); };
+  t->buffer[0] = *start;
+  const char* end = CopyUpTo(t->buffer + 1, start + 1, stops, mark);
+  if (!end || !IsIn(kIsDelimiter, *end) || end == in.Limit()) return AnyWord(t, start);
+  in.MoveTo(end);
+  t->value.text = t->buffer;
+  if (IsLetter(*start)) return TOK_NAME;
+  return *start == '.' && IsLetter(start[1]) ? TOK_ENUM : OtherWord(t, start);
+}
+
 // exponent = ("E" | "e") ["+" | "-"] digit {digit}, at `p`
 //
 // Adds its value to *exponent and returns its end. Returns null if there is no digit, or more than an int surely holds.
@@ -158,7 +199,7 @@ const char* ScanExponent(const char* p, int* exponent) {
 
 // Reads a real that SmallDecimalToReal does not convert. It ends at `end`.
 [[gnu::noinline]] int LongReal(STEPtransfer* t, const char* start, const char* end) {
-  if (end - start > kTokenLimit) return AnyWord(t, start);
+  if (end - start > kTokenLimit) return ScanWord(t, start);
   t->value.real = DecimalToReal(std::string_view(start, static_cast<std::size_t>(end - start)));
   t->file.in->MoveTo(end);
   return TOK_REAL;
@@ -174,7 +215,7 @@ int RealToken(STEPtransfer* t, const char* start, const char* end, Digits digits
 }
 
 int IntegerToken(STEPtransfer* t, const char* start, const char* end, Digits digits) {
-  if (digits.count > kIntDigits) return AnyWord(t, start);
+  if (digits.count > kIntDigits) return ScanWord(t, start);
   t->value.integer = *start == '-' ? -static_cast<int>(digits.value) : static_cast<int>(digits.value);
   t->file.in->MoveTo(end);
   return TOK_INT;
@@ -197,9 +238,9 @@ int ScanNumber(STEPtransfer* t, const char* const start) {
   if ((*p == 'E' || *p == 'e') && digits.count > 0) {
     isReal = true;
     p = ScanExponent(p, &exponent);
-    if (!p) return AnyWord(t, start);
+    if (!p) return ScanWord(t, start);
   }
-  if (!IsIn(kIsDelimiter, *p) || p == t->file.in->Limit() || digits.count == 0) return AnyWord(t, start);
+  if (!IsIn(kIsDelimiter, *p) || p == t->file.in->Limit() || digits.count == 0) return ScanWord(t, start);
   return isReal ? RealToken(t, start, p, digits, exponent) : IntegerToken(t, start, p, digits);
 }
 
@@ -215,43 +256,10 @@ int ScanReference(STEPtransfer* t, const char* const mark) {
   Digits digits = {0, 0};
   const char* p = ScanDigitsFast(mark + 1, &digits);
   const bool isShort = digits.count > 0 && digits.count <= kIntDigits;
-  if (!isShort || !IsIn(kIsDelimiter, *p) || p == in.Limit()) return AnyWord(t, mark);
+  if (!isShort || !IsIn(kIsDelimiter, *p) || p == in.Limit()) return ScanWord(t, mark);
   t->value.integer = static_cast<int>(digits.value);
   in.MoveTo(p);
   return t->store->prefetcher.IsDue() ? PrefetchAfter(t, TOK_REF) : TOK_REF;
-}
-
-// Copies the bytes from `start` on to the buffer, up to the first one of `stops`, and terminates them. `mark` marks
-// among eight bytes those that may be one. Returns the place of the stop, or null if the buffer may not hold them all.
-template <typename Mark>
-const char* CopyUpTo(STEPtransfer* t, const char* const start, const ByteSet& stops, Mark mark) {
-  constexpr std::ptrdiff_t kLastCopy = kTokenLimit - std::ptrdiff_t{kScanReach};
-  for (const char* p = start; p - start <= kLastCopy;) {
-    std::memcpy(t->buffer + (p - start), p, kScanReach);
-    const std::uint64_t marks = mark(LoadEight(p));
-    p += FirstMarked(marks);
-    if (marks == 0) continue;
-    if (IsIn(stops, *p)) {
-      t->buffer[p - start] = '\0';
-      return p;
-    }
-    ++p;
-  }
-  return nullptr;
-}
-
-// word = (letter | "." letter) {any byte but a delimiter}
-//
-// Letters and `_` are above all bytes that end a word.
-int ScanWord(STEPtransfer* t, const char* const start) {
-  InputFile& in = *t->file.in;
-  const bool isEnum = *start == '.';
-  if (isEnum && !IsLetter(start[1])) return AnyWord(t, start);
-  const char* end = CopyUpTo(t, start, kStopsWord, [](std::uint64_t bytes) { return MarkBelow(bytes, '@'); });
-  if (!end || !IsIn(kIsDelimiter, *end) || end == in.Limit()) return AnyWord(t, start);
-  in.MoveTo(end);
-  t->value.text = t->buffer;
-  return isEnum ? TOK_ENUM : TOK_NAME;
 }
 
 // text = "'" {any byte but an apostrophe or a line feed | "''"} "'"
@@ -261,14 +269,14 @@ int ScanWord(STEPtransfer* t, const char* const start) {
 int ScanText(STEPtransfer* t, const char* const apostrophe) {
   InputFile& in = *t->file.in;
   const auto mark = [](std::uint64_t bytes) { return MarkBelow(bytes, ' ') | MarkEqual(bytes, '\''); };
-  const char* end = CopyUpTo(t, apostrophe + 1, kStopsText, mark);
+  const char* end = CopyUpTo(t->buffer, apostrophe + 1, kStopsText, mark);
   if (!end || *end != '\'' || end + 1 == in.Limit() || end[1] == '\'') return AnyText(t, apostrophe);
   in.MoveTo(end + 1);
   t->value.text = t->buffer;
   return TOK_TEXT;
 }
 
-// The kind of token that a byte begins: TOK_INT for a real too, and TOK_ERROR for one that only the slow path tells.
+// The kind of token that a byte begins: TOK_INT for a real too, and TOK_ERROR for a word of another kind.
 constexpr std::array<unsigned char, 256> kKindOfFirst = [] {
   std::array<unsigned char, 256> kinds = {};
   for (unsigned c = 0; c < kinds.size(); ++c) {
@@ -302,9 +310,8 @@ inline int TokenAt(STEPtransfer* t, const char* p) {
       return ScanText(t, p);
     case TOK_NAME:
     case TOK_ENUM:
-      return ScanWord(t, p);
     case TOK_ERROR:
-      return AnyWord(t, p);
+      return ScanWord(t, p);
     case TOK_EOF:
       return TokenAfterBlanks(t);
     default:
