@@ -16,6 +16,9 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/steprt DESTINATION ${CMAKE_INSTA
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/steprt_add_schema.cmake DESTINATION ${packageDir})
 if(STEPRT_HAS_TOOLS)
   install(TARGETS steprt_command EXPORT steprt-command RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/steprt/steprt.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/steprt/completion.bash
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME steprt)
   install(EXPORT steprt-command NAMESPACE steprt:: DESTINATION ${packageDir})
 endif()
 

@@ -29,9 +29,29 @@ bool Parser::Take(TokenKind kind) {
 
 // Goes to the next statement after a fault.
 void Parser::Recover() {
-  if (!scanner_.HasOpenText()) return scanner_.Seek(scanner_.Resync(record_.offset, token_.Offset()));
-  reports_.Add(Code::kOpenText, scanner_.OpenText(), [] { return "expected ' at the end of this text"; });
-  scanner_.Seek(scanner_.LineInOpenText());
+  if (scanner_.HasOpenText()) {
+    reports_.Add(Code::kOpenText, scanner_.OpenText(), [] { return "expected ' at the end of this text"; });
+    if (MayGoBack(scanner_.LineInOpenText())) return scanner_.Seek(scanner_.LineInOpenText());
+  }
+  scanner_.Seek(scanner_.Resync(record_.offset, FaultOffset()));
+}
+
+// What looked like a reference or a type may start the next statement: "#1=A(2,\n#3=B();", "#1=A(2,\nENDSEC;".
+std::size_t Parser::FaultOffset() const {
+  if (record_.tokens.empty()) return token_.Offset();
+  const Token last = record_.tokens.back();
+  const bool mayStart = last.Is(TokenKind::kReference) || last.Is(TokenKind::kKeyword);
+  return mayStart ? last.Offset() : token_.Offset();
+}
+
+// A file can be made so that each of its lines wants a return from the end of the file. What is read again stays below
+// twice what is read, and a little for the start.
+bool Parser::MayGoBack(std::size_t to) {
+  constexpr std::size_t kFree = 1 << 20;
+  const std::size_t from = scanner_.Offset();
+  if (to > from || readAgain_ + (from - to) > 2 * from + kFree) return to > from;
+  readAgain_ += from - to;
+  return true;
 }
 
 // "#12" "=" instance ";"

@@ -50,6 +50,8 @@ class Parser {
   bool Take(TokenKind kind);
   bool Expected(std::string_view what);
   void Recover();
+  bool MayGoBack(std::size_t to);
+  std::size_t FaultOffset() const;
 
   Token Begin();
   bool IsWord(Token token, std::string_view word) const;
@@ -63,6 +65,7 @@ class Parser {
   std::vector<Bracket> brackets_;  // those that are open
   Token token_;                    // the last one
   std::size_t nextProgress_ = 0;
+  std::size_t readAgain_ = 0;  // bytes
   bool sawHeader_ = false;
   bool sawData_ = false;
   bool sawEnd_ = false;

@@ -40,15 +40,19 @@ class CombinationCheck {
 
   // All parts hang together through supertypes.
   void CheckConnection() {
-    EntitySet reached = entities_.WithSupertypes(type_.parts.front().entity);
-    for (bool grows = true; grows;) {
-      grows = false;
-      for (const InstanceType::Part& part : type_.parts) {
-        const EntitySet& closure = entities_.WithSupertypes(part.entity);
-        if (reached.Has(part.entity) || !reached.Meets(closure)) continue;
-        reached.Add(closure);
-        grows = true;
-      }
+    EntitySet reached(entities_.Count());
+    std::vector<const express::Entity*> open;
+    const auto reach = [&](const express::Entity* entity) {
+      if (!Has(entity) || reached.Has(entities_.NumberOf(*entity))) return;
+      reached.Add(entities_.NumberOf(*entity));
+      open.push_back(entity);
+    };
+    reach(&entities_.At(type_.parts.front().entity));
+    while (!open.empty()) {
+      const express::Entity* const entity = open.back();
+      open.pop_back();
+      for (const auto& supertype : entity->supertypes) reach(supertype.target);
+      for (const express::Entity* subtype : entity->subtypes) reach(subtype);
     }
     for (const InstanceType::Part& part : type_.parts) {
       if (reached.Has(part.entity)) continue;

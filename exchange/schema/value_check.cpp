@@ -4,7 +4,7 @@ namespace exchange {
 
 namespace {
 
-constexpr std::size_t kMostDepth = 500;
+constexpr std::size_t kMostDepth = 500;  // deeper values are not looked at, so that the stack stays small
 
 std::string Found(TokenKind kind) { return "found " + std::string(KindName(kind)); }
 
@@ -24,7 +24,6 @@ bool IsNameOfValue(TokenKind kind) {
 
 void ValueCheck::Check(const Record& record, std::size_t i, const std::vector<ValueSlot>& slots) {
   record_ = &record;
-  slot_ = nullptr;
   keyword_ = SpellingAt(i);
   const std::size_t count = CountValues(i + 1);
   if (count != slots.size()) {
@@ -34,37 +33,31 @@ void ValueCheck::Check(const Record& record, std::size_t i, const std::vector<Va
     });
   }
   i += 2;
-  for (const ValueSlot& slot : slots) {
-    CheckSlot(slot, i);
-    i = AfterValue(record.tokens, i);
-  }
+  for (const ValueSlot& slot : slots) i = CheckSlot(slot, i);
 }
 
-void ValueCheck::CheckSlot(const ValueSlot& slot, std::size_t i) {
+std::size_t ValueCheck::CheckSlot(const ValueSlot& slot, std::size_t i) {
   slot_ = &slot;
   const TokenKind kind = KindAt(i);
   if (slot.derived) {
-    if (kind != TokenKind::kDerived) Expected(Code::kDerivedValue, i, "'*' for the derived", Found(kind));
-  } else if (kind == TokenKind::kDerived) {
-    Expected(Code::kNotDerived, i, slot.rule->name + " for", "found '*', which is for derived attributes");
-  } else if (kind != TokenKind::kOmitted) {
-    CheckValue(*slot.rule, i);
-  } else if (!slot.optional) {
-    Expected(Code::kMissingValue, i, slot.rule->name + " for", "found '$', which is for optional attributes");
+    if (kind == TokenKind::kDerived) return i + 1;
+    return Expected(Code::kDerivedValue, i, "'*' for the derived", Found(kind));
   }
+  if (kind == TokenKind::kDerived) {
+    return Expected(Code::kNotDerived, i, slot.rule->name + " for", "found '*', which is for derived attributes");
+  }
+  if (kind != TokenKind::kOmitted) return CheckValue(*slot.rule, i);
+  if (slot.optional) return i + 1;
+  return Expected(Code::kMissingValue, i, slot.rule->name + " for", "found '$', which is for optional attributes");
 }
 
-void ValueCheck::CheckValue(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckValue(const Rule& rule, std::size_t i) {
   const TokenKind kind = KindAt(i);
-  if (IsNameOfValue(kind)) return;
-  const auto wants = [&](TokenKind wanted) {
-    if (kind != wanted) WrongKind(rule, i);
-  };
+  if (IsNameOfValue(kind)) return i + 1;
+  const auto wants = [&](TokenKind wanted) { return kind == wanted ? i + 1 : WrongKind(rule, i); };
   switch (rule.kind) {
-    case Rule::Kind::kAny:
-      return;
     case Rule::Kind::kNumber:
-      return kind == TokenKind::kInteger ? void() : wants(TokenKind::kReal);
+      return kind == TokenKind::kInteger ? i + 1 : wants(TokenKind::kReal);
     case Rule::Kind::kReal:
       return CheckReal(rule, i);
     case Rule::Kind::kInteger:
@@ -83,101 +76,104 @@ void ValueCheck::CheckValue(const Rule& rule, std::size_t i) {
       return CheckSelect(rule, i);
     case Rule::Kind::kAggregate:
       return CheckAggregate(rule, i);
+    case Rule::Kind::kAny:
+      break;
   }
+  return After(i);
 }
 
-void ValueCheck::CheckReal(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckReal(const Rule& rule, std::size_t i) {
   const TokenKind kind = KindAt(i);
-  if (kind == TokenKind::kReal) return;
+  if (kind == TokenKind::kReal) return i + 1;
   if (kind != TokenKind::kInteger) return WrongKind(rule, i);
-  Expected(Code::kIntegerForReal, i, rule.name + " for", "found an integer, which has no point");
+  return Expected(Code::kIntegerForReal, i, rule.name + " for", "found an integer, which has no point");
 }
 
-void ValueCheck::CheckEnumerator(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckEnumerator(const Rule& rule, std::size_t i) {
   if (KindAt(i) != TokenKind::kEnumerator) return WrongKind(rule, i);
   const std::string_view spelled = SpellingAt(i);
   const std::string_view item = spelled.substr(1, spelled.size() - 2);
   if (rule.kind != Rule::Kind::kEnumeration) {
     const bool fits = item == "T" || item == "F" || (item == "U" && rule.kind == Rule::Kind::kLogical);
-    if (fits) return;
+    if (fits) return i + 1;
   } else if (rule.items.find(item) != rule.items.end() || rule.items.find(Capitals(item)) != rule.items.end()) {
-    return;
+    return i + 1;
   }
-  Expected(Code::kUnknownEnumerator, i, rule.name + " for", "which has no " + std::string(spelled));
+  return Expected(Code::kUnknownEnumerator, i, rule.name + " for", "which has no " + std::string(spelled));
 }
 
 // A name without a record is reported as dangling.
-void ValueCheck::CheckReference(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckReference(const Rule& rule, std::size_t i) {
   if (KindAt(i) != TokenKind::kReference) return WrongKind(rule, i);
   const std::uint16_t type = names_.TypeOf(InstanceName(record_->bytes, record_->tokens[i]));
-  if (type == kUnknownType || types_.EntitiesOf(type).Has(rule.entity)) return;
-  Expected(Code::kWrongReference, i, rule.name + " for", "found a reference to " + types_.NameOf(type));
+  if (type == kUnknownType || types_.EntitiesOf(type).Has(rule.entity)) return i + 1;
+  return Expected(Code::kWrongReference, i, rule.name + " for", "found a reference to " + types_.NameOf(type));
 }
 
-bool ValueCheck::FitsSelect(const Rule& rule, std::uint16_t type) const {
-  return type == kUnknownType || rule.entities.Meets(types_.EntitiesOf(type));
-}
-
-void ValueCheck::CheckSelect(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckSelect(const Rule& rule, std::size_t i) {
   const TokenKind kind = KindAt(i);
   if (kind == TokenKind::kKeyword || kind == TokenKind::kUserKeyword) return CheckTyped(rule, i);
   if (kind != TokenKind::kReference) {
     return Expected(Code::kWrongSelect, i, "a reference or a typed value of " + rule.name + " for", Found(kind));
   }
   const std::uint16_t type = names_.TypeOf(InstanceName(record_->bytes, record_->tokens[i]));
-  if (FitsSelect(rule, type)) return;
-  Expected(Code::kWrongReference, i, rule.name + " for", "found a reference to " + types_.NameOf(type));
+  if (type == kUnknownType || rule.entities.Meets(types_.EntitiesOf(type))) return i + 1;
+  return Expected(Code::kWrongReference, i, rule.name + " for", "found a reference to " + types_.NameOf(type));
 }
 
 // keyword ( value )
-void ValueCheck::CheckTyped(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckTyped(const Rule& rule, std::size_t i) {
   const std::string_view keyword = SpellingAt(i);
   auto member = rule.members.find(keyword);
   if (member == rule.members.end()) member = rule.members.find(Capitals(keyword));
   if (member == rule.members.end()) {
     return Expected(Code::kWrongSelect, i, rule.name + " for", "which has no " + std::string(keyword));
   }
-  const Rule& inner = *member->second;
-  const TokenKind kind = KindAt(i + 2);
-  if (kind == TokenKind::kOmitted || kind == TokenKind::kDerived) return WrongKind(inner, i + 2);
-  if (++depth_ < kMostDepth) CheckValue(inner, i + 2);
+  ++depth_;
+  const std::size_t close = CheckElement(*member->second, i + 2);
   --depth_;
+  return close + 1;
+}
+
+// A value within another one.
+std::size_t ValueCheck::CheckElement(const Rule& rule, std::size_t i) {
+  const TokenKind kind = KindAt(i);
+  if (kind == TokenKind::kOmitted || kind == TokenKind::kDerived) return WrongKind(rule, i);
+  return depth_ < kMostDepth ? CheckValue(rule, i) : After(i);
 }
 
 // The number of values between the brackets that start at tokens[i].
 std::size_t ValueCheck::CountValues(std::size_t i) const {
   std::size_t count = 0;
-  for (++i; KindAt(i) != TokenKind::kClose; i = AfterValue(record_->tokens, i)) ++count;
+  for (++i; KindAt(i) != TokenKind::kClose; i = After(i)) ++count;
   return count;
 }
 
-void ValueCheck::CheckAggregate(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::CheckAggregate(const Rule& rule, std::size_t i) {
   if (KindAt(i) != TokenKind::kOpen) return WrongKind(rule, i);
   const std::size_t open = i++;
   std::int64_t count = 0;
-  for (++depth_; KindAt(i) != TokenKind::kClose; i = AfterValue(record_->tokens, i)) {
-    ++count;
-    const TokenKind kind = KindAt(i);
-    if (kind == TokenKind::kOmitted || kind == TokenKind::kDerived) {
-      if (kind == TokenKind::kDerived || !rule.gaps) WrongKind(*rule.element, i);
-    } else if (depth_ < kMostDepth) {
-      CheckValue(*rule.element, i);
-    }
+  for (++depth_; KindAt(i) != TokenKind::kClose; ++count) {
+    const bool gap = rule.gaps && KindAt(i) == TokenKind::kOmitted;
+    i = gap ? i + 1 : CheckElement(*rule.element, i);
   }
   --depth_;
-  if (count >= rule.least && count <= rule.most) return;
-  Expected(Code::kAggregateSize, open, Sizes(rule) + (rule.most == 1 ? " value in" : " values in"),
-           "found " + std::to_string(count));
+  if (count < rule.least || count > rule.most) {
+    Expected(Code::kAggregateSize, open, Sizes(rule) + (rule.most == 1 ? " value in" : " values in"),
+             "found " + std::to_string(count));
+  }
+  return i + 1;
 }
 
-void ValueCheck::WrongKind(const Rule& rule, std::size_t i) {
+std::size_t ValueCheck::WrongKind(const Rule& rule, std::size_t i) {
   const bool entity = rule.kind == Rule::Kind::kEntity;
-  Expected(Code::kWrongKind, i, (entity ? "a reference to " : "") + rule.name + " for", Found(KindAt(i)));
+  return Expected(Code::kWrongKind, i, (entity ? "a reference to " : "") + rule.name + " for", Found(KindAt(i)));
 }
 
 // "expected WHAT ENTITY.attribute, FOUND"
-void ValueCheck::Expected(Code code, std::size_t i, const std::string& what, const std::string& found) {
+std::size_t ValueCheck::Expected(Code code, std::size_t i, const std::string& what, const std::string& found) {
   reports_.Add(code, record_->tokens[i].Offset(), [&] { return "expected " + what + " " + Where() + ", " + found; });
+  return code == Code::kAggregateSize ? i : After(i);
 }
 
 std::string ValueCheck::Where() const { return Capitals(keyword_) + "." + slot_->name; }

@@ -22,22 +22,25 @@ class ValueCheck {
   void Check(const Record& record, std::size_t i, const std::vector<ValueSlot>& slots);
 
  private:
-  void CheckSlot(const ValueSlot& slot, std::size_t i);
-  // Each of these gets the index of the value's first token.
-  void CheckValue(const Rule& rule, std::size_t i);
-  void CheckSelect(const Rule& rule, std::size_t i);
-  void CheckTyped(const Rule& rule, std::size_t i);
-  void CheckAggregate(const Rule& rule, std::size_t i);
-  void CheckReference(const Rule& rule, std::size_t i);
-  void CheckEnumerator(const Rule& rule, std::size_t i);
-  void CheckReal(const Rule& rule, std::size_t i);
+  // Each of these gets the index of the value's first token and returns that after its last one, so that nested values
+  // are walked once.
+  std::size_t CheckSlot(const ValueSlot& slot, std::size_t i);
+  std::size_t CheckValue(const Rule& rule, std::size_t i);
+  std::size_t CheckSelect(const Rule& rule, std::size_t i);
+  std::size_t CheckTyped(const Rule& rule, std::size_t i);
+  std::size_t CheckAggregate(const Rule& rule, std::size_t i);
+  std::size_t CheckElement(const Rule& rule, std::size_t i);
+  std::size_t CheckReference(const Rule& rule, std::size_t i);
+  std::size_t CheckEnumerator(const Rule& rule, std::size_t i);
+  std::size_t CheckReal(const Rule& rule, std::size_t i);
   bool FitsSelect(const Rule& rule, std::uint16_t type) const;
 
   TokenKind KindAt(std::size_t i) const { return record_->tokens[i].Kind(); }
   std::string_view SpellingAt(std::size_t i) const { return Spelling(record_->bytes, record_->tokens[i]); }
   std::size_t CountValues(std::size_t i) const;
-  void WrongKind(const Rule& rule, std::size_t i);
-  void Expected(Code code, std::size_t i, const std::string& what, const std::string& found);
+  std::size_t After(std::size_t i) const { return AfterValue(record_->tokens, i); }
+  std::size_t WrongKind(const Rule& rule, std::size_t i);
+  std::size_t Expected(Code code, std::size_t i, const std::string& what, const std::string& found);
   std::string Where() const;
 
   const Entities& entities_;

@@ -44,6 +44,7 @@ TEST(Grammar, AFaultCostsItsRecord) {
       {"#1=A(1;#2=B();", "3:7 syntax: expected ',' or ')', found ';'\n1/2\n"},
       {"#1=A(1));#2=B();", "3:8 syntax: expected ';', found ')'\n1/2\n"},
       {"#1=A(1\n#2=B();", "4:1 syntax: expected ',' or ')', found a reference\n1/2\n"},
+      {"#1=A(1,\n#2=B();", "4:3 syntax: expected ',' or ')', found '='\n1/2\n"},
       {"#1 A();#2=B();", "3:4 syntax: expected '=', found a keyword\n1/2\n"},
       {"#1=1;#2=B();", "3:4 syntax: expected a keyword or '(', found an integer\n1/2\n"},
       {"#1=A;#2=B();", "3:5 syntax: expected '(', found ';'\n1/2\n"},

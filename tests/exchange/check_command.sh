@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# check_command.sh COMMAND SOURCE FOLDER - the subcommands `stat` and `check` as a person uses them: exit status and
+# output. What docs/command.md shows is run here, and must be what comes out.
+set -euo pipefail
+command=$1 source=$2 folder=$3
+rm -rf "$folder"
+mkdir -p "$folder"
+cp "$source"/tests/exchange/command/*.stp "$source/examples/compiled/plant.exp" "$folder"
+cd "$folder"
+steprt() { "$command" "$@"; }
+
+# expect STATUS PATTERN ARGUMENT... - runs the command; its output must match the pattern.
+expect() {
+  local status=0 output
+  output=$(steprt "${@:3}" 2>&1) || status=$?
+  if [ "$status" = "$1" ] && grep -q -- "$2" <<<"$output"; then return; fi
+  printf 'steprt %s: status %s instead of %s, output:\n%s\n' "${*:3}" "$status" "$1" "$output" >&2
+  exit 1
+}
+
+# The lines that start with "$ " in the blocks of the page, with their output.
+shown=$folder/shown made=$folder/made
+# shellcheck disable=SC2016
+sed -n '/^```console$/,/^```$/p' "$source/docs/command.md" | grep -v '^```' >"$shown"
+while IFS= read -r line; do
+  printf '$ %s\n' "$line"
+  eval "$line" || true
+done < <(sed -n 's/^\$ //p' "$shown") >"$made"
+diff -u "$shown" "$made"
+[ "$(grep -c '^\$ steprt' "$shown")" -ge 5 ]
+
+expect 0 'Usage: steprt stat' stat --help
+expect 0 '--schema FILE.exp' check --help
+expect 2 'FILE is required' stat
+expect 2 'FILE is required' check
+expect 2 'most' check plant.stp --most -1
+expect 0 '^records 5$' stat plant.stp
+expect 1 '^  doubled       1$' stat faults.stp
+expect 2 "^steprt: error: cannot read 'nothing.stp': No such file" stat nothing.stp plant.stp
+expect 2 '^records 5$' stat nothing.stp plant.stp
+expect 2 'cannot read' check .
+expect 0 '^records 5, read 5, errors 0, warnings 0$' check plant.stp
+expect 0 '^plant.stp: records 5, read 5, errors 0' check plant.stp plant.stp
+expect 1 '^records 14, read 13, errors 3, warnings 0$' check plant.stp faults.stp
+expect 2 "cannot read 'nothing.exp'" check plant.stp --schema nothing.exp
+printf 'SCHEMA s; ENTITY e; END_SCHEMA;' >broken.exp
+expect 2 'broken.exp:1:.*: error: ' check plant.stp --schema broken.exp
+printf '' >empty.exp
+expect 2 'error' check plant.stp --schema empty.exp
+printf 'SCHEMA other; ENTITY line; END_ENTITY; END_SCHEMA;' >other.exp
+expect 1 'warning: expected the schema OTHER, found PLANT \[schema-differs\]' check plant.stp --schema other.exp
+expect 0 'errors 0, warnings 0' check plant.stp --schema other.exp --schema plant.exp
+expect 0 'errors 0, warnings 0' check --schema other.exp plant.stp --schema plant.exp
+expect 1 '"doubled": 1' stat faults.stp --json
+expect 2 '"files": \[\]' check nothing.stp --json
+printf 'ISO-10303-21;HEADER;\x1b[31m' >control.stp
+expect 1 'control.stp:1:22: error' check control.stp
+if steprt check control.stp | grep -q $'\x1b'; then exit 1; fi # neither colours nor what the file holds
+steprt stat - <plant.stp >/dev/null 2>&1 && exit 1             # "-" is a name like any other
+steprt check <(cat plant.stp) | grep -q '^records 5, read 5, errors 0, warnings 0$'
+
+# A file of exactly one page and one of none have an end, too.
+head -c 4096 /dev/zero | tr '\0' ' ' >page.stp
+expect 1 'records 0, read 0, errors 4, warnings 0' check page.stp
+: >none.stp
+expect 1 'records 0, read 0, errors 4, warnings 0' check none.stp
+
+# The completion offers what the help lists.
+# shellcheck source=/dev/null
+source "$source/tools/steprt/completion.bash"
+offers() {
+  COMP_WORDS=(steprt "$@" --)
+  COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+  _steprt
+  printf '%s\n' "${COMPREPLY[@]}" | sort
+}
+for subcommand in stat check compile; do
+  diff <(offers "$subcommand") <(steprt "$subcommand" --help | grep -oE '^ *(-h,)?--[a-z-]+' | grep -oE -- '--[a-z-]+' | sort)
+  for option in $(offers "$subcommand"); do # and so does the manual page
+    grep -q -- "${option//-/\\\\-}" "$source/tools/steprt/steprt.1" || { echo "steprt.1 lacks $option" >&2 && exit 1; }
+  done
+done
