@@ -11,7 +11,7 @@ std::string Found(TokenKind kind) { return "found " + std::string(KindName(kind)
 std::string Sizes(const Rule& rule) {
   const std::string least = std::to_string(rule.least);
   if (rule.most == Rule::kNoLimit) return "at least " + least;
-  if (rule.most == rule.least) return least;
+  if (rule.most == rule.least) return std::to_string(rule.most);
   return least + " to " + std::to_string(rule.most);
 }
 
