@@ -28,6 +28,7 @@ PUBLIC = {
     "items.h": "read/transfer",  # its two halves are in read and write
     "standard.h": "model",  # complex instances; the driver and the options are in read
     "file_header.h": "model",
+    "standard_write.h": "write",
     "read.h": "read",
     "write.h": "write",
     "step.h": TOP,

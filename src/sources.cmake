@@ -12,6 +12,7 @@ set(STEPRT_SOURCES
     platform/posix/message_box.cpp
     platform/posix/modules.cpp
     platform/posix/output_file.cpp
+    platform/posix/replacement.cpp
     schema/chain.cpp
     schema/expand.cpp
     schema/index.cpp
@@ -67,6 +68,13 @@ set(STEPRT_SOURCES
     write/scalars.cpp
     write/references.cpp
     write/lists.cpp
+    write/record_names.cpp
+    write/wide_text.cpp
+    write/wide_values.cpp
+    write/wide_document.cpp
+    write/wide_records.cpp
+    write/standard_header.cpp
+    write/standard_writer.cpp
     xml/error_handler.cpp
     xml/parser.cpp
     xml/xml_reader.cpp

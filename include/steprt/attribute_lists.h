@@ -173,7 +173,7 @@ class List : public detail::Presence {
     rSTEPclose(t);
   }
   void Write(STEPtransfer* t, const char* name) const {
-    if (WriteMark(t, name) || detail::WriteElementList(*this, t, name)) return;
+    if (WriteMark(t, name) || (!wSTEPisstandard(t) && detail::WriteElementList(*this, t, name))) return;
     wSTEPopen(t, name, nullptr);
     for (const Node* node = first_; node; node = node->next) node->value.Write(t, nullptr);
     wSTEPclose(t);

@@ -13,9 +13,10 @@
 /// enumeration does not have: that is reported, and the value is passed over. Attributes cannot be copied or moved: a
 /// transfer stores references into them at its end.
 ///
-/// The limits of a file's form hold: a real has six significant digits, a text 256 characters, an integer 32 bits. The
-/// XML form does not tell a text that is `$` or `*` from a value that is not there. When memory runs out for what an
-/// attribute makes, that is std::bad_alloc; what the library makes is reported and lost, as read.h says.
+/// An integer has 32 bits. In the library's own form a real has six significant digits and a text 256 characters, and
+/// XML does not tell a text that is `$` or `*` from a value that is not there; standard files have no such limits. When
+/// memory runs out for what an attribute makes, that is std::bad_alloc; what the library makes is reported and lost, as
+/// read.h says.
 ///
 /// One thread at a time uses the library.
 #ifndef STEPRT_ATTRIBUTES_H
@@ -26,6 +27,7 @@
 #include <steprt/instance.h>
 #include <steprt/items.h>
 #include <steprt/read.h>
+#include <steprt/standard_write.h>
 #include <steprt/write.h>
 
 #include <charconv>

@@ -19,8 +19,10 @@
 #include <steprt/references.h>
 #include <steprt/value.h>
 
+#include <climits>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 namespace steprt {
 
@@ -105,6 +107,71 @@ class Description {
   virtual void Visit(const char* name, void* value, const AttributeType& type) = 0;
 };
 
+namespace detail {
+
+class Reader final : public Description {
+ public:
+  explicit Reader(STEPtransfer* t) : t_(t) {}
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override { type.read(value, t_, name); }
+  STEPtransfer* const t_;
+};
+
+class Writer final : public Description {
+ public:
+  explicit Writer(STEPtransfer* t) : t_(t) {}
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override { type.write(value, t_, name); }
+  STEPtransfer* const t_;
+};
+
+class Printer final : public Description {
+ public:
+  explicit Printer(std::string& out) : out_(out) {}
+
+ private:
+  void Visit(const char* /*name*/, void* value, const AttributeType& type) override {
+    if (out_.back() != '(') out_ += ',';
+    type.print(value, out_);
+  }
+  std::string& out_;
+};
+
+/// The attributes of one instance, in their order.
+class Collector final : public Description {
+ public:
+  struct Item {
+    void* value;
+    const AttributeType* type;
+  };
+  std::vector<Item> items;
+
+ private:
+  void Visit(const char* /*name*/, void* value, const AttributeType& type) override { items.push_back({value, &type}); }
+};
+
+// Reads or writes attributes, but passes over the first ones.
+class OwnTransfer final : public Description {
+ public:
+  OwnTransfer(STEPtransfer* t, bool isWrite) : t_(t), isWrite_(isWrite) {}
+  void Skip(int count) { skipped_ = count; }
+  int Count() const { return count_; }
+
+ private:
+  void Visit(const char* name, void* value, const AttributeType& type) override {
+    if (++count_ <= skipped_) return;
+    if (isWrite_) return type.write(value, t_, name);
+    type.read(value, t_, name);
+  }
+  STEPtransfer* const t_;
+  const bool isWrite_;
+  int skipped_ = INT_MAX;
+  int count_ = 0;
+};
+
+}  // namespace detail
 }  // namespace steprt
 
 #endif

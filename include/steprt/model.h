@@ -131,6 +131,18 @@ class STEPRT_API STEPmodel {
   /// Null bytes are an empty file.
   int ReadStandardFromMemory(const char* bytes, std::size_t size, const STEPreadOptions* options = nullptr);
 
+  /// Writes the instances as a file of ISO 10303-21 as it is published. Returns the number of records, or -1. See
+  /// standard_write.h, and STEPwriteStandard there for the result and the header. Model, lock and name are as in Write.
+  /// @param fileName  the file's name; null for the name of the model
+  /// @param header    null: the fields that the library can fill
+  /// @param options   null: a new STEPwriteOptions
+  int WriteStandard(const char* fileName, const STEPfileHeader* header = nullptr,
+                    const STEPwriteOptions* options = nullptr);
+
+  /// Writes the same content as an XML document, which ReadStandard reads without a loss.
+  int WriteStandardXml(const char* fileName, const STEPfileHeader* header = nullptr,
+                       const STEPwriteOptions* options = nullptr);
+
   /// Takes one from the error budget of the running transfer. Returns 1 if one was left, otherwise 0. It lets an error
   /// procedure show only the first few reports; the library always delivers all of them.
   int ErrShow();

@@ -31,13 +31,12 @@
 #include <steprt/model.h>
 #include <steprt/references.h>
 #include <steprt/schema.h>
+#include <steprt/standard_write.h>
 #include <steprt/value.h>
 
-#include <climits>
 #include <cstdio>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 namespace steprt {
 
@@ -95,77 +94,19 @@ class AbstractEntity : public Entity<Self, kNumber, Base> {
 
 namespace detail {
 
-class Reader final : public Description {
- public:
-  explicit Reader(STEPtransfer* t) : t_(t) {}
+using Describer = void (*)(Record*, Description&);
 
- private:
-  void Visit(const char* name, void* value, const AttributeType& type) override { type.read(value, t_, name); }
-  STEPtransfer* const t_;
-};
-
-class Writer final : public Description {
- public:
-  explicit Writer(STEPtransfer* t) : t_(t) {}
-
- private:
-  void Visit(const char* name, void* value, const AttributeType& type) override { type.write(value, t_, name); }
-  STEPtransfer* const t_;
-};
-
-class Printer final : public Description {
- public:
-  explicit Printer(std::string& out) : out_(out) {}
-
- private:
-  void Visit(const char* /*name*/, void* value, const AttributeType& type) override {
-    if (out_.back() != '(') out_ += ',';
-    type.print(value, out_);
-  }
-  std::string& out_;
-};
-
-/// The attributes of one instance, in their order.
-class Collector final : public Description {
- public:
-  struct Item {
-    void* value;
-    const AttributeType* type;
-  };
-  std::vector<Item> items;
-
- private:
-  void Visit(const char* /*name*/, void* value, const AttributeType& type) override { items.push_back({value, &type}); }
-};
-
-// Passes over the first attributes.
-class OwnReader final : public Description {
- public:
-  explicit OwnReader(STEPtransfer* t) : t_(t) {}
-  void Skip(int count) { skipped_ = count; }
-  int Count() const { return count_; }
-
- private:
-  void Visit(const char* name, void* value, const AttributeType& type) override {
-    if (++count_ > skipped_) type.read(value, t_, name);
-  }
-  STEPtransfer* const t_;
-  int skipped_ = INT_MAX;
-  int count_ = 0;
-};
-
-// Reads what the record's own class declares: what comes after the attributes of its base and `further` ones.
-inline STEPheader* ReadPart(STEPtransfer* t, Record* record, void (*describeBase)(Record*, Description&), int further) {
-  OwnReader base(t);
+// Reads or writes what the record's own class declares: what comes after the attributes of its base and `further` ones.
+inline void TransferPart(STEPtransfer* t, Record* record, Describer describeBase, int further, bool isWrite) {
+  OwnTransfer base(t, isWrite);
   if (describeBase) describeBase(record, base);
-  OwnReader own(t);
+  OwnTransfer own(t, isWrite);
   own.Skip(base.Count() + further);
   record->Describe(own);
-  return record;
 }
 
 template <class T>
-constexpr auto BaseDescriber() -> void (*)(Record*, Description&) {
+constexpr Describer BaseDescriber() {
   if constexpr (std::is_same_v<typename T::Super, Record>) {
     return nullptr;
   } else {
@@ -176,15 +117,25 @@ constexpr auto BaseDescriber() -> void (*)(Record*, Description&) {
 template <class T>
 STEPheader* ReadRecord(STEPtransfer* t) {
   auto* record = new T;
-  if (rSTEPispart(t)) return ReadPart(t, record, BaseDescriber<T>(), T::kFurtherAttributes);
+  if (rSTEPispart(t)) {
+    TransferPart(t, record, BaseDescriber<T>(), T::kFurtherAttributes, false);
+    return record;
+  }
   Reader reader(t);
   record->T::Describe(reader);
   return record;
 }
 
-inline void WriteRecord(STEPtransfer* t, STEPheader* object) {
+inline void WriteRecordAs(STEPtransfer* t, STEPheader* object, Describer describeBase, int further) {
+  auto* record = static_cast<Record*>(object);
+  if (wSTEPispart(t)) return TransferPart(t, record, describeBase, further, true);
   Writer writer(t);
-  static_cast<Record*>(object)->Describe(writer);
+  record->Describe(writer);
+}
+
+template <class T>
+void WriteRecord(STEPtransfer* t, STEPheader* object) {
+  WriteRecordAs(t, object, BaseDescriber<T>(), T::kFurtherAttributes);
 }
 
 // Null is no text.
@@ -203,7 +154,7 @@ constexpr APPentity RowOf() {
   if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
     return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
   } else {
-    return {T::kKeyword, ReadRecord<T>, WriteRecord, T::kType, T::Super::kKeyword};
+    return {T::kKeyword, ReadRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
   }
 }
 
@@ -290,6 +241,8 @@ class Model : public STEPmodel {
   using STEPmodel::Read;
   using STEPmodel::ReadStandard;
   using STEPmodel::Write;
+  using STEPmodel::WriteStandard;
+  using STEPmodel::WriteStandardXml;
   using STEPmodel::WriteXml;
   /// STEPmodel::Read of any text. `check`: read the data only if the file names this schema.
   int Read(const std::string& path, bool check = false) {
@@ -302,6 +255,16 @@ class Model : public STEPmodel {
   /// STEPmodel::Write of any text.
   int Write(const std::string& path, const char* remark = "") {
     return STEPmodel::Write(const_cast<char*>(path.c_str()), remark);
+  }
+  /// STEPmodel::WriteStandard of any text.
+  int WriteStandard(const std::string& path, const STEPfileHeader* header = nullptr,
+                    const STEPwriteOptions* options = nullptr) {
+    return STEPmodel::WriteStandard(path.c_str(), header, options);
+  }
+  /// STEPmodel::WriteStandardXml of any text.
+  int WriteStandardXml(const std::string& path, const STEPfileHeader* header = nullptr,
+                       const STEPwriteOptions* options = nullptr) {
+    return STEPmodel::WriteStandardXml(path.c_str(), header, options);
   }
   /// STEPmodel::WriteXml of any text.
   int WriteXml(const std::string& path, const char* remark = "") {

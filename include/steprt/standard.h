@@ -54,8 +54,8 @@ struct STEPreadOptions {
 /// just that type, or else the first part of a subtype. Model::All finds every part that is of the class, so it may
 /// find several of one complex instance.
 ///
-/// Write and WriteXml report a complex instance ("Unknown STEP object") and leave it out. As for every instance without
-/// a row, a reference to it names a record that the file does not have.
+/// WriteStandard writes a complex instance. Write and WriteXml report it ("Unknown STEP object") and leave it out. As
+/// for every instance without a row, a reference to it names a record that the file does not have.
 ///
 /// A part whose keyword has no row, or a row without a read function, is reported ("Unknown entity %s"). It is kept as
 /// a plain STEPheader of type -1 with its keyword, of at most 63 characters, as the id; its values are passed over.

@@ -17,6 +17,7 @@
 #include <steprt/schema.h>
 #include <steprt/select.h>
 #include <steprt/standard.h>
+#include <steprt/standard_write.h>
 #include <steprt/text.h>
 #include <steprt/version.h>
 #include <steprt/write.h>

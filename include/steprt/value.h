@@ -212,6 +212,7 @@ class Value {
         std::string_view::npos) {
       return wSTEPreal(t, name, as_.real);
     }
+    if (wSTEPisstandard(t)) return wSTEPreal(t, name, as_.real);  // which has the point itself
     printed.ptr[0] = '.';
     printed.ptr[1] = '\0';
     wSTEPtoken(t, name, text);

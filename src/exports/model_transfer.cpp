@@ -4,7 +4,9 @@
 #include "steprt/model.h"
 #include "steprt/read.h"
 #include "steprt/standard.h"
+#include "steprt/standard_write.h"
 #include "steprt/write.h"
+#include "write/standard_writer.h"
 #include "xml/xml_reader.h"
 #include "xml/xml_writer.h"
 
@@ -68,4 +70,14 @@ int STEPmodel::Write(char* fileName, const char* remark) {
 int STEPmodel::WriteXml(char* fileName, const char* remark) {
   const TransferScope transfer(this);
   return steprt::STEPwriteXml(fileName ? fileName : name, remark ? remark : "", first, schema);
+}
+
+int STEPmodel::WriteStandard(const char* fileName, const STEPfileHeader* header, const STEPwriteOptions* options) {
+  const TransferScope transfer(this);
+  return STEPwriteStandard(fileName ? fileName : name, header, first, schema, options);
+}
+
+int STEPmodel::WriteStandardXml(const char* fileName, const STEPfileHeader* header, const STEPwriteOptions* options) {
+  const TransferScope transfer(this);
+  return steprt::WriteStandardFile(fileName ? fileName : name, header, first, schema, options, true);
 }

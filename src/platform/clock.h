@@ -10,6 +10,8 @@ struct DateAndTime {
   int year;
   int hour;
   int minute;
+  int second;  // 0 to 60
+  int offset;  // minutes ahead of UTC
 };
 
 DateAndTime LocalNow();

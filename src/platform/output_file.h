@@ -16,6 +16,8 @@
 
 namespace steprt {
 
+struct Replacement;
+
 class OutputFile {
  public:
   enum class Sharing { kAll, kDenyWrite };
@@ -24,6 +26,15 @@ class OutputFile {
   // out. An advisory lock is taken before the file is emptied and held until it is closed: writers with kAll share it,
   // one with kDenyWrite has it alone, and a writer that cannot have it gets null. Release the file with delete.
   [[nodiscard]] static OutputFile* CreateOrNull(const char* name, Sharing sharing);
+
+  // Creates a file that takes the place of that name only in Commit, and is removed if there is none. Until then it is
+  // beside that file under a name of its own. A symbolic link stays one. What is no regular file, such as a device, is
+  // written directly. Locks and failures are those of CreateOrNull with kDenyWrite.
+  [[nodiscard]] static OutputFile* CreateReplacementOrNull(const char* name);
+
+  // Ends a file of CreateReplacementOrNull. Returns false if a write has failed; the file of that name is then as it
+  // was.
+  [[nodiscard]] bool Commit();
 
   // Writes what the block holds and closes the file.
   ~OutputFile();
@@ -80,6 +91,7 @@ class OutputFile {
   bool CutTo(std::int64_t size);
 
   int handle_ = -1;
+  Replacement* replacement_ = nullptr;  // owned
   bool failed_ = false;
   bool isCut_ = false;
   std::int64_t written_ = 0;

@@ -99,4 +99,19 @@ char* RealToText(char* buffer, double value) {
   return std::to_chars(start, start + kRealBuffer, value, std::chars_format::general, 6).ptr;
 }
 
+char* ExactRealToText(char* buffer, double value) {
+  const double magnitude = std::fabs(value);
+  const bool isPlain = magnitude == 0 || (magnitude >= 1e-4 && magnitude < 1e15);
+  char text[kExactRealBuffer];
+  const auto format = isPlain ? std::chars_format::fixed : std::chars_format::scientific;
+  const char* const start = text;
+  const char* const end = std::to_chars(text, text + sizeof text, value, format).ptr;
+  const char* const exponent = std::find(start, end, 'e');
+  char* out = std::copy(start, exponent, buffer);
+  if (std::find(buffer, out, '.') == out) *out++ = '.';
+  if (exponent == end) return out;
+  *out++ = 'E';
+  return std::copy(exponent + 1, end, out);
+}
+
 }  // namespace steprt

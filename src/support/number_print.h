@@ -14,6 +14,11 @@ inline constexpr std::size_t kRealBuffer = 32;  // what to_chars with six digits
 char* IntToText(char* buffer, int value);
 char* RealToText(char* buffer, double value);
 
+// Prints a finite real as ISO 10303-21 has it: 0.5, 12., 1.E-07. It has a point, as few digits as bring the same value
+// back, and an exponent unless 1e-4 <= value < 1e15. The buffer has kExactRealBuffer characters.
+inline constexpr std::size_t kExactRealBuffer = 40;
+char* ExactRealToText(char* buffer, double value);
+
 }  // namespace steprt
 
 #endif

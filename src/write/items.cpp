@@ -8,6 +8,7 @@
 #include "write/comma.h"
 #include "write/element.h"
 #include "write/values.h"
+#include "write/wide_values.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ void EndElement(STEPtransfer* t) {
 }  // namespace
 
 void wSTEPopen(STEPtransfer* t, const char* name, const char* keyword) {
+  if (t->xml && t->wideWrite) return OpenWide(t, name, keyword);
   if (t->xml) BeginElement(t, name);
   PutComma(t, TOK_OPEN);
   if (keyword) PutWord(t, keyword);
@@ -41,12 +43,14 @@ void wSTEPopen(STEPtransfer* t, const char* name, const char* keyword) {
 
 void wSTEPclose(STEPtransfer* t) {
   if (t->items.depth == 0) return;
+  if (t->wideWrite) return CloseWide(t);
   t->file.out->Put(')');
   t->lastToken = TOK_CLOSE;
   if (--t->items.depth == 0 && t->items.isInElement) EndElement(t);
 }
 
 void wSTEPtoken(STEPtransfer* t, const char* name, const char* token) {
+  if (t->xml && t->wideWrite) return WriteWideToken(t, name, token);
   if (t->xml) return PutElement(t, name, [=] { PutEscaped(t, token); });
   PutComma(t, TOK_NAME);
   PutWord(t, token ? token : "$");

@@ -5,6 +5,7 @@
 #include "write/comma.h"
 #include "write/element.h"
 #include "write/values.h"
+#include "write/wide_values.h"
 
 namespace {
 
@@ -70,21 +71,22 @@ void TextsToElement(STEPtransfer* t, const char* name, const STEPaggr* aggr) {
 }  // namespace
 
 void xwSTEPaggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  if (t->xml) return ReferencesToElement(t, name, aggr);
+  if (t->xml) return t->wideWrite ? WriteWideReferences(t, name, aggr) : ReferencesToElement(t, name, aggr);
   ReferencesToTokens(t, aggr);
 }
 
 void xwSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  if (t->xml) return RealsToElement(t, name, aggr);
+  if (t->xml) return t->wideWrite ? WriteWideReals(t, name, aggr) : RealsToElement(t, name, aggr);
   RealsToTokens(t, aggr);
 }
 
-// The list has no name, so XML has no element for it.
+// The list has no name, so the library's own form of XML has no element for it.
 void xwSTEPaggrEnum(STEPtransfer* t, STEPaggr* aggr, const char** names) {
-  if (!t->xml) EnumeratorsToTokens(t, aggr, names);
+  if (!t->xml) return EnumeratorsToTokens(t, aggr, names);
+  if (t->wideWrite) WriteWideEnumerators(t, aggr, names);
 }
 
 void xwSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr* aggr) {
-  if (t->xml) return TextsToElement(t, name, aggr);
+  if (t->xml) return t->wideWrite ? WriteWideTexts(t, name, aggr) : TextsToElement(t, name, aggr);
   TextsToTokens(t, aggr);
 }

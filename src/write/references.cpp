@@ -4,6 +4,7 @@
 #include "write/comma.h"
 #include "write/element.h"
 #include "write/values.h"
+#include "write/wide_values.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ void ReferenceToElement(STEPtransfer* t, const char* name, STEPheader* object) {
 }  // namespace
 
 void xwSTEPref(STEPtransfer* t, const char* name, STEPheader* object) {
-  if (t->xml) return ReferenceToElement(t, name, object);
+  if (t->xml) return t->wideWrite ? WriteWideReference(t, name, object) : ReferenceToElement(t, name, object);
   ReferenceToTokens(t, object);
 }
 

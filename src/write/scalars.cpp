@@ -5,6 +5,7 @@
 #include "write/comma.h"
 #include "write/element.h"
 #include "write/values.h"
+#include "write/wide_values.h"
 
 namespace {
 
@@ -47,7 +48,7 @@ void KeywordToElement(STEPtransfer* t, const char* name, const char* keyword) {
 }
 
 void WriteKeyword(STEPtransfer* t, const char* name, const char* keyword) {
-  if (t->xml) return KeywordToElement(t, name, keyword);
+  if (t->xml) return t->wideWrite ? WriteWideKeyword(t, name, keyword) : KeywordToElement(t, name, keyword);
   KeywordToTokens(t, keyword);
 }
 
@@ -57,16 +58,18 @@ bool HasElement(const STEPtransfer* t, const char* name) { return t->xml && name
 }  // namespace
 
 void wSTEPtext(STEPtransfer* t, const char* name, const char* text) {
-  if (t->xml) return TextToElement(t, name, text);
+  if (t->xml) return t->wideWrite ? WriteWideText(t, name, text) : TextToElement(t, name, text);
   TextToTokens(t, text);
 }
 
 void wSTEPint(STEPtransfer* t, const char* name, int value) {
+  if (t->xml && t->wideWrite) return WriteWideInt(t, name, value);
   if (HasElement(t, name)) return IntToElement(t, name, value);
   IntToTokens(t, value);
 }
 
 void wSTEPreal(STEPtransfer* t, const char* name, double value) {
+  if (t->xml && t->wideWrite) return WriteWideReal(t, name, value);
   if (HasElement(t, name)) return RealToElement(t, name, value);
   RealToTokens(t, value);
 }

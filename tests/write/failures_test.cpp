@@ -2,7 +2,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,6 +14,7 @@
 #include "platform/output_file.h"
 #include "support/faulty_calls.h"
 #include "support/proj_schema.h"
+#include "support/size_limit.h"
 #include "support/temp_files.h"
 
 namespace {
@@ -22,21 +22,6 @@ namespace {
 using namespace steprt_test;
 
 constexpr char kTail[] = "ENDSEC;\n\nEND-ISO-10303-21;\n";
-
-// No file of the process grows beyond it for its own life. Nothing may fail meanwhile: the words about it may go to a
-// file as well.
-class SizeLimit {
- public:
-  explicit SizeLimit(rlim_t size) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~SizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-
- private:
-  rlimit before_;
-};
 
 class WriteFailures : public testing::Test {
  protected:

@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <ctime>
 
-#include "platform/posix/system_time.h"
+#include "support/moment.h"
 #include "support/proj_schema.h"
 #include "support/temp_files.h"
 
@@ -29,28 +28,6 @@ TEST(WrittenFrame, ShowsItsNameAndRemarkAndIsWrittenWithoutInstances) {
   EXPECT_STREQ(STEPversion(), "7, 7, 10, 29");
   EXPECT_EQ(BytesOf(path), "(none)");
 }
-
-// Sets the system's clock and the host's time zone for its own life.
-class Moment {
- public:
-  Moment(std::time_t time, const char* zone) {
-    static std::time_t now;
-    now = time;
-    const char* before = getenv("TZ");
-    hadZone_ = before != nullptr;
-    if (hadZone_) zone_ = before;
-    setenv("TZ", zone, 1);
-    steprt::systemTime = [](std::time_t*) { return now; };
-  }
-  ~Moment() {
-    steprt::systemTime = std::time;
-    hadZone_ ? setenv("TZ", zone_.c_str(), 1) : unsetenv("TZ");
-  }
-
- private:
-  bool hadZone_ = false;
-  std::string zone_;
-};
 
 // What the system's own program says, which looks at TZ as well.
 std::string DateBySystem(std::time_t time) {

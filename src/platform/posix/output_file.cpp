@@ -12,6 +12,8 @@
 
 #include "platform/posix/file_calls.h"
 #include "platform/posix/quiet_signals.h"
+#include "platform/posix/replacement.h"
+#include "support/memory.h"
 
 namespace steprt {
 namespace {
@@ -44,6 +46,23 @@ OutputFile* OutputFile::CreateOrNull(const char* name, Sharing sharing) {
   return file && file->Open(name, sharing) ? file.release() : nullptr;
 }
 
+OutputFile* OutputFile::CreateReplacementOrNull(const char* name) {
+  std::unique_ptr<OutputFile> file(new (std::nothrow) OutputFile);
+  if (!file) return nullptr;
+  file->replacement_ = MakeOrNull<Replacement>();
+  if (!file->replacement_) return nullptr;
+  file->handle_ = file->replacement_->Create(name);
+  return file->handle_ >= 0 ? file.release() : nullptr;
+}
+
+// Some file systems cannot wait until a file is on the disk. That is no failure of the write.
+bool OutputFile::Commit() {
+  Flush();
+  if (failed_) return false;
+  if (::fsync(handle_) != 0 && errno != EINVAL && errno != EROFS && errno != ENOTSUP) return false;
+  return replacement_->Commit();
+}
+
 // With O_NONBLOCK, a FIFO that nobody reads fails instead of waiting. It is removed afterwards, so that writes wait. A
 // file on which another process has a lease fails too; an open that waits breaks the lease.
 bool OutputFile::Open(const char* name, Sharing sharing) {
@@ -59,9 +78,11 @@ bool OutputFile::Open(const char* name, Sharing sharing) {
 // Unlocked explicitly: a child process that the host has forked meanwhile would keep the lock.
 OutputFile::~OutputFile() {
   Flush();
-  if (handle_ < 0) return;
-  ::flock(handle_, LOCK_UN);
-  ::close(handle_);
+  if (handle_ >= 0) {
+    ::flock(handle_, LOCK_UN);
+    ::close(handle_);
+  }
+  delete replacement_;
 }
 
 void OutputFile::PutInPieces(std::string_view text) {

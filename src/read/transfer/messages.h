@@ -53,6 +53,10 @@ inline constexpr char kUnterminatedComment[] = "Unterminated comment";
 inline constexpr char kIntegerOutOfRange[] = "Integer out of range";
 inline constexpr char kSectionNotRead[] = "Section %s is not read";
 
+// Only in a write of ISO 10303-21 as it is published.
+inline constexpr char kNoFiniteReal[] = "Real is not finite";
+inline constexpr char kNotInFile[] = "Reference to object that is not in the file";
+
 inline constexpr char kTooDeep[] = "Too deep nesting";
 inline constexpr char kOutOfMemory[] = "Out of memory";
 

@@ -40,6 +40,7 @@ struct STEPentry;    // entry_index.h
 namespace steprt {
 struct ReadStore;  // read_store.h
 struct WideRead;   // wide_read.h
+struct WideWrite;  // write/wide_write.h
 }  // namespace steprt
 
 // One pending reference to an instance whose record has not been read.
@@ -91,7 +92,9 @@ struct STEPtransfer {
   char where[kWhereLimit + 1] = "";   // for reports: "Read" or "Write", later the keyword at hand
   const STEPerrorProc errorProc;
   APPobject0* const schema;
-  bool xml;  // false also while a value of items.h is open in an element
+  // False also while a value of items.h is open in an element. Always true if there is a wideWrite, so that the writers
+  // of clear text need no question of their own for that.
+  bool xml;
 
   // What makes it fast. A writer looks up a row for each instance just as a reader does for each record, so both have
   // the lookups. Everything else serves reading alone.
@@ -100,7 +103,8 @@ struct STEPtransfer {
 
   ItemState items;
 
-  steprt::WideRead* wide = nullptr;  // set in a read of ISO 10303-21 as it is published
+  steprt::WideRead* wide = nullptr;        // set in a read of ISO 10303-21 as it is published
+  steprt::WideWrite* wideWrite = nullptr;  // set in such a write
 };
 
 namespace steprt {

@@ -1,0 +1,20 @@
+// The elements of a standard file in XML that are not those of attributes.
+#ifndef STEPRT_WRITE_WIDE_DOCUMENT_H
+#define STEPRT_WRITE_WIDE_DOCUMENT_H
+
+#include "read/transfer/record.h"
+
+namespace steprt {
+
+// Write the start tag of an entity or part, with the name of the record at hand, and its end tag. A keyword becomes an
+// element as SpellElement says (xml/values/names.h).
+void BeginEntity(STEPtransfer* t, const char* keyword);
+void EndEntity(STEPtransfer* t, const char* keyword);
+
+// Write what comes before the first record and after the last one.
+void BeginDocument(STEPtransfer* t);
+void EndDocument(STEPtransfer* t);
+
+}  // namespace steprt
+
+#endif
