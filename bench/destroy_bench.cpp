@@ -1,4 +1,6 @@
-// The end of a model, against the end of the same objects on a plain chain, deleted one by one.
+// The end of a model, against deletes of the same objects one by one: along a chain, and out of an array.
+#include <vector>
+
 #include "building.h"
 #include "fingerprint.h"
 #include "pairs.h"
@@ -9,7 +11,7 @@
 namespace bench {
 namespace {
 
-constexpr double kWantedDestruction = 1.3;
+constexpr double kWantedDestruction = 1.15;
 
 double TimeModelEnd(const Population& population) {
   BeginTurn();
@@ -32,10 +34,19 @@ void DeleteChain(STEPheader* first) {
   }
 }
 
-double TimePlainEnd(const Population& population) {
+double TimeChainEnd(const Population& population) {
   BeginTurn();
   STEPheader* first = ReadPlainChain(population);
   return TimeOf([&] { DeleteChain(first); });
+}
+
+double TimeArrayEnd(const Population& population) {
+  BeginTurn();
+  std::vector<STEPheader*> objects;
+  for (STEPheader* object = ReadPlainChain(population); object; object = object->next) objects.push_back(object);
+  return TimeOf([&] {
+    for (STEPheader* object : objects) delete object;
+  });
 }
 
 bool SameObjects(const Population& population) {
@@ -48,12 +59,12 @@ bool SameObjects(const Population& population) {
   return isSame;
 }
 
-void DestroyAgainstPlain(benchmark::State& state, int records) {
+void DestroyAgainst(double (*timeFloor)(const Population&), benchmark::State& state, int records) {
   const Population& population = PopulationFile(Order::kAscending, records);
   if (!SameObjects(population)) return Fail(state, "the chain holds other objects than the model");
   Pairs pairs;
   for (auto _ : state) {
-    pairs.Measure([&] { return TimeModelEnd(population); }, [&] { return TimePlainEnd(population); });
+    pairs.Measure([&] { return TimeModelEnd(population); }, [&] { return timeFloor(population); });
     state.SetIterationTime(pairs.LastSubject());
   }
   Report(state, pairs, {records, population.bytes}, kWantedDestruction);
@@ -63,7 +74,9 @@ void DestroyAgainstPlain(benchmark::State& state, int records) {
 
 void RegisterDestruction(int records) {
   Register("destroy/" + SizeName(records), TurnsFor(records),
-           [=](benchmark::State& state) { DestroyAgainstPlain(state, records); });
+           [=](benchmark::State& state) { DestroyAgainst(TimeChainEnd, state, records); });
+  Register("destroy_to_array/" + SizeName(records), TurnsFor(records),
+           [=](benchmark::State& state) { DestroyAgainst(TimeArrayEnd, state, records); });
 }
 
 }  // namespace bench

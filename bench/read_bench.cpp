@@ -11,8 +11,8 @@ namespace bench {
 namespace {
 
 constexpr int kStrideRecords = 500'000;  // more do not have a number
-constexpr double kWantedRead = 1.6;
-constexpr double kWantedShuffled = 1.7;
+constexpr double kWantedRead = 1.2;
+constexpr double kWantedShuffled = 1.2;
 constexpr double kWantedUnhashed = 1.1;
 
 bool SamePopulation(const Population& population) {

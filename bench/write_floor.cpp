@@ -1,36 +1,24 @@
 #include "write_floor.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <charconv>
 #include <cstring>
 #include <string_view>
 
+#include "block_printer.h"
 #include "building.h"
 
 namespace bench {
 namespace {
 
-constexpr std::size_t kIntegerRoom = 16;
-constexpr std::size_t kRealBuffer = 32;
-
-class Printer {
+class Printer : public BlockPrinter {
  public:
-  explicit Printer(char* at) : p_(at) {}
-
-  const char* At() const { return p_; }
-
-  void Put(std::string_view text) {
-    std::memcpy(p_, text.data(), text.size());
-    p_ += text.size();
-  }
+  using BlockPrinter::BlockPrinter;
 
   void Begin(STEPheader* object, std::string_view keyword) {
+    MakeSpace();
     PutNumber(object);
     Put(" = ");
     Put(keyword);
-    *p_++ = '(';
+    PutChar('(');
     isFirst_ = true;
   }
 
@@ -38,19 +26,22 @@ class Printer {
     Separate();
     if (!text.chars) return PutChar('$');
     PutChar('\'');
-    for (const char* c = text.chars; *c != '\0'; ++c) {
-      if (*c == '\'') PutChar('\'');
-      PutChar(*c);
+    const char* rest = text.chars;
+    while (const char* apostrophe = std::strchr(rest, '\'')) {
+      Put(std::string_view(rest, static_cast<std::size_t>(apostrophe + 1 - rest)));
+      PutChar('\'');
+      rest = apostrophe + 1;
     }
+    Put(rest);
     PutChar('\'');
   }
   void Integer(const char*, int& value) {
     Separate();
-    p_ = std::to_chars(p_, p_ + kIntegerRoom, value).ptr;
+    PutInteger(value);
   }
   void Real(const char*, double& value) {
     Separate();
-    p_ = std::to_chars(p_, p_ + kRealBuffer, value, std::chars_format::general, 6).ptr;
+    PutReal(value);
   }
   void Enumerator(const char*, int& value, const char** names, int) {
     Separate();
@@ -58,8 +49,7 @@ class Printer {
   }
   void Reference(const char*, STEPheader*& slot, int) {
     Separate();
-    if (!slot) return PutChar('$');
-    PutNumber(slot);
+    slot ? PutNumber(slot) : PutChar('$');
   }
   void Reals(const char*, List& list) {
     ForEachItem(list, [this](STEPlist* node) { Real("", node->value.real); });
@@ -69,17 +59,10 @@ class Printer {
   }
 
  private:
-  void PutChar(char c) { *p_++ = c; }
-
   void Separate() {
+    MakeSpace();
     if (!isFirst_) PutChar(',');
     isFirst_ = false;
-  }
-
-  void PutNumber(STEPheader* object) {
-    if (object->number == 0) object->number = ++lastNumber_;
-    PutChar('#');
-    p_ = std::to_chars(p_, p_ + kIntegerRoom, object->number).ptr;
   }
 
   template <typename PutItem>
@@ -92,39 +75,24 @@ class Printer {
     isFirst_ = false;
   }
 
-  char* p_;
-  int lastNumber_ = 0;
   bool isFirst_ = true;
 };
 
-constexpr std::size_t kFrameRoom = 4096;
-
 }  // namespace
 
-WriteFloor::WriteFloor(std::size_t bytes) : room_(std::make_unique<char[]>(bytes + kFrameRoom)) {}
-
-void WriteFloor::Write(const std::string& path, STEPheader* first) {
-  Printer printer(room_.get());
+void WriteFloor(const std::string& path, STEPheader* first) {
+  Printer printer(path);
   printer.Put(
       "ISO-10303-21;\n\nHEADER;\nFILE_DESCRIPTION(('IFC2X3 model', 'TOVARIN version 7, 7, 10, 29','QVN',''));\n");
   printer.Put("FILE_NAME('','5.03.2026 09.07');\nFILE_SCHEMA(('IFC2X3'));\nENDSEC;\n\nDATA;\n");
-  for (STEPheader* object = first; object; object = object->next) object->number = 0;
-  for (STEPheader* object = first; object; object = object->next) {
+  ForEachUnnumbered(first, [&](STEPheader* object) {
     WithClass(object, [&](auto& entity) {
       printer.Begin(&entity, entity.kKeyword);
       entity.Attributes(printer);
       printer.Put(");\n");
     });
-  }
+  });
   printer.Put("ENDSEC;\n\nEND-ISO-10303-21;\n");
-  const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  const char* at = room_.get();
-  while (at != printer.At()) {  // one call, unless the system takes less
-    const ssize_t count = ::write(handle, at, static_cast<std::size_t>(printer.At() - at));
-    if (count <= 0) break;
-    at += count;
-  }
-  ::close(handle);
 }
 
 }  // namespace bench

@@ -4,11 +4,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <string_view>
 
+#include "block_printer.h"
 #include "building.h"
 
 namespace bench {
@@ -27,21 +27,12 @@ bool ParseBlocks(XML_Parser parser, int handle, int blockSize) {
   }
 }
 
-constexpr std::size_t kIntegerRoom = 16;
-constexpr std::size_t kRealBuffer = 32;
-
-class Printer {
+class Printer : public BlockPrinter {
  public:
-  explicit Printer(char* at) : p_(at) {}
-
-  const char* At() const { return p_; }
-
-  void Put(std::string_view text) {
-    std::memcpy(p_, text.data(), text.size());
-    p_ += text.size();
-  }
+  using BlockPrinter::BlockPrinter;
 
   void Begin(STEPheader* object, std::string_view keyword) {
+    MakeSpace();
     Put("\t<");
     Put(keyword);
     Put(" rid=\"");
@@ -58,7 +49,7 @@ class Printer {
     Element(name, [&] { text.chars ? PutEscaped(text.chars) : PutChar('$'); });
   }
   void Integer(std::string_view name, int& value) {
-    Element(name, [&] { p_ = std::to_chars(p_, p_ + kIntegerRoom, value).ptr; });
+    Element(name, [&] { PutInteger(value); });
   }
   void Real(std::string_view name, double& value) {
     Element(name, [&] { PutReal(value); });
@@ -77,35 +68,20 @@ class Printer {
   }
 
  private:
-  void PutChar(char c) { *p_++ = c; }
-  void PutReal(double value) { p_ = std::to_chars(p_, p_ + kRealBuffer, value, std::chars_format::general, 6).ptr; }
-
-  void PutNumber(STEPheader* object) {
-    if (object->number == 0) object->number = ++lastNumber_;
-    PutChar('#');
-    p_ = std::to_chars(p_, p_ + kIntegerRoom, object->number).ptr;
-  }
-
   void PutEscaped(const char* text) {
-    for (; *text != '\0'; ++text) {
-      switch (*text) {
-        case '&':
-          Put("&amp;");
-          break;
-        case '<':
-          Put("&lt;");
-          break;
-        case '>':
-          Put("&gt;");
-          break;
-        default:
-          PutChar(*text);
-      }
+    for (;;) {
+      const std::size_t plain = std::strcspn(text, "&<>");
+      Put(std::string_view(text, plain));
+      text += plain;
+      if (*text == '\0') return;
+      Put(*text == '&' ? "&amp;" : *text == '<' ? "&lt;" : "&gt;");
+      ++text;
     }
   }
 
   template <typename PutValue>
   void Element(std::string_view name, PutValue putValue) {
+    MakeSpace();
     PutChar('<');
     Put(name);
     PutChar('>');
@@ -119,17 +95,13 @@ class Printer {
   void Items(std::string_view name, List& list, char separator, PutItem putItem) {
     Element(name, [&] {
       for (STEPlist* node = list.aggr->head; node; node = node->next) {
+        MakeSpace();
         putItem(node);
         if (node->next) PutChar(separator);
       }
     });
   }
-
-  char* p_;
-  int lastNumber_ = 0;
 };
-
-constexpr std::size_t kFrameRoom = 4096;
 
 }  // namespace
 
@@ -150,30 +122,19 @@ bool ParseAtOnce(const std::string& path) {
   return ParseXmlFloor(path, static_cast<int>(std::filesystem::file_size(path))) > 0;
 }
 
-XmlWriteFloor::XmlWriteFloor(std::size_t bytes) : room_(std::make_unique<char[]>(bytes + kFrameRoom)) {}
-
-void XmlWriteFloor::Write(const std::string& path, STEPheader* first) {
-  Printer printer(room_.get());
+void XmlWriteFloor(const std::string& path, STEPheader* first) {
+  Printer printer(path);
   printer.Put("<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n");
   printer.Put("<!-- FILE_DESCRIPTION(('IFC2X3 model', 'TOVARIN version 7, 7, 10, 29','QVN','')); -->\n");
   printer.Put("<!-- FILE_NAME('','5.03.2026 09.07'); -->\n<IFC2X3>\n");
-  for (STEPheader* object = first; object; object = object->next) object->number = 0;
-  for (STEPheader* object = first; object; object = object->next) {
+  ForEachUnnumbered(first, [&](STEPheader* object) {
     WithClass(object, [&](auto& entity) {
       printer.Begin(&entity, entity.kKeyword);
       entity.Attributes(printer);
       printer.End(entity.kKeyword);
     });
-  }
+  });
   printer.Put("</IFC2X3>\n");
-  const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-  const char* at = room_.get();
-  while (at != printer.At()) {  // one call, unless the system takes less
-    const ssize_t count = ::write(handle, at, static_cast<std::size_t>(printer.At() - at));
-    if (count <= 0) break;
-    at += count;
-  }
-  ::close(handle);
 }
 
 }  // namespace bench

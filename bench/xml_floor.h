@@ -3,8 +3,6 @@
 #ifndef STEPRT_BENCH_XML_FLOOR_H
 #define STEPRT_BENCH_XML_FLOOR_H
 
-#include <cstddef>
-#include <memory>
 #include <string>
 
 class STEPheader;
@@ -16,17 +14,7 @@ namespace bench {
 long ParseXmlFloor(const std::string& path, int blockSize = 1 << 16);
 bool ParseAtOnce(const std::string& path);
 
-class XmlWriteFloor {
- public:
-  // Room for a document of `bytes`. It is there before the time is taken, and used by every write anew.
-  explicit XmlWriteFloor(std::size_t bytes);
-
-  // Formats the chain into the one buffer and writes it with one call.
-  void Write(const std::string& path, STEPheader* first);
-
- private:
-  std::unique_ptr<char[]> room_;
-};
+void XmlWriteFloor(const std::string& path, STEPheader* first);
 
 }  // namespace bench
 
