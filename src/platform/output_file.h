@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <string_view>
 
@@ -44,6 +45,11 @@ class OutputFile {
   void Put(char c) {
     *Buffer(1) = c;
     ++used_;
+  }
+  template <std::size_t kSize>
+  void Put(const char (&literal)[kSize]) {
+    std::memcpy(Buffer(kSize), literal, kSize - 1);
+    used_ += kSize - 1;
   }
   void Put(std::string_view text) {
     if (text.size() > kBlock - used_) return PutInPieces(text);

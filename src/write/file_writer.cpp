@@ -41,8 +41,7 @@ void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
 
 void OpenRecord(STEPtransfer* t, std::string_view name, int number) {
   OutputFile& out = *t->file.out;
-  out.Put('#');
-  PutInt(t, number);
+  PutNumber(t, number);
   out.Put(" = ");
   out.Put(name);
   out.Put('(');

@@ -1,6 +1,7 @@
 #include "write/record_loop.h"
 
 #include "read/transfer/report.h"
+#include "steprt/text.h"
 #include "write/items.h"
 #include "write/numbering.h"
 
@@ -9,17 +10,20 @@ namespace {
 
 // Writes the record of one instance. Returns false, without a record, for an instance that cannot be written. Only one
 // whose type has no row is reported: a row without a write function says that its instances do not belong in files.
-bool WriteRecord(STEPtransfer* t, const FileForm& form, STEPheader* object) {
+// `name` is that of the record before, which is often the same.
+bool WriteRecord(STEPtransfer* t, const FileForm& form, STEPheader* object, std::string_view* name) {
   const APPentity* row = t->lookups.FindEntityByType(object->type);
   if (!row) return Refuse(t, kUnknownObject, false);
   if (!row->write) return false;
-  const std::string_view name = row->name;
-  t->where[name.copy(t->where, kWhereLimit)] = '\0';
-  form.openRecord(t, name, InstanceNumber(t, object));
+  if (name->data() != row->name) {
+    *name = row->name;
+    Copy(t->where, row->name, kWhereLimit);
+  }
+  form.openRecord(t, *name, InstanceNumber(t, object));
   t->lastToken = TOK_OPEN;  // so the first attribute has no comma
   row->write(t, object);
   EndOpenItems(t);
-  form.closeRecord(t, name);
+  form.closeRecord(t, *name);
   return true;
 }
 
@@ -32,8 +36,9 @@ bool IsStreamSound(STEPtransfer* t, bool empty) {
 
 int WriteEach(STEPtransfer* t, const FileForm& form, STEPheader* first) {
   int count = 0;
+  std::string_view name;
   for (STEPheader* object = first; object; object = object->next) {
-    if (!WriteRecord(t, form, object)) continue;
+    if (!WriteRecord(t, form, object, &name)) continue;
     t->file.out->Mark();
     if (!IsStreamSound(t, count == 0)) return kWriteFailed;
     ++count;

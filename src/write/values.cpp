@@ -28,10 +28,16 @@ void PutReal(STEPtransfer* t, double value) {
   out.Advance(RealToText(out.Buffer(kRealBuffer), value));
 }
 
+void PutNumber(STEPtransfer* t, int number) {
+  OutputFile& out = *t->file.out;
+  char* p = out.Buffer(1 + kIntBuffer);
+  *p++ = '#';
+  out.Advance(IntToText(p, number));
+}
+
 void PutReference(STEPtransfer* t, STEPheader* object) {
   if (!object) return t->file.out->Put('$');
-  t->file.out->Put('#');
-  PutInt(t, InstanceNumber(t, object));
+  PutNumber(t, InstanceNumber(t, object));
 }
 
 void PutQuoted(STEPtransfer* t, const char* text) {

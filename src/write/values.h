@@ -8,6 +8,7 @@ namespace steprt {
 
 void PutInt(STEPtransfer* t, int value);
 void PutReal(STEPtransfer* t, double value);             // with six significant digits
+void PutNumber(STEPtransfer* t, int number);             // # and the number of an instance
 void PutReference(STEPtransfer* t, STEPheader* object);  // # and the instance's number; `$` for null
 void PutQuoted(STEPtransfer* t, const char* text);       // in apostrophes, its own doubled; `$` for null
 void PutWord(STEPtransfer* t, const char* word);         // as it is, escaped inside an XML element

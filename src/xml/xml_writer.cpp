@@ -31,8 +31,8 @@ void OpenEntity(STEPtransfer* t, std::string_view name, int number) {
   OutputFile& out = *t->file.out;
   out.Put("\t<");
   out.Put(name);
-  out.Put(" rid=\"#");
-  PutInt(t, number);
+  out.Put(" rid=\"");
+  PutNumber(t, number);
   out.Put("\">");
 }
 
