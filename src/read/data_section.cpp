@@ -75,7 +75,7 @@ bool ReadRecord(STEPtransfer* t, int number) {
   if (token == TOK_OPEN) return ReadComplexRecord(t, entry);
   if (token != TOK_NAME) return RefuseKeyword(t, token);
   std::memcpy(t->where, t->value.text, kWhereLimit);  // what follows a shorter name does no harm
-  if (const APPentity* row = t->lookups.FindEntityByName(t->value.text)) {
+  if (const APPentity* row = t->lookups.FindEntityByName({t->value.text, t->nameLength})) {
     ReadBrackets(t, *row, entry);
   } else {
     ReportError(t, kUnknownEntity, t->value.text);

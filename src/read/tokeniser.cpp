@@ -108,6 +108,7 @@ int ClassifyWord(STEPtransfer* t) {
   }
   if (IsLetter(word[0]) || (word[0] == '.' && IsLetter(word[1]))) {
     t->value.text = word;
+    t->nameLength = std::strlen(word);
     return word[0] == '.' ? TOK_ENUM : TOK_NAME;
   }
   if (IsIntegerText(word)) {
@@ -180,6 +181,7 @@ int ScanWord(STEPtransfer* t, const char* const start) {
   if (!end || !IsIn(kIsDelimiter, *end) || end == in.Limit()) return AnyWord(t, start);
   in.MoveTo(end);
   t->value.text = t->buffer;
+  t->nameLength = static_cast<std::size_t>(end - start);
   if (IsLetter(*start)) return TOK_NAME;
   return *start == '.' && IsLetter(start[1]) ? TOK_ENUM : OtherWord(t, start);
 }
@@ -191,7 +193,7 @@ const char* ScanExponent(const char* p, int* exponent) {
   const bool isNegative = p[1] == '-';
   p += p[1] == '-' || p[1] == '+' ? 2 : 1;
   Digits power = {0, 0};
-  p = ScanDigitsFast(p, &power);
+  p = ScanDigits(p, &power);
   if (power.count == 0 || power.count > kIntDigits) return nullptr;
   *exponent += isNegative ? -static_cast<int>(power.value) : static_cast<int>(power.value);
   return p;
@@ -296,37 +298,39 @@ constexpr std::array<unsigned char, 256> kKindOfFirst = [] {
   return kinds;
 }();
 
-int TokenAfterBlanks(STEPtransfer* t);
+int TokenAfterBlank(STEPtransfer* t, const char* blank);
 
 // Reads the token that begins at `p`, or after blanks from there on.
 inline int TokenAt(STEPtransfer* t, const char* p) {
   const int kind = kKindOfFirst[static_cast<unsigned char>(*p)];
-  switch (kind) {
-    case TOK_REF:
-      return ScanReference(t, p);
-    case TOK_INT:
-      return ScanNumber(t, p);
-    case TOK_TEXT:
-      return ScanText(t, p);
-    case TOK_NAME:
-    case TOK_ENUM:
-    case TOK_ERROR:
-      return ScanWord(t, p);
-    case TOK_EOF:
-      return TokenAfterBlanks(t);
-    default:
-      t->file.in->MoveTo(p + 1);
-      return kind;
-  }
+  if (kind == TOK_REF) return ScanReference(t, p);
+  if (kind == TOK_INT) return ScanNumber(t, p);
+  if (kind == TOK_TEXT) return ScanText(t, p);
+  if (kind == TOK_EOF) return TokenAfterBlank(t, p);
+  if (kind < TOK_NULL) return ScanWord(t, p);
+  t->file.in->MoveTo(p + 1);
+  return kind;
 }
 
-[[gnu::noinline]] int TokenAfterBlanks(STEPtransfer* t) {
+// Reads the token after any number of blanks and comments.
+[[gnu::noinline]] int TokenAfterAll(STEPtransfer* t, const char* start) {
+  t->file.in->MoveTo(start);
   int c;
   do {
     c = SkipBlanks(t);
   } while (c == '/' && t->wide && SkipComment(t));
   if (c == InputFile::kEnd) return TOK_EOF;
   return c == '/' ? RestOfWord(t, '/') : TokenAt(t, t->file.in->Cursor() - 1);
+}
+
+// The fast path for the one blank that most tokens have before them, if any: the end of a line.
+[[gnu::noinline]] int TokenAfterBlank(STEPtransfer* t, const char* blank) {
+  const char* p = blank + 1;
+  if (*blank == '/' || blank == t->file.in->Limit() || kKindOfFirst[static_cast<unsigned char>(*p)] == TOK_EOF) {
+    return TokenAfterAll(t, blank);
+  }
+  if (*blank == '\n') CountLine(t);
+  return TokenAt(t, p);
 }
 
 }  // namespace

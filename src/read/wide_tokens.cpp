@@ -122,6 +122,7 @@ int WideClassifyWord(STEPtransfer* t, char* word) {
   const bool isName = IsLetter(word[0]) || word[0] == '_' || (word[0] == '!' && IsLetter(word[1]));
   if (isName || (word[0] == '.' && IsLetter(word[1]))) {
     t->value.text = word;
+    t->nameLength = std::strlen(word);
     return isName ? TOK_NAME : TOK_ENUM;
   }
   if (IsIntegerText(word)) return IntegerToken(t, word);

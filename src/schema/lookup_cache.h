@@ -24,9 +24,11 @@ class LookupCache {
   LookupCache(const LookupCache&) = delete;
   LookupCache& operator=(const LookupCache&) = delete;
 
-  APPentity* FindEntityByName(const char* name);
+  APPentity* FindEntityByName(std::string_view name);  // a null character must follow the name
   APPentity* FindEntityByType(int type);
-  bool IsSubtype(int expected, int actual);
+  bool IsSubtype(int expected, int actual) {
+    return expected == actual || expected < 0 || IsTrueSubtype(expected, actual);
+  }
 
  private:
   // A row of the snapshot.
@@ -65,6 +67,7 @@ class LookupCache {
 
   static bool IsSpelled(const Node& node, std::string_view name);
   bool IsCurrent() const;
+  bool IsTrueSubtype(int expected, int actual);
   bool FindSubtype(int expected, int actual);
   bool Build();
   bool Reserve(std::size_t rows);

@@ -6,6 +6,7 @@
 #define STEPRT_SUPPORT_EIGHT_BYTES_H
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -22,6 +23,16 @@ inline std::uint64_t LoadEight(const char* p) {
 inline void StoreEight(char* p, std::uint64_t bytes) {
   if (std::endian::native != std::endian::little) bytes = __builtin_bswap64(bytes);
   std::memcpy(p, &bytes, sizeof bytes);
+}
+
+// For short texts, without a call. Where the length is no multiple of eight, the last eight bytes overlap the others.
+inline bool EqualBytes(const char* a, const char* b, std::size_t length) {
+  if (length < 8) return std::memcmp(a, b, length) == 0;
+  const std::size_t last = length - 8;
+  for (std::size_t i = 0; i < last; i += 8) {
+    if (LoadEight(a + i) != LoadEight(b + i)) return false;
+  }
+  return LoadEight(a + last) == LoadEight(b + last);
 }
 
 // Marks the bytes below `limit`, which is at most 0x80.

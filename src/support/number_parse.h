@@ -33,22 +33,27 @@ inline const char* ScanDigits(const char* p, Digits* digits) {
 inline constexpr std::size_t kScanReach = 8;  // ScanDigitsFast reads so many bytes from p on, wherever the digits end
 inline constexpr unsigned long long kEightPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 
-// Does the same with eight digits at a time and no branch for each digit.
+// Appends the digits among the eight bytes from *p on, moves *p to their end, and returns whether there are eight.
+inline bool AppendEight(const char** p, Digits* digits) {
+  std::uint64_t bytes = LoadEight(*p) ^ 0x3030303030303030;
+  const int count = FirstMarked(((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080);
+  if (count == 0) return false;
+  bytes <<= 64 - 8 * count;  // the digits last, zeros before them
+  bytes = bytes * 10 + (bytes >> 8);
+  bytes =
+      ((bytes & 0x000000FF000000FF) * 0x000F424000000064 + (bytes >> 16 & 0x000000FF000000FF) * 0x0000271000000001) >>
+      32;
+  digits->value = digits->value * kEightPowers[count] + bytes;
+  digits->count += count;
+  *p += count;
+  return count == 8;
+}
+
+// Does the same as ScanDigits for up to 24 digits, with no branch for each digit. It is no loop: a compiler would keep
+// the constants of one in registers, which costs more than a short number.
 inline const char* ScanDigitsFast(const char* p, Digits* digits) {
-  for (;;) {
-    std::uint64_t bytes = LoadEight(p) ^ 0x3030303030303030;
-    const int count = FirstMarked(((bytes + 0x7676767676767676) | bytes) & 0x8080808080808080);
-    if (count == 0) return p;
-    bytes <<= 64 - 8 * count;  // the digits last, zeros before them
-    bytes = bytes * 10 + (bytes >> 8);
-    bytes =
-        ((bytes & 0x000000FF000000FF) * 0x000F424000000064 + (bytes >> 16 & 0x000000FF000000FF) * 0x0000271000000001) >>
-        32;
-    digits->value = digits->value * kEightPowers[count] + bytes;
-    digits->count += count;
-    p += count;
-    if (count < 8) return p;
-  }
+  static_cast<void>(AppendEight(&p, digits) && AppendEight(&p, digits) && AppendEight(&p, digits));
+  return p;
 }
 
 // Converts white space, a sign and digits, as far as they go. Returns 0 if there are no digits, and the nearest int for

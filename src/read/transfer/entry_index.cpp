@@ -15,15 +15,9 @@ EntryIndex::~EntryIndex() {
   delete[] directory_;
 }
 
-STEPentry* EntryIndex::Add(int number) {
+STEPentry* EntryIndex::AddElsewhere(int number) {
   const auto bits = static_cast<std::uint32_t>(number);
-  Observe(bits);
-  STEPentry* entry = EntryInPage(bits);
-  if (!entry && AddPage(bits / kPageSize)) entry = EntryInPage(bits);
-  if (!entry) return AddScattered(number);
-  ++inPages_;
-  *entry = {number, -1, nullptr};
-  return entry;
+  return AddPage(bits / kPageSize) ? Take(EntryInPage(bits), number) : AddScattered(number);
 }
 
 bool EntryIndex::AddPage(std::uint32_t key) {
@@ -33,12 +27,6 @@ bool EntryIndex::AddPage(std::uint32_t key) {
   if (!directory_[key]) return false;
   ++pages_;
   return true;
-}
-
-void EntryIndex::Observe(std::uint32_t bits) {
-  if (bits < last_) ++falls_;
-  last_ = bits;
-  highest_ = std::max(highest_, bits);
 }
 
 // Whether the pages will be full in the end, however empty they are now: the numbers fall often, so they come in no

@@ -6,6 +6,7 @@
 #ifndef STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 #define STEPRT_READ_TRANSFER_ENTRY_INDEX_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -52,7 +53,12 @@ class EntryIndex {
   }
 
   // Makes an entry for a number that has none, without an object. Null when memory runs out.
-  [[nodiscard]] STEPentry* Add(int number);
+  [[nodiscard]] STEPentry* Add(int number) {
+    const auto bits = static_cast<std::uint32_t>(number);
+    Observe(bits);
+    STEPentry* entry = EntryInPage(bits);
+    return entry ? Take(entry, number) : AddElsewhere(number);
+  }
 
   std::uint32_t Count() const { return inPages_ + scattered_.Count(); }
 
@@ -85,8 +91,18 @@ class EntryIndex {
     Page* page = key < directorySize_ ? directory_[key] : nullptr;
     return page ? &page->entries[bits % kPageSize] : nullptr;
   }
+  STEPentry* Take(STEPentry* entry, int number) {
+    ++inPages_;
+    *entry = {number, -1, nullptr};
+    return entry;
+  }
+  void Observe(std::uint32_t bits) {
+    if (bits < last_) ++falls_;
+    last_ = bits;
+    highest_ = std::max(highest_, bits);
+  }
+  STEPentry* AddElsewhere(int number);
   bool AddPage(std::uint32_t key);
-  void Observe(std::uint32_t bits);
   bool WillBeFull() const;
   bool IsWorthwhile(std::size_t directorySize) const;
   bool GrowDirectory(std::size_t size);

@@ -81,6 +81,7 @@ struct STEPtransfer {
     double real;
     char* text;
   } value = {0};                // of the last token read
+  std::size_t nameLength = 0;   // of the name, if that token is one
   int pushedToken = kNoToken;   // a kind that the next NextToken returns without reading
   STEPaggr* schemas = nullptr;  // the names of FILE_SCHEMA; null until that record has been read
   STEPfixup* fixups = nullptr;  // newest first
