@@ -56,12 +56,23 @@ bool Parser::MayGoBack(std::size_t to) {
 
 // "#12" "=" instance ";"
 void Parser::ParseRecord(Token name) {
-  record_.hasName = name.Is(TokenKind::kReference);
-  if (record_.hasName) record_.name = InstanceName(record_.bytes, name, record_.hasName);
-  if (record_.hasName) reports_.Enter(record_.name);
+  SetName(name);
   if (!name.Is(TokenKind::kReference)) Expected("an instance name");
-  const bool complete =
-      name.Is(TokenKind::kReference) && Take(TokenKind::kEqual) && ParseInstance() && Take(TokenKind::kSemicolon);
+  if (!name.Is(TokenKind::kReference) || !Take(TokenKind::kEqual)) return EndRecord(false);
+  token_ = scanner_.Next();
+  if (token_.Is(TokenKind::kKeyword) && record_.bytes[token_.Offset()] == '&') return OpenScope();
+  EndRecord(ParseInstance() && Take(TokenKind::kSemicolon));
+}
+
+void Parser::SetName(Token name) {
+  record_.offset = name.Offset();
+  record_.hasName = name.Is(TokenKind::kReference);
+  if (!record_.hasName) return;
+  record_.name = InstanceName(record_.bytes, name, record_.hasName);
+  if (record_.hasName) reports_.Enter(record_.name);
+}
+
+void Parser::EndRecord(bool complete) {
   if (!complete) Recover();
   record_.sound = complete && !scanner_.Faulty();
   sink_.OnRecord(record_);
@@ -69,8 +80,8 @@ void Parser::ParseRecord(Token name) {
   Progress();
 }
 
+// The last token is its first one.
 bool Parser::ParseInstance() {
-  token_ = scanner_.Next();
   if (token_.Is(TokenKind::kOpen)) return ParseComplex();
   if (!token_.Is(TokenKind::kKeyword) && !token_.Is(TokenKind::kUserKeyword)) return Expected("a keyword or '('");
   record_.tokens.push_back(token_);

@@ -56,8 +56,7 @@ bool Parser::IsWord(Token token, std::string_view word) const {
 
 // Whatever else is there stays.
 void Parser::TakeSemicolon() {
-  const std::size_t before = scanner_.Offset();
-  if (!Take(TokenKind::kSemicolon)) scanner_.Seek(before);
+  if (!Take(TokenKind::kSemicolon)) scanner_.Unread(token_);
 }
 
 void Parser::Progress() {
@@ -67,11 +66,10 @@ void Parser::Progress() {
 }
 
 void Parser::ParseStart() {
-  const std::size_t before = scanner_.Offset();
-  const Token token = scanner_.Next();
+  const Token token = Begin();
   if (IsWord(token, kFirst)) return TakeSemicolon();
   reports_.Add(Code::kMissingPart, token.Offset(), [] { return "expected ISO-10303-21; at the start of the file"; });
-  scanner_.Seek(before);
+  scanner_.Unread(token);
 }
 
 void Parser::ParseSections() {
@@ -88,7 +86,7 @@ bool Parser::ParseSection(Token token) {
   if (token.Is(TokenKind::kEnd)) return false;
   if (token.Is(TokenKind::kReference)) {
     reports_.Add(Code::kMissingPart, token.Offset(), [] { return "expected DATA; before the first record"; });
-    scanner_.Seek(token.Offset());
+    scanner_.Unread(token);
     ParseData();
   } else if (IsWord(token, "HEADER")) {
     ParseHeader();
@@ -116,7 +114,7 @@ bool Parser::LacksEndOfSection(Token token, std::string_view section) {
   if (!next && !record && !token.Is(TokenKind::kEnd)) return false;
   reports_.Add(Code::kMissingPart, token.Offset(),
                [&] { return "expected ENDSEC; at the end of the section " + std::string(section); });
-  scanner_.Seek(token.Offset());
+  scanner_.Unread(token);
   return true;
 }
 
@@ -155,14 +153,18 @@ void Parser::SetEdition() {
 
 // "DATA" [parameters] ";"
 void Parser::ParseDataParameters() {
-  const std::size_t before = scanner_.Offset();
   const Token token = scanner_.Next();
-  scanner_.Seek(before);
+  scanner_.Unread(token);
   if (token.Is(TokenKind::kOpen) && !ParseParameters()) return Recover();
   TakeSemicolon();
 }
 
 void Parser::ParseData() {
+  ParseRecords();
+  LeaveScopes();
+}
+
+void Parser::ParseRecords() {
   if (!sawHeader_ && !sawData_) {
     reports_.Add(Code::kMissingPart, record_.offset, [] { return "expected a HEADER section before DATA"; });
   }
@@ -175,6 +177,10 @@ void Parser::ParseData() {
     }
     if (IsWord(token, kEndSection)) return TakeSemicolon();
     if (LacksEndOfSection(token, "DATA")) return;
+    if (!scopes_.empty() && IsWord(token, "ENDSCOPE")) {
+      CloseScope();
+      continue;
+    }
     Expected("a record or ENDSEC");
     Recover();
   }

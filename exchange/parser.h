@@ -32,6 +32,7 @@ class Parser {
   void ParseHeaderEntity(Token token);
   void SetEdition();
   void ParseData();
+  void ParseRecords();
   void ParseDataParameters();
   void ParseOther(bool names);
   void ParseOtherStatement(bool names, Token first);
@@ -41,6 +42,8 @@ class Parser {
 
   // parse_record.cpp
   void ParseRecord(Token name);
+  void SetName(Token name);
+  void EndRecord(bool complete);
   bool ParseInstance();
   bool ParseComplex();
   bool ParseParameters();
@@ -53,6 +56,12 @@ class Parser {
   bool MayGoBack(std::size_t to);
   std::size_t FaultOffset() const;
 
+  // parse_scope.cpp
+  void OpenScope();
+  void CloseScope();
+  bool ParseExports();
+  void LeaveScopes();
+
   Token Begin();
   bool IsWord(Token token, std::string_view word) const;
   void TakeSemicolon();
@@ -63,6 +72,7 @@ class Parser {
   Sink& sink_;
   Record record_;
   std::vector<Bracket> brackets_;  // those that are open
+  std::vector<Token> scopes_;      // the names of the records whose scopes are open
   Token token_;                    // the last one
   std::size_t nextProgress_ = 0;
   std::size_t readAgain_ = 0;  // bytes

@@ -79,6 +79,7 @@ void SecondPass::OnRecord(const Record& record) {
 }
 
 void SecondPass::FindDangling(const Record& record) {
+  if (!dangling_) return;
   for (const Token token : record.tokens) {
     if (!token.Is(TokenKind::kReference)) continue;
     const std::uint64_t name = InstanceName(record.bytes, token);

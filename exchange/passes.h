@@ -52,7 +52,12 @@ class FirstPass : public Sink {
 class SecondPass : public Sink {
  public:
   SecondPass(const Input& input, const SurveyOptions& options, const Names& names, Totals& totals, Reports& reports)
-      : input_(input), options_(options), names_(names), totals_(totals), reports_(reports) {}
+      : input_(input),
+        options_(options),
+        names_(names),
+        totals_(totals),
+        reports_(reports),
+        dangling_(names.AnyDangling()) {}
 
   void Run();
 
@@ -74,6 +79,7 @@ class SecondPass : public Sink {
   const Names& names_;
   Totals& totals_;
   Reports& reports_;
+  bool dangling_;  // there are such references
   Reports muted_;  // the grammar is reported by the first pass
 };
 

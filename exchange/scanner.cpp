@@ -10,6 +10,10 @@ Scanner::Scanner(std::string_view bytes, Reports& reports)
     : begin_(bytes.data()), end_(bytes.data() + bytes.size()), at_(begin_), reports_(reports) {}
 
 Token Scanner::Next() {
+  if (unread_) {
+    unread_ = false;
+    return last_;
+  }
   SkipBlanks();
   switch (*at_) {
     case ',':
@@ -22,6 +26,10 @@ Token Scanner::Next() {
       return ScanSymbol(TokenKind::kSemicolon);
     case '=':
       return ScanSymbol(TokenKind::kEqual);
+    case '/':
+      return ScanSymbol(TokenKind::kSlash);
+    case '&':
+      return ScanScope();
     case '$':
       return ScanSymbol(TokenKind::kOmitted);
     case '*':
@@ -162,6 +170,14 @@ Token Scanner::ScanWord() {
     while (Is(*at_, kDigitChar | kUpperChar) || *at_ == '-') ++at_;
   }
   if (Is(*at_, kLowerChar)) ScanLowerCase();
+  return Make(TokenKind::kKeyword, from);
+}
+
+// &SCOPE, of edition 1.
+Token Scanner::ScanScope() {
+  if (std::strncmp(at_, "&SCOPE", 6) != 0) return ScanBad();
+  const char* const from = at_++;
+  ScanWord();
   return Make(TokenKind::kKeyword, from);
 }
 

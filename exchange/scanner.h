@@ -21,7 +21,9 @@ class Scanner {
   std::string_view Bytes() const { return {begin_, static_cast<std::size_t>(end_ - begin_)}; }
   // Where the last token ends, and where the next one is looked for.
   std::size_t Offset() const { return OffsetOf(at_); }
-  void Seek(std::size_t offset) { at_ = begin_ + offset; }
+  void Seek(std::size_t offset) { at_ = begin_ + offset, unread_ = false; }
+  // Next returns the last token once more, and reports nothing of it again.
+  void Unread(Token last) { last_ = last, unread_ = true; }
 
   // What was found since the last call of Restart.
   void Restart() { faulty_ = false, openText_ = nullptr; }
@@ -57,6 +59,7 @@ class Scanner {
   Token ScanWord();
   void ScanLowerCase();
   Token ScanUserKeyword();
+  Token ScanScope();
   Token ScanEnumerator();
   Token ScanBinary();
   Token ScanResource();
@@ -78,6 +81,8 @@ class Scanner {
   const char* openText_ = nullptr;
   const char* lineInText_ = nullptr;
   Reports& reports_;
+  Token last_;
+  bool unread_ = false;
   bool faulty_ = false;
   bool utf8_ = false;
 };

@@ -28,23 +28,31 @@ constexpr std::string_view kKindNames[] = {
     "','",
     "';'",
     "'='",
+    "'/'",
     "another character",
 };
 
-bool Continues(TokenKind kind, char c) {
+// The end of a run of bytes that are in the set or are one of the others.
+const char* EndOfRun(const char* p, int set, std::string_view others) {
+  while (Is(*p, set) || others.find(*p) != std::string_view::npos) ++p;
+  return p;
+}
+
+const char* EndOfToken(TokenKind kind, const char* from) {
+  const char* const second = from + 1;
   switch (kind) {
     case TokenKind::kKeyword:
     case TokenKind::kUserKeyword:
-      return Is(c, kWordChar) || c == '-';
+      return EndOfRun(second, kWordChar, "-");
     case TokenKind::kEnumerator:
-      return Is(c, kWordChar) || c == '.';
+      return EndOfRun(second, kWordChar, ".");
     case TokenKind::kInteger:
     case TokenKind::kReal:
-      return Is(c, kDigitChar) || c == '.' || c == 'E' || c == 'e' || c == '+' || c == '-';
+      return EndOfRun(second, kDigitChar, ".Ee+-");
     case TokenKind::kReference:
-      return Is(c, kDigitChar);
+      return EndOfRun(second, kDigitChar, "");
     default:
-      return false;
+      return second;
   }
 }
 
@@ -53,9 +61,9 @@ bool Continues(TokenKind kind, char c) {
 std::string_view Spelling(std::string_view bytes, Token token) {
   const std::size_t from = token.Offset();
   if (from >= bytes.size()) return {};
-  std::size_t to = from + 1;
-  while (to < bytes.size() && Continues(token.Kind(), bytes[to])) ++to;
-  return bytes.substr(from, to - from);
+  // A NUL or another byte that continues no token follows.
+  const char* const first = bytes.data() + from;
+  return {first, static_cast<std::size_t>(EndOfToken(token.Kind(), first) - first)};
 }
 
 std::uint64_t InstanceName(std::string_view bytes, Token token, bool& fits) {

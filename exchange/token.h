@@ -28,7 +28,8 @@ enum class TokenKind : std::uint8_t {
   kComma,
   kSemicolon,
   kEqual,
-  kBad,  // no token; it is reported
+  kSlash,  // edition 1, after ENDSCOPE
+  kBad,    // no token; it is reported
 };
 
 // Its kind and where it starts. Where it ends follows from its bytes, see Spelling.
@@ -48,6 +49,8 @@ class Token {
 
   std::uint64_t packed_ = 0;
 };
+
+// In these two a NUL that does not count follows the bytes, as in Scanner.
 
 // The bytes of a keyword, number or enumerator; of any other token its first character.
 std::string_view Spelling(std::string_view bytes, Token token);

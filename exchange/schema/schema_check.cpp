@@ -59,8 +59,8 @@ class TypedSecondPass : public SecondPass {
 
  protected:
   void Look(const Record& record) override {
-    CheckKeywords(record);
     const std::uint16_t number = bound_.types.NumberOf(record);
+    if (record.complex || number == kUnknownType) CheckKeywords(record);
     if (number == kUnknownType) return;
     const InstanceType& type = bound_.types.At(number);
     for (const InstanceType::Fault& fault : type.faults) {

@@ -24,12 +24,12 @@ bool IsNameOfValue(TokenKind kind) {
 
 void ValueCheck::Check(const Record& record, std::size_t i, const std::vector<ValueSlot>& slots) {
   record_ = &record;
-  keyword_ = SpellingAt(i);
+  keyword_ = i;
   const std::size_t count = CountValues(i + 1);
   if (count != slots.size()) {
     return reports_.Add(Code::kAttributeCount, record.tokens[i].Offset(), [&] {
       return "expected " + std::to_string(slots.size()) + (slots.size() == 1 ? " attribute of " : " attributes of ") +
-             Capitals(keyword_) + ", found " + std::to_string(count);
+             Capitals(SpellingAt(keyword_)) + ", found " + std::to_string(count);
     });
   }
   i += 2;
@@ -176,6 +176,6 @@ std::size_t ValueCheck::Expected(Code code, std::size_t i, const std::string& wh
   return code == Code::kAggregateSize ? i : After(i);
 }
 
-std::string ValueCheck::Where() const { return Capitals(keyword_) + "." + slot_->name; }
+std::string ValueCheck::Where() const { return Capitals(SpellingAt(keyword_)) + "." + slot_->name; }
 
 }  // namespace exchange

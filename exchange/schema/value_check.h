@@ -48,7 +48,7 @@ class ValueCheck {
   const Names& names_;
   Reports& reports_;
   const Record* record_ = nullptr;
-  std::string_view keyword_;         // of the record or part
+  std::size_t keyword_ = 0;          // the index of that of the record or part
   const ValueSlot* slot_ = nullptr;  // whose value is checked
   std::size_t depth_ = 0;            // values within values
 };

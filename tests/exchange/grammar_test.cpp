@@ -148,6 +148,21 @@ TEST(Grammar, AnOpenCommentEndsTheFile) {
             "4:25 missing-part: expected END-ISO-10303-21; before the end of the file\n");
 }
 
+TEST(Grammar, ScopesOfEditionOneHoldRecords) {
+  const Row rows[] = {
+      {"#1=&SCOPE #2=A();#3=&SCOPE ENDSCOPE B(#2);ENDSCOPE/#2,#3/C(#2);#4=D(#3);", ""},
+      {"#1=&SCOPE #2=A(;ENDSCOPE (C()D(#2));", "3:16 syntax: expected a value or ')', found ';'\n1/2\n"},
+      {"#1=&SCOPE ENDSCOPE/#1 C();", "3:23 syntax: expected ',' or '/', found a keyword\n0/1\n"},
+      {"#1=&SCOPE ENDSCOPE/C();", "3:20 syntax: expected a reference, found a keyword\n0/1\n"},
+      {"#1=&SCOPE ENDSCOPE;", "3:19 syntax: expected a keyword or '(', found ';'\n0/1\n"},
+      {"#1=&SCOPE #2=A(#1);", "3:1 missing-part: expected ENDSCOPE for this scope\n1/2\n"},
+      {"#1=A();ENDSCOPE;", "3:8 syntax: expected a record or ENDSEC, found a keyword\n"},
+      {"#1=&OTHER;", "3:4 bad-character: expected a token, found a character that starts none\n0/1\n"},
+      {"#1=A(/);", "3:6 syntax: expected a value or ')', found '/'\n0/1\n"},
+  };
+  for (const Row& row : rows) Expect(row);
+}
+
 TEST(Grammar, NamesAreCheckedWhenAllAreKnown) {
   const Row rows[] = {
       {"#1=A(#2);#2=B(#1);", ""},

@@ -60,6 +60,10 @@ TEST(Sections, WhatIsMissingIsReportedOnce) {
        "1:112 missing-part: expected one HEADER section, before all others\n"
        "1:119 header: expected FILE_DESCRIPTION, FILE_NAME and FILE_SCHEMA, in this order and each once\n"},
       {kFrame + "DATA;" + kEnd + "\n\nmore", "3:1 after-end: expected nothing after END-ISO-10303-21;\n"},
+      {"?;" + kFrame.substr(13) + "DATA;" + kEnd,
+       "1:1 bad-character: expected a token, found a character that starts none\n"
+       "1:1 missing-part: expected ISO-10303-21; at the start of the file\n"},
+      {kFrame + "DATA?;" + kEnd, "1:116 bad-character: expected a token, found a character that starts none\n"},
       {kFrame + "OTHER;DATA;" + kEnd, "1:112 syntax: expected HEADER, DATA or another section, found a keyword\n"},
       {kFrame + "DATA #1=A();" + kEnd, "1:117 syntax: expected ';', found a reference\n"},
       {kFrame + "ANCHOR;<a>#1;<b>='x;",
