@@ -35,8 +35,9 @@ ProgressBar::~ProgressBar() {
 }
 
 void ProgressBar::Show(std::size_t done, std::size_t total) {
-  if (!visible_ || total == 0) return;
+  constexpr std::size_t kQuick = 8 << 20;  // bytes of a file that need no bar
   constexpr std::size_t kWidth = 30;
+  if (!visible_ || total < kQuick) return;
   const std::size_t percent = done / ((total + 99) / 100);
   if (percent == shown_ || percent > 100) return;
   shown_ = percent;

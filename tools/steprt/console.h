@@ -11,7 +11,7 @@ namespace steprt_tools {
 // Whether standard output is a terminal and the user does not refuse colours (NO_COLOR).
 bool UsesColour();
 
-// A bar on standard error while a file is read, if that is a terminal.
+// A bar on standard error while a large file is read, if that is a terminal.
 class ProgressBar {
  public:
   explicit ProgressBar(std::string name);
