@@ -32,7 +32,7 @@ PUBLIC = {
     "read.h": "read",
     "write.h": "write",
     "step.h": TOP,
-    "attributes.h": TOP, "attribute_lists.h": TOP, "value.h": TOP, "record.h": TOP,  # a client's code
+    "any_record.h": TOP, "attributes.h": TOP, "attribute_lists.h": TOP, "value.h": TOP, "record.h": TOP,  # a client's code
     "references.h": TOP, "description.h": TOP,
 }
 

@@ -40,6 +40,9 @@ set(STEPRT_SOURCES
     read/transfer/report.cpp
     read/transfer/transfer.cpp
     read/transfer/wide_read.cpp
+    read/transfer/names.cpp
+    read/transfer/place.cpp
+    read/transfer/codes.cpp
     xml/values/element.cpp
     xml/values/escape.cpp
     xml/values/kind.cpp
@@ -50,6 +53,9 @@ set(STEPRT_SOURCES
     read/header_section.cpp
     read/header_fields.cpp
     read/complex.cpp
+    read/standard_data.cpp
+    read/other_section.cpp
+    read/progress.cpp
     read/data_section.cpp
     read/file_reader.cpp
     read/standard_reader.cpp

@@ -18,6 +18,7 @@ class STEPmodule;         // a link of the module chain      module.h
 struct STEPentryTable;    // a module's numbered entries     module.h
 class STEPcomplex;        // an instance of several entities  standard.h
 struct STEPreadOptions;   // of a standard read              standard.h
+struct STEPdiagnostic;    // a report of such a read         standard.h
 class STEPtexts;          // a list of texts                 file_header.h
 class STEPfileHeader;     // the header of a standard file   file_header.h
 struct STEPwriteOptions;  // of a standard write             standard_write.h

@@ -85,7 +85,9 @@ class Entity : public Base {
   Entity() { this->type = kNumber; }
 };
 
-/// An entity that has no instances of its own. A record of it in a file is reported as "Syntax" and skipped.
+/// An entity that has no instances of its own. A record of it in a file is reported as "Syntax" and skipped. A part of
+/// a complex instance may be of such an entity: then the class is made for it, unless it has no default constructor or
+/// a pure virtual function.
 template <class Self, int kNumber, class Base = Record>
 class AbstractEntity : public Entity<Self, kNumber, Base> {
  public:
@@ -126,6 +128,15 @@ STEPheader* ReadRecord(STEPtransfer* t) {
   return record;
 }
 
+template <class T>
+constexpr STEPreadFunc AbstractReader() {
+  if constexpr (std::is_default_constructible_v<T>) {
+    return [](STEPtransfer* t) { return rSTEPispart(t) ? ReadRecord<T>(t) : rSTEPabstract(t); };
+  } else {
+    return nullptr;
+  }
+}
+
 inline void WriteRecordAs(STEPtransfer* t, STEPheader* object, Describer describeBase, int further) {
   auto* record = static_cast<Record*>(object);
   if (wSTEPispart(t)) return TransferPart(t, record, describeBase, further, true);
@@ -152,7 +163,7 @@ template <class T>
 constexpr APPentity RowOf() {
   static_assert(!IsSameText(T::kKeyword, T::Super::kKeyword), "each entity class has a kKeyword of its own");
   if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
-    return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
+    return {T::kKeyword, AbstractReader<T>(), nullptr, T::kType, T::Super::kKeyword};
   } else {
     return {T::kKeyword, ReadRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
   }

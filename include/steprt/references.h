@@ -3,6 +3,7 @@
 ///
 ///     door.Maker = &person;                                // steprt::Ref<Person> Maker
 ///     if (Person* maker = door.Maker.Get()) Visit(*maker);
+///     door.Maker.SetObject(complex);                       // a STEPcomplex with a part that is a Person
 ///
 /// The general rules are those of attributes.h. One thread at a time uses the library.
 #ifndef STEPRT_REFERENCES_H
@@ -101,6 +102,8 @@ class Ref : public detail::Reference {
     Become(object ? STEP_END : STEP_OMITTED, object);
     return *this;
   }
+  /// Refers to an instance of any class, such as a STEPcomplex with a part of class T. The caller answers for its type.
+  void SetObject(STEPheader* object) { Become(object ? STEP_END : STEP_OMITTED, object); }
   /// The instance, or the part of a complex one; null if there is none of class T.
   T* Get() const { return detail::As<T>(Object()); }
   T* operator->() const { return Get(); }  ///< as Get

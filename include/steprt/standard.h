@@ -28,6 +28,27 @@
 #include <steprt/instance.h>
 
 #include <cstddef>
+#include <cstdint>
+
+/// How bad a report of a standard read is.
+enum STEPseverity : int {
+  STEP_ERROR = 1,   ///< a fault in the file, or something lost
+  STEP_WARNING = 2  ///< what the file may have and the library or the schema does not: an entity, a section
+};
+
+/// A report of a standard read, for a program. All texts are valid only during the call.
+struct STEPdiagnostic {
+  STEPseverity severity;   ///< how bad it is
+  const char* code;        ///< a word that never changes, such as "missing-integer"; a list is in docs/format.md
+  const char* message;     ///< as the error procedure receives it, without file, line and entity
+  const char* file;        ///< the name of the file
+  int line;                ///< of the token at fault, from 1
+  int column;              ///< of its first byte, in bytes from 1; 0 if there is no such place
+  std::uint64_t offset;    ///< of its first byte in the file
+  std::uint64_t instance;  ///< the name of the record, of the one that refers for a reference; 0 outside of records
+  const char* keyword;     ///< of that record or part; null if there is none
+  const char* attribute;   ///< that a reader was called for; null if there is none, or if it was called without a name
+};
 
 /// What a read can be told. A new one reads everything.
 struct STEPreadOptions {
@@ -43,6 +64,24 @@ struct STEPreadOptions {
   /// reported and stays empty, which is not reported without a header to fill. FILE_POPULATION, SECTION_LANGUAGE,
   /// SECTION_CONTEXT and SCHEMA_POPULATION are passed over.
   STEPfileHeader* header = nullptr;
+
+  /// The row whose read function is called for each record, and each part of a complex instance, of an entity without a
+  /// row, also for one with a user-defined keyword. Nothing is reported of them. rSTEPkeyword tells the function the
+  /// entity. The part of an entity whose row has no read function comes here as well. A reference to an instance of the
+  /// row's type is never reported as one of a wrong type, because nothing is known of it. AnyRecord of any_record.h has
+  /// such a row.
+  const APPentity* unknown = nullptr;
+
+  /// Receives each report after the error procedure. For references it keeps the names that readers are called with:
+  /// they must stay valid until the end of the read.
+  void (*diagnose)(const STEPdiagnostic* diagnostic, void* context) = nullptr;
+
+  /// Is called about every 64 KiB between records, and once at the end, with the bytes read so far and those of the
+  /// file; these are 0 if they are not known. If it returns false, the read ends with the report "Cancelled". What was
+  /// read stays; a reference to what was not read is null.
+  bool (*progress)(std::uint64_t done, std::uint64_t total, void* context) = nullptr;
+
+  void* context = nullptr;  ///< passed to diagnose and progress
 };
 
 /// An instance of several entities at once (clause 11.2.5.3, external mapping). Each part is an instance of the class
@@ -57,8 +96,9 @@ struct STEPreadOptions {
 /// WriteStandard writes a complex instance. Write and WriteXml report it ("Unknown STEP object") and leave it out. As
 /// for every instance without a row, a reference to it names a record that the file does not have.
 ///
-/// A part whose keyword has no row, or a row without a read function, is reported ("Unknown entity %s"). It is kept as
-/// a plain STEPheader of type -1 with its keyword, of at most 63 characters, as the id; its values are passed over.
+/// Without the option `unknown`, a part whose keyword has no row, or a row without a read function, is reported
+/// ("Unknown entity %s"). It is kept as a plain STEPheader of type -1 with its keyword, of at most 63 characters, as
+/// the id; its values are passed over.
 class STEPRT_API STEPcomplex : public STEPheader {
  public:
   static constexpr int kType = -2;  ///< the type of every complex instance, which no row has
@@ -87,10 +127,22 @@ extern "C" {
 /// part joins none.
 STEPRT_API bool rSTEPispart(STEPtransfer* t);
 
+/// The keyword of the record or part that is read. In a standard read it is that of the row, or for an entity without a
+/// row the whole word in the file, and valid until the end of the read. In other reads it has at most 63 characters
+/// and is valid during the call of the read function.
+STEPRT_API const char* rSTEPkeyword(STEPtransfer* t);
+
+/// The name of the instance that is read: 12 for #12. Returns 0 in other reads than a standard one.
+STEPRT_API std::uint64_t rSTEPinstance(STEPtransfer* t);
+
+/// What the read function of an abstract entity does when it is not called for a part: reports "Syntax" and passes over
+/// the record; in XML, does nothing. Returns null.
+STEPRT_API STEPheader* rSTEPabstract(STEPtransfer* t);
+
 /// The driver of STEPmodel::ReadStandard, as STEPread is that of STEPmodel::Read: new instances join the current model.
 /// Returns the number of reports, or 1 for a null name or schema.
 /// @param name     the file, with ".stp" if the name has no dot after its last backslash; with `bytes` only its name in
-///                 reports
+///                 reports, where an empty one is "memory"
 /// @param bytes    the content of a file in memory, which must not change meanwhile; null: the file is opened
 /// @param size     the count of bytes
 /// @param schema   the first descriptor of a chain

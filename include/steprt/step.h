@@ -1,6 +1,7 @@
 /// @file
 /// Includes the public headers of the library. Each of them can also be included alone. record.h, for classes that
-/// describe their attributes, and encoding.h, for texts in UTF-8, are included by themselves.
+/// describe their attributes, any_record.h, for records of unknown entities, and encoding.h, for texts in UTF-8, are
+/// included by themselves.
 #ifndef STEPRT_STEP_H
 #define STEPRT_STEP_H
 

@@ -49,6 +49,22 @@ class InputFile {
     return size_ > passed && passed > 0 ? static_cast<double>(size_) / static_cast<double>(passed) : 1;
   }
 
+  // The offset in the file of a byte of this block, and that of the first byte of a line that began before the block.
+  std::uint64_t OffsetOf(const char* byte) const { return taken_ - static_cast<std::uint64_t>(limit_ - byte); }
+  std::uint64_t LineStart() const { return lineStart_; }
+
+  // Counts the columns of this line from the cursor on.
+  void StartLine() { lineStart_ = OffsetOf(cursor_); }
+
+  // The count of bytes of the file; 0 if it is unknown.
+  std::uint64_t Size() const { return size_; }
+
+  // Ends the file here.
+  void Stop() {
+    ended_ = true;
+    cursor_ = limit_;
+  }
+
   // Return the next byte, and read the next block if this one is used up. They return kEnd at the end of the file. A
   // read that fails ends the file.
   int Peek() { return cursor_ != limit_ || Refill() ? static_cast<unsigned char>(*cursor_) : kEnd; }
@@ -66,12 +82,14 @@ class InputFile {
   InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) { EndBlock(); }
 
   std::size_t ReadBlock();
+  void NoteLineStart();
   void EndBlock();
 
-  const int handle_;          // -1: the bytes are in memory
-  std::string_view memory_;   // the bytes not yet read
-  const std::uint64_t size_;  // 0: unknown
+  const int handle_;         // -1: the bytes are in memory
+  std::string_view memory_;  // the bytes not yet read
+  std::uint64_t size_;       // 0: unknown
   char before_ = '\n';
+  std::uint64_t lineStart_ = 0;
   std::uint64_t taken_ = 0;
   std::uint32_t blocks_ = 0;
   bool ended_ = false;

@@ -6,6 +6,14 @@
 
 namespace steprt {
 
+// Returns whether a reader must take its value from the element of that name. In a standard read it notes the name.
+inline bool TakesElement(STEPtransfer* t, const char* name) {
+  if (!t->byName) return false;
+  if (t->xml) return true;
+  if (t->items.depth == 0) t->attribute = name;
+  return false;
+}
+
 // Returns the kind of the attribute's first token, after a comma if there is one. A `;` closes the record: from then on
 // it returns TOK_SEMI and reads nothing, so each further reader returns its neutral value.
 int NextAttrToken(STEPtransfer* t);

@@ -2,11 +2,12 @@
 
 #include "model/current_model.h"
 #include "read/items.h"
+#include "read/sections.h"
+#include "read/standard_data.h"
 #include "read/tokeniser.h"
 #include "read/transfer/report.h"
 #include "read/transfer/wide_read.h"
 #include "steprt/standard.h"
-#include "steprt/text.h"
 #include "support/memory.h"
 
 namespace steprt {
@@ -35,6 +36,7 @@ bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
   }
   if (part) complex->Add(part);
   CloseOpenItems(t);
+  t->attribute = nullptr;
   if (t->lastToken == TOK_SEMI) return false;
   const int token = NextToken(t, ')', TOK_CLOSE);
   if (token == TOK_CLOSE) return true;
@@ -44,9 +46,9 @@ bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
   return t->lastToken != TOK_SEMI;
 }
 
-// Keeps the keyword of a part and passes over its values. Returns false if the record has ended.
+// Keeps the keyword of a part, which has been reported, and passes over its values. Returns false if the record has
+// ended.
 bool KeepUnknownPart(STEPtransfer* t, STEPcomplex* complex) {
-  ReportError(t, kUnknownEntity, t->where);
   const CurrentModelScope none(nullptr);
   if (auto* part = MakeOrNull<STEPheader>()) {
     part->Id(t->where);
@@ -55,7 +57,9 @@ bool KeepUnknownPart(STEPtransfer* t, STEPcomplex* complex) {
     ReportError(t, kOutOfMemory);
   }
   t->lastToken = kNoToken;
+  t->wide->isSkipping = true;
   SkipToClose(t, 1);
+  t->wide->isSkipping = false;
   return t->lastToken != TOK_SEMI;
 }
 
@@ -70,12 +74,12 @@ void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
     int token = NextToken(t, ')', TOK_CLOSE);
     if (token == TOK_CLOSE) return;
     if (token != TOK_NAME) return RefuseToken(t, token);
-    Copy(t->where, t->value.text, kWhereLimit);
-    const APPentity* row = t->lookups.FindEntityByName(t->value.text);
+    const APPentity* row = EnterKeyword(t, t->lookups.FindEntityByName(t->value.text));
+    const int errors = t->errors;
+    if (!row) ReportError(t, kUnknownEntity, t->value.text);
     token = NextToken(t, '(', TOK_OPEN);
     if (token != TOK_OPEN) return RefuseToken(t, token);
-    const int errors = t->errors;
-    if (row && row->read ? ReadPart(t, *row, complex) : KeepUnknownPart(t, complex)) continue;
+    if (row ? ReadPart(t, *row, complex) : KeepUnknownPart(t, complex)) continue;
     t->pushedToken = TOK_SEMI;
     if (t->errors == errors) ReportError(t, kSyntax);
     return;
@@ -97,3 +101,17 @@ void ReadComplex(STEPtransfer* t, STEPentry* entry) {
 }  // namespace steprt
 
 bool rSTEPispart(STEPtransfer* t) { return t->wide && t->wide->isPart; }
+
+const char* rSTEPkeyword(STEPtransfer* t) {
+  return t->wide && t->wide->record.keyword ? t->wide->record.keyword : t->where;
+}
+
+std::uint64_t rSTEPinstance(STEPtransfer* t) { return t->wide ? t->wide->record.instance : 0; }
+
+STEPheader* rSTEPabstract(STEPtransfer* t) {
+  if (t->xml) return nullptr;
+  steprt::ReportError(t, steprt::kSyntax);
+  steprt::SkipToSemicolon(t);
+  t->lastToken = TOK_SEMI;
+  return nullptr;
+}

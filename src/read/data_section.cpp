@@ -2,11 +2,10 @@
 
 #include <cstring>
 
-#include "read/complex.h"
+#include "read/begin_record.h"
 #include "read/items.h"
 #include "read/sections.h"
 #include "read/tokeniser.h"
-#include "read/transfer/instance_table.h"
 #include "read/transfer/report.h"
 
 namespace steprt {
@@ -33,47 +32,17 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   RefuseRecord(t, kSyntax);
 }
 
-// Tells the instance table now and then how many numbers to expect, from the length of the records so far.
-void ExpectFurther(STEPtransfer* t) {
-  constexpr std::uint32_t kRecords = 16;
-  EntryIndex& entries = t->store->entries;
-  const std::uint32_t count = entries.Count();
-  if (count % kRecords == 0) entries.Expect(count * t->file.in->Growth());
-}
-
-// Refuses a record that has no keyword where there should be one. In the library's own form it ends the read.
-[[gnu::noinline]] bool RefuseKeyword(STEPtransfer* t, int token) {
-  if (!t->wide) return false;
-  t->pushedToken = token;
-  RefuseRecord(t, kSyntax);
-  return true;
-}
-
-// Reads the record of a complex instance, of which the first `(` has been read. The library's own form has none.
-[[gnu::noinline]] bool ReadComplexRecord(STEPtransfer* t, STEPentry* entry) {
-  if (!t->wide) return false;
-  ReadComplex(t, entry);
-  SkipToSemicolon(t);
-  return true;
-}
-
 // record = "#" number "=" NAME "(" attributes ")" ";", of which the number has been read
 //
 // The number counts as used from here on, even if the record turns out to be bad. Returns false if the record breaks
 // off before its keyword and ends the read. The record of a complex instance does.
 bool ReadRecord(STEPtransfer* t, int number) {
-  t->store->prefetcher.SeeRecord(number);
-  ExpectFurther(t);
-  STEPentry* entry = RegisterEntry(t, number);
+  STEPentry* entry = BeginRecord(t, number);
   if (!entry) {
     RefuseRecord(t, kOutOfMemory);
     return true;
   }
-  int token = NextToken(t, '=', TOK_EQUAL);
-  if (token != TOK_EQUAL) return RefuseKeyword(t, token);
-  token = NextToken(t);
-  if (token == TOK_OPEN) return ReadComplexRecord(t, entry);
-  if (token != TOK_NAME) return RefuseKeyword(t, token);
+  if (NextToken(t, '=', TOK_EQUAL) != TOK_EQUAL || NextToken(t) != TOK_NAME) return false;
   std::memcpy(t->where, t->value.text, kWhereLimit);  // what follows a shorter name does no harm
   if (const APPentity* row = t->lookups.FindEntityByName({t->value.text, t->nameLength})) {
     ReadBrackets(t, *row, entry);
@@ -90,11 +59,7 @@ int ReadDataSection(STEPtransfer* t) {
   for (;;) {
     const int token = NextToken(t, ';', TOK_SEMI);
     if (token == TOK_EOF) return SEC_NONE;
-    if (token == TOK_NAME) {
-      const int code = SectionCode(t->value.text);
-      if (code != SEC_NONE || !t->wide) return code;
-      RefuseRecord(t, kSyntax);
-    }
+    if (token == TOK_NAME) return SectionCode(t->value.text);
     if (token != TOK_REF) continue;  // the `;` after a record as well
     if (!ReadRecord(t, t->value.integer)) return SEC_NONE;
   }

@@ -15,7 +15,10 @@ namespace {
 // end of the record in place of a field is reported once.
 class Fields {
  public:
-  explicit Fields(STEPtransfer* t) : t_(t) {}
+  Fields(STEPtransfer* t, const char* keyword) : t_(t) { t->wide->record.keyword = keyword; }
+  ~Fields() { t_->wide->record.keyword = nullptr; }
+  Fields(const Fields&) = delete;
+  Fields& operator=(const Fields&) = delete;
 
   Fields& Text(STEPstring& out) {
     out = "";
@@ -63,14 +66,14 @@ class Fields {
 STEPheader* ReadFileDescription(STEPtransfer* t) {
   STEPfileHeader* header = t->wide->options.header;
   if (!header) return PassOverHeaderRecord(t);
-  Fields(t).List(header->description).Text(header->implementationLevel);
+  Fields(t, "FILE_DESCRIPTION").List(header->description).Text(header->implementationLevel);
   return nullptr;
 }
 
 STEPheader* ReadFileName(STEPtransfer* t) {
   STEPfileHeader* header = t->wide->options.header;
   if (!header) return PassOverHeaderRecord(t);
-  Fields(t)
+  Fields(t, "FILE_NAME")
       .Text(header->name)
       .Text(header->timeStamp)
       .List(header->author)
@@ -85,7 +88,7 @@ STEPheader* ReadFileName(STEPtransfer* t) {
 STEPheader* ReadFileSchema(STEPtransfer* t) {
   WideRead& wide = *t->wide;
   STEPtexts names;
-  Fields(t).List(names);
+  Fields(t, "FILE_SCHEMA").List(names);
   if (names.Count() == 0) return nullptr;
   wide.schemas->Swap(names);
   wide.searchedSchema = nullptr;

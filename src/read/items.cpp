@@ -164,12 +164,12 @@ bool EnterElement(STEPtransfer* t, const char* text) {
   items.isInElement = true;
   t->file.in = items.input.get();
   t->pushedToken = t->lastToken = kNoToken;
-  t->xml = false;
+  t->xml = t->byName = false;
   return true;
 }
 
 void LeaveElement(STEPtransfer* t) {
-  t->xml = true;
+  t->xml = t->byName = true;
   t->pushedToken = t->lastToken = kNoToken;
   t->file.in = nullptr;
   t->items.isInElement = false;
@@ -230,13 +230,15 @@ const char* OpenFromElement(STEPtransfer* t, const char* name) {
 }  // namespace
 
 STEPitem rSTEPkind(STEPtransfer* t, const char* name) {
-  return t->xml ? KindOfElement(ElementValue(t, name)) : Peek(t);
+  return TakesElement(t, name) ? KindOfElement(ElementValue(t, name)) : Peek(t);
 }
 
-STEPitem rSTEPnull(STEPtransfer* t, const char* name) { return t->xml ? NullFromElement(t, name) : NullFromTokens(t); }
+STEPitem rSTEPnull(STEPtransfer* t, const char* name) {
+  return TakesElement(t, name) ? NullFromElement(t, name) : NullFromTokens(t);
+}
 
 const char* rSTEPopen(STEPtransfer* t, const char* name) {
-  return t->xml ? OpenFromElement(t, name) : OpenFromTokens(t);
+  return TakesElement(t, name) ? OpenFromElement(t, name) : OpenFromTokens(t);
 }
 
 void rSTEPclose(STEPtransfer* t) {
@@ -245,12 +247,12 @@ void rSTEPclose(STEPtransfer* t) {
   if (--t->items.depth == 0 && t->items.isInElement) LeaveElement(t);
 }
 
-void rSTEPskip(STEPtransfer* t, const char* /*name*/) {
-  if (!t->xml) SkipValue(t);
+void rSTEPskip(STEPtransfer* t, const char* name) {
+  if (!TakesElement(t, name)) SkipValue(t);
 }
 
-bool rSTEPrefuse(STEPtransfer* t, const char* /*name*/, const char* message) {
-  if (t->xml) return false;
+bool rSTEPrefuse(STEPtransfer* t, const char* name, const char* message) {
+  if (TakesElement(t, name)) return false;
   Peek(t);
   if (t->lastToken != TOK_SEMI) ReportError(t, message);
   SkipValue(t);
@@ -258,7 +260,7 @@ bool rSTEPrefuse(STEPtransfer* t, const char* /*name*/, const char* message) {
 }
 
 const char* rSTEPtoken(STEPtransfer* t, const char* name) {
-  return t->xml ? ElementValue(t, name) : TokenFromTokens(t);
+  return TakesElement(t, name) ? ElementValue(t, name) : TokenFromTokens(t);
 }
 
 void steprt::SkipToClose(STEPtransfer* t, long long depth) {

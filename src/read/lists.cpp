@@ -8,6 +8,7 @@
 #include "read/items.h"
 #include "read/list_appender.h"
 #include "read/tokeniser.h"
+#include "read/transfer/place.h"
 #include "read/transfer/report.h"
 #include "steprt/read.h"
 #include "xml/values/element.h"
@@ -51,8 +52,10 @@ void ListFromTokens(STEPtransfer* t, STEPaggr** out, NullList nullList, const ch
       token = NextItemToken(t);
       if (token == TOK_CLOSE) return;
     } while (appendItem(token, list));
+    NoteFault(t);
     SkipRestOfList(t, token, isAsked);
   } else {
+    NoteFault(t);
     SkipAttribute(t, token);
   }
   ReportError(t, message);
@@ -160,21 +163,21 @@ void TextsFromElement(STEPtransfer* t, const char* name, STEPaggr** out) {
 }  // namespace
 
 void xrSTEPaggr(STEPtransfer* t, const char* name, STEPaggr** out, int expected, bool allowNull) {
-  if (t->xml) return ReferencesFromElement(t, name, out, expected, allowNull);
+  if (TakesElement(t, name)) return ReferencesFromElement(t, name, out, expected, allowNull);
   ReferencesFromTokens(t, out, expected, allowNull);
 }
 
 void xrSTEPaggrPrim(STEPtransfer* t, const char* name, STEPaggr** out) {
-  if (t->xml) return RealsFromElement(t, name, out);
+  if (TakesElement(t, name)) return RealsFromElement(t, name, out);
   RealsFromTokens(t, out);
 }
 
 void xrSTEPaggrEnum(STEPtransfer* t, STEPaggr** out, const char** names, int count) {
-  if (t->xml) return EnumeratorsFromElement(t, out);
+  if (TakesElement(t, nullptr)) return EnumeratorsFromElement(t, out);
   EnumeratorsFromTokens(t, out, names, count);
 }
 
 void xrSTEPtextAggr(STEPtransfer* t, const char* name, STEPaggr** out) {
-  if (t->xml) return TextsFromElement(t, name, out);
+  if (TakesElement(t, name)) return TextsFromElement(t, name, out);
   TextsFromTokens(t, out);
 }

@@ -7,6 +7,7 @@
 #include "read/attribute.h"
 #include "read/tokeniser.h"
 #include "read/transfer/instance_table.h"
+#include "read/transfer/place.h"
 #include "read/transfer/report.h"
 #include "steprt/read.h"
 #include "steprt/select.h"
@@ -24,6 +25,7 @@ constexpr int kAnyType = -1;
 // The skip comes before the report, unlike for scalars: the report names the line that the skip has reached.
 // This is intended (Attributes.GiveWhatTheirRowsSay).
 void RefuseReference(STEPtransfer* t, int token) {
+  NoteFault(t);
   SkipAttribute(t, token);
   ReportError(t, kMissingReference);
 }
@@ -55,9 +57,16 @@ void ReferenceFromElement(STEPtransfer* t, const char* name, STEPheader** slot, 
   *slot = nullptr;
 }
 
+// As below, but a record that made no instance is reported, and one may refer to itself.
+[[gnu::noinline]] void WideSelectReference(STEPtransfer* t, int number, STEPselect* select) {
+  const StoredReference stored = StoreReference(t, number, kAnyType, &select->value.object);
+  select->SetSTEPobj(stored.entry ? stored.entry->object : nullptr);
+}
+
 // A number of a record that made no instance is a null object, without a report. No type is tested: the select takes
 // every one. A forward reference is a null object until the end of the transfer.
 void SelectReference(STEPtransfer* t, int number, STEPselect* select) {
+  if (t->wide) return WideSelectReference(t, number, select);
   if (const STEPentry* entry = FindEntry(t, number)) return select->SetSTEPobj(entry->object);
   if (!AddFixup(t, number, kAnyType, &select->value.object)) return ReportError(t, kOutOfMemory);
   select->SetSTEPobj(nullptr);
@@ -111,11 +120,11 @@ void SelectFromElement(STEPtransfer* t, const char* name, STEPselect* select) {
 
 // `$` is accepted whatever `allowNull` says. This is intended (References.ANullIsTakenEvenIfItIsNotAllowed).
 void xrSTEPref(STEPtransfer* t, const char* name, STEPheader** slot, int expected, bool /*allowNull*/) {
-  if (t->xml) return ReferenceFromElement(t, name, slot, expected);
+  if (TakesElement(t, name)) return ReferenceFromElement(t, name, slot, expected);
   ReferenceFromTokens(t, slot, expected);
 }
 
 void rSTEPsel(STEPtransfer* t, const char* name, STEPselect* select) {
-  if (t->xml) return SelectFromElement(t, name, select);
+  if (TakesElement(t, name)) return SelectFromElement(t, name, select);
   SelectFromTokens(t, select);
 }

@@ -94,16 +94,22 @@ int KeywordFromElement(STEPtransfer* t, const char* name, const Keywords& keywor
 }
 
 int ReadKeyword(STEPtransfer* t, const char* name, const Keywords& keywords) {
-  return t->xml ? KeywordFromElement(t, name, keywords) : KeywordFromTokens(t, keywords);
+  return TakesElement(t, name) ? KeywordFromElement(t, name, keywords) : KeywordFromTokens(t, keywords);
 }
 
 }  // namespace
 
-char* rSTEPtext(STEPtransfer* t, const char* name) { return t->xml ? TextFromElement(t, name) : TextFromTokens(t); }
+char* rSTEPtext(STEPtransfer* t, const char* name) {
+  return TakesElement(t, name) ? TextFromElement(t, name) : TextFromTokens(t);
+}
 
-int rSTEPint(STEPtransfer* t, const char* name) { return t->xml ? IntFromElement(t, name) : IntFromTokens(t); }
+int rSTEPint(STEPtransfer* t, const char* name) {
+  return TakesElement(t, name) ? IntFromElement(t, name) : IntFromTokens(t);
+}
 
-double rSTEPreal(STEPtransfer* t, const char* name) { return t->xml ? RealFromElement(t, name) : RealFromTokens(t); }
+double rSTEPreal(STEPtransfer* t, const char* name) {
+  return TakesElement(t, name) ? RealFromElement(t, name) : RealFromTokens(t);
+}
 
 bool rSTEPbool(STEPtransfer* t, const char* name) { return ReadKeyword(t, name, kBools) != 0; }
 

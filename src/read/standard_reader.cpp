@@ -9,17 +9,21 @@
 #include <memory>
 
 #include "platform/input_file.h"
-#include "read/data_section.h"
 #include "read/header_fields.h"
 #include "read/header_section.h"
+#include "read/other_section.h"
+#include "read/progress.h"
+#include "read/standard_data.h"
 #include "read/tokeniser.h"
 #include "read/transfer/keywords.h"
+#include "read/transfer/read_store.h"
 #include "read/transfer/references.h"
 #include "read/transfer/report.h"
 #include "read/transfer/transfer.h"
 #include "read/transfer/wide_read.h"
 #include "schema/chain.h"
 #include "steprt/standard.h"
+#include "steprt/text.h"
 #include "support/ascii.h"
 
 namespace {
@@ -32,14 +36,19 @@ void SkipByteOrderMark(InputFile& in) {
   for (const int byte : {0xEF, 0xBB, 0xBF}) {
     if (in.Peek() == byte) in.Get();
   }
+  in.StartLine();
 }
 
-int SkipToEndsec(STEPtransfer* t) {
-  for (;;) {
-    const int token = NextToken(t);
-    if (token == TOK_EOF) return SEC_NONE;
-    if (token == TOK_NAME && SectionCode(t->value.text) == SEC_ENDSEC) return SEC_ENDSEC;
-  }
+// Passes over data of another schema.
+int SkipData(STEPtransfer* t) {
+  t->wide->isSkipping = true;
+  int token;
+  do {
+    NoteProgress(t);
+    token = NextToken(t);
+  } while (token != TOK_EOF && !(token == TOK_NAME && SectionCode(t->value.text) == SEC_ENDSEC));
+  t->wide->isSkipping = false;
+  return token == TOK_EOF ? SEC_NONE : SEC_ENDSEC;
 }
 
 // Whether data of the model's schema may follow.
@@ -54,7 +63,7 @@ int SkipOther(STEPtransfer* t) {
   for (const char* name : {"ANCHOR", "REFERENCE", "SIGNATURE"}) {
     if (!EqualNoCase(t->value.text, name)) continue;
     ReportError(t, kSectionNotRead, name);
-    return SkipToEndsec(t);
+    return PassOverSection(t);
   }
   return SEC_ENDSEC;
 }
@@ -65,7 +74,7 @@ int ReadSection(STEPtransfer* t) {
     case SEC_HEADER:
       return ReadHeaderSection(t, WideHeaderSchema());
     case SEC_DATA:
-      return IsOfSchema(t) ? ReadDataSection(t) : SkipToEndsec(t);
+      return IsOfSchema(t) ? ReadStandardData(t) : SkipData(t);
     case SEC_ENDSEC:
       return Refuse(t, kMissingSection, SEC_ENDSEC);
     case SEC_NONE:
@@ -78,6 +87,8 @@ int ReadSection(STEPtransfer* t) {
 void ReadSections(STEPtransfer* t) {
   int token;
   while ((token = NextToken(t)) != TOK_EOF) {
+    NoteProgress(t);
+    t->wide->record = {};
     if (token == TOK_NAME && ReadSection(t) != SEC_ENDSEC) ReportError(t, kMissingEndsec);
   }
 }
@@ -98,6 +109,15 @@ void ReadFile(STEPtransfer* t, std::string_view memory, bool isInMemory) {
   CheckStart(t);
   ReadSections(t);
   ResolveFixups(t);
+  TellEnd(t);
+}
+
+// A file in memory may have no name.
+TransferOwner Begin(const char* name, APPobject0* schema, bool isInMemory) {
+  if (!isInMemory || *name) return BeginRead(name, schema, false);
+  TransferOwner t = NewReadTransfer(kMemoryName, ErrorProcOf(schema), schema, false);
+  if (t) Copy(t->where, "Read", kWhereLimit);
+  return t;
 }
 
 }  // namespace
@@ -106,9 +126,11 @@ int STEPreadStandard(const char* name, const char* bytes, std::size_t size, APPo
                      const STEPreadOptions* options) {
   if (!name || !schema) return kNoTransfer;
   WideRead wide(options ? *options : STEPreadOptions());
-  const TransferOwner t = BeginRead(name, schema, false);
+  const TransferOwner t = Begin(name, schema, bytes != nullptr);
   if (!t) return kNoTransfer;
   t->wide = &wide;
+  t->byName = true;
+  t->store->fixupPool.Close();
   ReadFile(t.get(), bytes ? std::string_view(bytes, size) : std::string_view(), bytes != nullptr);
   return t->errors;
 }

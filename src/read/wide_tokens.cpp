@@ -36,8 +36,8 @@ class WideSink {
 
   // Ends the token and returns it. What memory did not hold is reported, and so is what was beyond the limit.
   char* End() {
-    if (isLost_) ReportError(t_, kOutOfMemory);
-    if (isCut_) ReportError(t_, kTooLong);
+    if (isLost_) ReportErrorAt(t_, PlaceOfSlowToken(t_), kOutOfMemory);
+    if (isCut_ && !wide_.isSkipping) ReportErrorAt(t_, PlaceOfSlowToken(t_), kTooLong);
     if (wide_.isLong && wide_.token.Chars()) return wide_.token.Chars();
     t_->buffer[wide_.isLong ? kTokenLimit : count_] = '\0';
     wide_.isLong = false;
@@ -68,58 +68,100 @@ int PutUpTo(STEPtransfer* t, const ByteSet& ends, WideSink& sink) {
     sink.Put(start, static_cast<std::size_t>(p - start));
     in.MoveTo(p);
     if (p != in.Limit()) return static_cast<unsigned char>(*p);
+    KeepSlowToken(t);
     if (!in.Refill()) return InputFile::kEnd;
   }
+}
+
+// The next byte after one of a slow token.
+int PeekInToken(STEPtransfer* t) {
+  if (t->file.in->Cursor() == t->file.in->Limit()) KeepSlowToken(t);
+  return t->file.in->Peek();
+}
+
+// Reports a token of the file that has a place of its own.
+void ReportToken(STEPtransfer* t, const char* message) { ReportErrorAt(t, PlaceOfSlowToken(t), message); }
+
+// The same for a value that nobody uses while a record is skipped: the record has been reported.
+void ReportValue(STEPtransfer* t, const char* message) {
+  if (!t->wide->isSkipping) ReportToken(t, message);
 }
 
 // Whether a comment begins at the cursor, where there is a "/".
 bool StartsComment(STEPtransfer* t, WideSink& sink) {
   t->file.in->Get();
-  if (t->file.in->Peek() == '*') return true;
+  if (PeekInToken(t) == '*') return true;
   sink.Put("/", 1);
   return false;
 }
 
+// Reads a comment that ends a word, and leaves the word the token that was read last.
+void SkipCommentAfterWord(STEPtransfer* t) {
+  KeepSlowToken(t);
+  const SlowToken word = t->wide->slow;
+  SkipComment(t);
+  t->wide->slow = word;
+}
+
 void PutBinary(STEPtransfer* t, WideSink& sink) {
-  if (PutUpTo(t, kStopsWord, sink) != '"') return;  // a binary without an end
+  if (PutUpTo(t, kStopsWord, sink) != '"') return ReportValue(t, kUnterminatedBinary);
   t->file.in->Get();
   sink.Put("\"", 1);
 }
 
-std::uint64_t NameNumber(const char* digits) {
-  std::uint64_t number = 0;
+struct Number {
+  std::uint64_t value;
+  bool isWhole;     // the text is digits and nothing else
+  bool isTooLarge;  // for 64 bits
+};
+
+Number ParseNumber(const char* digits) {
+  Number number = {0, *digits != '\0', false};
   for (; *digits >= '0' && *digits <= '9'; ++digits) {
     const auto digit = static_cast<std::uint64_t>(*digits - '0');
-    if (number > (UINT64_MAX - digit) / 10) return UINT64_MAX;
-    number = number * 10 + digit;
+    number.isTooLarge = number.isTooLarge || number.value > (UINT64_MAX - digit) / 10;
+    number.value = number.value * 10 + digit;
   }
+  number.isWhole = number.isWhole && *digits == '\0';
   return number;
 }
 
+// The name 0, which no record may have, is left to the caller, as by the fast path.
+int NumberOfName(STEPtransfer* t, const Number& name) {
+  if (!name.isWhole || name.isTooLarge) {
+    ReportValue(t, name.isTooLarge ? kNameOutOfRange : kInvalidName);
+    return kRefusedName;
+  }
+  if (name.value <= INT_MAX) return static_cast<int>(name.value);
+  const int number = t->wide->bigNames.NumberOf(name.value);
+  if (number != 0) return number;
+  ReportToken(t, kOutOfMemory);
+  return kRefusedName;
+}
+
 int ReferenceToken(STEPtransfer* t, const char* word) {
-  const std::uint64_t name = NameNumber(word + 1);
-  t->value.integer = name <= INT_MAX ? static_cast<int>(name) : t->wide->bigNames.NumberOf(name);
-  if (name > INT_MAX && t->value.integer == 0) ReportError(t, kOutOfMemory);
+  t->value.integer = NumberOfName(t, ParseNumber(word + 1));
   return TOK_REF;
 }
 
 int IntegerToken(STEPtransfer* t, const char* word) {
-  const char* digits = *word == '-' || *word == '+' ? word + 1 : word;
-  const std::uint64_t size = NameNumber(digits);
+  const Number size = ParseNumber(*word == '-' || *word == '+' ? word + 1 : word);
   const bool isNegative = *word == '-';
   const std::uint64_t limit = isNegative ? std::uint64_t{INT_MAX} + 1 : INT_MAX;
-  if (size > limit) {
-    ReportError(t, kIntegerOutOfRange);
+  if (size.isTooLarge || size.value > limit) {
+    ReportValue(t, kIntegerOutOfRange);
     t->value.integer = isNegative ? INT_MIN : INT_MAX;
   } else {
-    t->value.integer = isNegative ? static_cast<int>(-static_cast<std::int64_t>(size)) : static_cast<int>(size);
+    const auto value = static_cast<std::int64_t>(size.value);
+    t->value.integer = static_cast<int>(isNegative ? -value : value);
   }
   return TOK_INT;
 }
 
 int WideClassifyWord(STEPtransfer* t, char* word) {
   if (word[0] == '#') return ReferenceToken(t, word);
-  const bool isName = IsLetter(word[0]) || word[0] == '_' || (word[0] == '!' && IsLetter(word[1]));
+  const bool isMarked = (word[0] == '!' || word[0] == '&') && IsLetter(word[1]);
+  const bool isName = IsLetter(word[0]) || word[0] == '_' || isMarked;
   if (isName || (word[0] == '.' && IsLetter(word[1]))) {
     t->value.text = word;
     t->nameLength = std::strlen(word);
@@ -134,19 +176,24 @@ int WideClassifyWord(STEPtransfer* t, char* word) {
 
 bool SkipComment(STEPtransfer* t) {
   InputFile& in = *t->file.in;
-  if (in.Peek() != '*') return false;
+  BeginSlowToken(t);
+  if (PeekInToken(t) != '*') return false;
   in.Get();
   for (int before = 0;;) {
+    if (in.Cursor() == in.Limit()) KeepSlowToken(t);
     const int c = in.Get();
-    if (c == InputFile::kEnd) return Refuse(t, kUnterminatedComment, true);
     if (c == '\n') CountLine(t);
     if (c == '/' && before == '*') return true;
     before = c;
+    if (c != InputFile::kEnd) continue;
+    ReportToken(t, kUnterminatedComment);
+    return true;
   }
 }
 
 bool ScanWideText(STEPtransfer* t) {
   InputFile& in = *t->file.in;
+  BeginSlowToken(t);
   WideSink sink(t);
   for (;;) {
     const int c = PutUpTo(t, kStopsText, sink);
@@ -154,19 +201,22 @@ bool ScanWideText(STEPtransfer* t) {
     in.Get();
     if (c == '\n') CountLine(t);
     if (c != '\'') continue;
-    if (in.Peek() != '\'') {
+    if (PeekInToken(t) != '\'') {
       t->value.text = sink.End();
+      EndSlowToken(t);
       return true;
     }
     in.Get();
     sink.Put("'", 1);
   }
   t->value.text = sink.End();
-  ReportError(t, kUnterminatedText);
+  EndSlowToken(t);
+  ReportToken(t, kUnterminatedText);
   return false;
 }
 
 int WideWordToken(STEPtransfer* t, char first) {
+  BeginSlowToken(t);
   WideSink sink(t);
   sink.Put(&first, 1);
   if (first == '"') {
@@ -174,7 +224,7 @@ int WideWordToken(STEPtransfer* t, char first) {
   } else {
     while (PutUpTo(t, kStopsWord, sink) == '/') {
       if (!StartsComment(t, sink)) continue;
-      SkipComment(t);
+      SkipCommentAfterWord(t);
       break;
     }
   }
@@ -182,6 +232,7 @@ int WideWordToken(STEPtransfer* t, char first) {
   wide.word = sink.End();
   wide.wordEnd = t->file.in->Cursor();
   wide.wordBlock = t->file.in->Blocks();
+  EndSlowToken(t);
   return WideClassifyWord(t, wide.word);
 }
 

@@ -2,7 +2,7 @@
 //
 //   comment = "/*" {any byte} "*/", between any two tokens
 //   text    = over several lines and of any length; line ends inside it do not belong to it
-//   word    = of any length; a comment ends it; "!" before a letter makes it a name
+//   word    = of any length; a comment ends it; "!" or "&" before a letter makes it a name
 //   binary  = '"' {digit | letter} '"', of any length
 //
 // The functions are for slow paths of the tokeniser, in a read that has a WideRead. They are never inlined, so that the

@@ -19,11 +19,14 @@ class Pool {
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
 
-  // A zeroed record, or null when memory runs out.
+  // A zeroed record, or null when memory runs out or the pool is closed before its first record.
   [[nodiscard]] T* Make() {
     if (count_ == chunks_ * kChunk && !AddChunk()) return nullptr;
     return &At(count_++);
   }
+
+  // Makes no record any more.
+  void Close() { isClosed_ = true; }
 
   // The records in the order in which they were made.
   T& At(std::uint32_t i) const { return directory_[i / kChunk][i % kChunk]; }
@@ -33,6 +36,7 @@ class Pool {
   static constexpr std::size_t kLeastChunks = 16;
 
   bool AddChunk() {
+    if (isClosed_) return false;
     if (chunks_ == capacity_ && !GrowDirectory()) return false;
     T* chunk = MakeArrayOrNull<T>(kChunk);
     if (!chunk) return false;
@@ -52,6 +56,7 @@ class Pool {
   std::size_t capacity_ = 0;  // of the directory
   std::size_t chunks_ = 0;    // in it
   std::uint32_t count_ = 0;   // of records
+  bool isClosed_ = false;
 };
 
 }  // namespace steprt

@@ -73,7 +73,10 @@ TEST(Standard, TakesCommentsLongTextsAndWideNumbers) {
     2147483648                                         | 2147483648         | (1) [PROBE]Integer out of range
     -99999999999999999999                              | -99999999999999999999 | (1) [PROBE]Integer out of range
     1/2                                                | 1/2                |
-    "0A,1                                              | "0A,1              |
+    "0A,1                                              | "0A,1              | (1) [PROBE]Unterminated binary
+    "                                                  | "                  | (1) [PROBE]Unterminated binary
+    #PI,#,#0,#12X,1                                    | #PI,#,#0,#12X,1    | (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name
+    #18446744073709551616                              | #18446744073709551616 | (1) [PROBE]Instance name out of range
   )",
                                 3)) {
     EXPECT_EQ(ItemsOfRecord(row[0]), Row(row[1], row[2])) << row[0];
@@ -130,6 +133,29 @@ TEST(Standard, ReadsOnToTheEndOfTheFile) {
            {start + "DATA;#1=PERSON(1);" + end + data,
             {"(3) [PERSON]Missing ENDSEC", "(3) [PERSON]Entity #1 already used"},
             2},
+           {start +
+                "ANCHOR;<o'clock>=#99999999999{a:'ENDSEC;'};<\nx>=$;/*ENDSEC;*/ENDSECT;ENDSEC=1;\"ENDSEC;\"\nendsec "
+                ";" +
+                data + "SIGNATURE;MIIB/+*'ENDSEC;ENDSEC/**/;" + data,
+            {"(2) [FILE_SCHEMA]Section ANCHOR is not read", "(4) [PERSON]Section SIGNATURE is not read",
+             "(4) [PERSON]Missing ENDSEC"},
+            1},
+           {start + "REFERENCE;<",
+            {"(2) [FILE_SCHEMA]Section REFERENCE is not read", "(2) [FILE_SCHEMA]Missing ENDSEC"},
+            0},
+           {start +
+                "DATA;#1=&SCOPE #2=PERSON(2);#3=&SCOPE\n#4=PERSON(4);ENDSCOPE PERSON(3);ENDSCOPE/#2,\n#4/"
+                "PERSON(1);#5=PERSON(5);ENDSEC;" +
+                end,
+            {},
+            5},
+           {start + "DATA;#1=&SCOPE #2=PERSON(2);ENDSEC;" + end, {"(2) [PERSON]Syntax"}, 1},
+           {start +
+                "DATA;#1=&SCOPE ENDSCOPE;#2=PERSON(2);ENDSCOPE PERSON(1);#3=&SCOPE ENDSCOPE /#3;#4=PERSON(4);ENDSEC;" +
+                end,
+            {"(2) [FILE_SCHEMA]Syntax", "(2) [PERSON]Syntax", "(2) [PERSON]Syntax"},
+            2},
+           {start + "DATA(;#1=PERSON(1);ENDSEC;" + end, {}, 1},
            {start + "ENDSEC;" + data + end, {"(2) [FILE_SCHEMA]Missing section"}, 1},
            {start + "DATA;#1=PERSON(1);/* to the end",
             {"(2) [PERSON]Unterminated comment", "(2) [PERSON]Missing ENDSEC"},
@@ -165,8 +191,16 @@ TEST(Standard, TakesInstanceNamesOf64Bits) {
             (Outcome{0, {}, {"PERSON(1)", "PROBE(@1,@3,@4)", "PERSON(2)", "PERSON(3)"}}));
   EXPECT_EQ(
       ReadBothWays(InFrame("#1=PROBE(#99999999999,#2,#3);#88888888888=PERSON(1);#88888888888=PERSON(2);")).reports,
-      (Texts{"(1) [PERSON]Entity #88888888888 already used", "(1) [PERSON]Unknown reference #3",
-             "(1) [PERSON]Unknown reference #2", "(1) [PERSON]Unknown reference #99999999999"}));
+      (Texts{"(1) [PERSON]Entity #88888888888 already used", "(1) [PROBE]Unknown reference #3",
+             "(1) [PROBE]Unknown reference #2", "(1) [PROBE]Unknown reference #99999999999"}));
+  EXPECT_EQ(ReadBothWays(InFrame("#1=PROBE(#PI,#0,#18446744073709551616);#PI=PERSON(1);#=PERSON(1);#0=PERSON(1);\n"
+                                 "#18446744073709551616=PERSON(1);#2=PERSON(2);")),
+            (Outcome{7,
+                     {"(1) [PROBE]Invalid instance name", "(1) [PROBE]Instance name out of range",
+                      "(1) [PROBE]Invalid instance name", "(1) [PROBE]Invalid instance name",
+                      "(1) [PROBE]Invalid instance name", "(2) [PROBE]Instance name out of range",
+                      "(1) [PROBE]Unknown reference #0"},
+                     {"PROBE(kept,kept,kept)", "PERSON(2)"}}));
   std::string records;
   for (int i = 0; i < 1000; ++i) records += "#" + std::to_string(5'000'000'000 + i * 77) + "=PERSON(1);";
   EXPECT_EQ(ReadStandard(InFrame(records)).population.size(), 1000U);

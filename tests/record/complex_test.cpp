@@ -62,7 +62,13 @@ struct Shape : steprt::AbstractEntity<Shape, 6> {
   void Describe(steprt::Description& d) override { d("Label", Label); }
 };
 
-auto schema = steprt::Schema<Curve, Spline, Rational, Unit, User, Shape>("CURVES", CollectReport);
+// Nothing can be made of this class, not even a part.
+struct Bare : steprt::AbstractEntity<Bare, 7> {
+  static constexpr const char* kKeyword = "BARE";
+  virtual double Length() = 0;
+};
+
+auto schema = steprt::Schema<Curve, Spline, Rational, Unit, User, Shape, Bare>("CURVES", CollectReport);
 
 struct Reading {
   steprt::Model model{&schema};
@@ -121,7 +127,7 @@ TEST(Complex, IsFoundByItsParts) {
       "#1=USER(#2,(#2,#3,$),#2);#2=(UNIT()CURVE('c')SPLINE(3,()));#3=UNIT();"
       "#4=USER(#2,(#2),#5);#5=(UNIT());#6=USER(#5,(#7),#7);#7=CURVE('no unit');");
   EXPECT_THAT(read.reports, ElementsAre("(1) [USER]Reference to wrong object type ''",
-                                        "(1) [CURVE]Reference to wrong object type ''"));
+                                        "(1) [USER]Reference to wrong object type ''"));
   std::string degrees;
   for (User& user : read.model.All<User>()) {
     degrees += user.One.Get() ? std::to_string(user.One->Degree.Get()) : "-";
@@ -146,10 +152,9 @@ TEST(Complex, IsReadOnHoweverItIsDamaged) {
   };
   for (const Row& row : {
            Row{"(CURVE('c')OTHER(1,(2,'x)'),$)UNIT())", "CURVE('c') ?OTHER UNIT()", {"[OTHER]Unknown entity OTHER"}},
-           Row{"(SHAPE('l')UNIT())", "?SHAPE UNIT()", {"[SHAPE]Unknown entity SHAPE"}},
-           Row{"(" + name + "())",
-               "?" + name.substr(0, 63),
-               {"[" + name.substr(0, 63) + "]Unknown entity " + name.substr(0, 63)}},
+           Row{"(SHAPE('l')UNIT())", "SHAPE('l') UNIT()", {}},
+           Row{"(BARE('l')UNIT())", "?BARE UNIT()", {"[BARE]Unknown entity BARE"}},
+           Row{"(" + name + "())", "?" + name.substr(0, 63), {"[" + name.substr(0, 63) + "]Unknown entity " + name}},
            Row{"(CURVE('c',(5),6)UNIT())", "CURVE('c') UNIT()", {"[CURVE]Syntax"}},
            Row{"(CURVE()UNIT(7))", "CURVE($) UNIT()", {"[CURVE]Missing text", "[UNIT]Syntax"}},
            Row{"(CURVE('c'", "CURVE('c')", {"[CURVE]Syntax"}},
@@ -175,6 +180,22 @@ TEST(Complex, IsLeftOutOfAWrittenFile) {
   Reading read("#1=(UNIT());#2=UNIT();");
   EXPECT_EQ(read.model.Write(TempPath("complex.stp")), 1);
   EXPECT_THAT(TakeReports(TempPath("complex.stp")).size(), 1U);
+}
+
+// As a whole record it is a fault, in every form.
+TEST(Complex, OnlyHasPartsOfAbstractEntities) {
+  Reading read("#1=SHAPE('l',(1;#2=SHAPE(2));#3=SHAPE;#4=BARE('b');#5=UNIT();");
+  EXPECT_THAT(read.Population(), ElementsAre("UNIT()"));
+  EXPECT_THAT(read.reports,
+              ElementsAre("(1) [SHAPE]Syntax", "(1) [SHAPE]Syntax", "(1) [SHAPE]Syntax", "(1) [BARE]Syntax"));
+  steprt::Model model(&schema);
+  const std::string path = steprt_test::MakeFile(
+      "abstract.stp",
+      "ISO-10303-21;HEADER;ENDSEC;DATA;#1=SHAPE('l',(1);#2=BARE('b');#3=UNIT();ENDSEC;END-ISO-10303-21;");
+  EXPECT_EQ(model.Read(path), 2);
+  EXPECT_THAT(TakeReports(path), ElementsAre("(1) [SHAPE]Syntax", "(1) [BARE]Syntax"));
+  EXPECT_EQ(Count<Unit>(model), 1);
+  EXPECT_EQ(model.Inst()->NextHead(), nullptr);
 }
 
 // The values of a supertype are in its own part, also if a subtype's part comes first.
@@ -204,6 +225,11 @@ TEST(Complex, IsMadeByAProgram) {
   user->Any.SetObject(complex);
   EXPECT_EQ(user->Any.Get<Spline>(), spline);
   EXPECT_EQ(user->Any.Get<User>(), nullptr);
+  user->One.SetObject(complex);
+  EXPECT_EQ(user->One.Get(), spline);
+  EXPECT_TRUE(user->One.IsPresent());
+  user->One.SetObject(nullptr);
+  EXPECT_TRUE(user->One.IsOmitted());
   EXPECT_EQ(Count<Unit>(model), 1);
   EXPECT_STREQ(spline->EntityName(), "SPLINE");
   delete complex;

@@ -27,6 +27,8 @@ InputFile* InputFile::MemoryOrNull() { return new (std::nothrow) InputFile(-1, 0
 
 void InputFile::Restart(std::string_view text) {
   memory_ = text;
+  size_ = text.size();
+  taken_ = lineStart_ = 0;
   before_ = '\n';
   ended_ = failed_ = false;
   cursor_ = limit_ = block_;
@@ -54,8 +56,15 @@ std::size_t InputFile::ReadBlock() {
   return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
+// Notes where the line began that goes on after this block.
+void InputFile::NoteLineStart() {
+  const std::size_t lineFeed = std::string_view(block_, static_cast<std::size_t>(limit_ - block_)).rfind('\n');
+  if (lineFeed != std::string_view::npos) lineStart_ = OffsetOf(block_ + lineFeed + 1);
+}
+
 bool InputFile::Refill() {
   if (ended_) return false;
+  NoteLineStart();
   if (limit_ != block_) before_ = limit_[-1];
   const std::size_t count = ReadBlock();
   ended_ = count == 0;

@@ -1,10 +1,12 @@
-// Every text of a transfer that a user can see. Each is written here and nowhere else.
+// Every text of a transfer that a user can see. Each is written here and nowhere else. Those of reads have a code in
+// codes.cpp.
 #ifndef STEPRT_READ_TRANSFER_MESSAGES_H
 #define STEPRT_READ_TRANSFER_MESSAGES_H
 
 namespace steprt {
 
 inline constexpr char kReportCaption[] = "STEP error";
+inline constexpr char kMemoryName[] = "memory";  // of a file that has no name
 inline constexpr char kNoXmlService[] = "Msxml3 is not installed on this computer";
 
 // Files and sections.
@@ -50,8 +52,12 @@ inline constexpr char kReferenceToWrongType[] = "Reference to wrong object type 
 
 // Only in a read of ISO 10303-21 as it is published.
 inline constexpr char kUnterminatedComment[] = "Unterminated comment";
+inline constexpr char kUnterminatedBinary[] = "Unterminated binary";
 inline constexpr char kIntegerOutOfRange[] = "Integer out of range";
+inline constexpr char kInvalidName[] = "Invalid instance name";
+inline constexpr char kNameOutOfRange[] = "Instance name out of range";
 inline constexpr char kSectionNotRead[] = "Section %s is not read";
+inline constexpr char kCancelled[] = "Cancelled";
 
 // Only in a write of ISO 10303-21 as it is published.
 inline constexpr char kNoFiniteReal[] = "Real is not finite";

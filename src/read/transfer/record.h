@@ -67,7 +67,7 @@ inline constexpr int kWhereLimit = 63;
 
 struct STEPtransfer {
   STEPtransfer(STEPerrorProc proc, APPobject0* chain, bool isXml)
-      : errorProc(proc), schema(chain), xml(isXml), lookups(chain) {}
+      : errorProc(proc), schema(chain), xml(isXml), byName(isXml), lookups(chain) {}
 
   union {
     steprt::InputFile* in;
@@ -96,6 +96,10 @@ struct STEPtransfer {
   // False also while a value of items.h is open in an element. Always true if there is a wideWrite, so that the writers
   // of clear text need no question of their own for that.
   bool xml;
+
+  // Whether a reader needs the name of its attribute: for its element in XML, and for reports in a standard read.
+  bool byName;
+  const char* attribute = nullptr;  // the one that is read or was read last, in a standard read
 
   // What makes it fast. A writer looks up a row for each instance just as a reader does for each record, so both have
   // the lookups. Everything else serves reading alone.

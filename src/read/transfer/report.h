@@ -3,6 +3,7 @@
 #define STEPRT_READ_TRANSFER_REPORT_H
 
 #include "read/transfer/messages.h"
+#include "read/transfer/place.h"
 #include "read/transfer/record.h"
 
 namespace steprt {
@@ -10,6 +11,10 @@ namespace steprt {
 // Counts an error and passes "STEP error: <file> (<line>) [<where>]", with the message directly after it, to the
 // transfer's error procedure. The text has no limit. When memory runs out for it, "..." replaces the file's name.
 void ReportError(STEPtransfer* t, const char* message);
+
+// In a standard read the report is about the last token, about what NoteFault has noted, or about the reference that is
+// resolved, and the diagnose function of the options receives it too. `place` tells another place.
+void ReportErrorAt(STEPtransfer* t, const Place& place, const char* message);
 
 // The same for a message with one %s or %d in it.
 void ReportError(STEPtransfer* t, const char* message, const char* text);

@@ -20,22 +20,34 @@ bool LongToken::Add(const char* bytes, std::size_t count) {
   return true;
 }
 
-int BigNames::NumberOf(std::uint64_t name) {
-  const auto hashOf = [this](std::uint64_t of) { return HashNumber(of, seed_); };
-  if (!table_.Reserve(1, [&](const Slot& slot) { return hashOf(slot.name); })) return 0;
-  Slot* slot = table_.Find(hashOf(name), [=](const Slot& taken) { return taken.name == name; });
-  if (!slot->IsFree()) return slot->number;
-  const std::size_t index = table_.Count();
-  if (index == capacity_) {
-    std::uint64_t* larger = MakeLargerOrNull(names_, index, &capacity_, kLeast);
-    if (!larger) return 0;
-    delete[] names_;
-    names_ = larger;
+signed char* ComplexTypes::Answer(const STEPheader* complex, int type) {
+  const auto hashOf = [this](const STEPheader* of, int with) {
+    return HashNumber(reinterpret_cast<std::uintptr_t>(of) * 31 + static_cast<std::uint32_t>(with), seed_);
+  };
+  if (!table_.Reserve(1, [&](const Slot& slot) { return hashOf(slot.complex, slot.type); })) return nullptr;
+  Slot* slot = table_.Find(hashOf(complex, type),
+                           [=](const Slot& taken) { return taken.complex == complex && taken.type == type; });
+  if (slot->IsFree()) {
+    *slot = {complex, type, 0};
+    table_.NoteTaken();
   }
-  names_[index] = name;
-  *slot = {name, -static_cast<int>(index) - 1};
-  table_.NoteTaken();
-  return slot->number;
+  return &slot->answer;
+}
+
+STEPfixup* WideFixupOrNull(STEPtransfer* t) {
+  WideRead* const wide = t->wide;
+  WideFixup* const fixup = wide ? wide->fixups.Make() : nullptr;
+  if (!fixup) return nullptr;
+  if (!wide->keptRecord) {
+    if (RecordName* kept = wide->records.Make()) {
+      *kept = wide->record;
+      wide->keptRecord = kept;
+    }
+  }
+  fixup->from = wide->keptRecord;
+  fixup->attribute = t->attribute;
+  fixup->place = PlaceOfLastToken(t);
+  return fixup;
 }
 
 }  // namespace steprt

@@ -5,11 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
+#include "read/transfer/names.h"
+#include "read/transfer/place.h"
 #include "steprt/file_header.h"
 #include "steprt/standard.h"
-#include "support/hash_table.h"
-#include "support/seed.h"
+#include "support/pool.h"
 
 namespace steprt {
 
@@ -34,31 +36,39 @@ class LongToken {
   std::size_t capacity_ = 0;
 };
 
-// Assigns negative numbers to the instance names beyond 31 bits. No other name has a negative one.
-class BigNames {
+// The record, or the part of a complex instance, that is read.
+struct RecordName {
+  std::uint64_t instance = 0;     // 0 outside of records
+  const char* keyword = nullptr;  // valid until the end of the read; null while it is not known
+};
+
+// Where a reference to a later record comes from, for a report at the end of the read.
+struct WideFixup : STEPfixup {
+  const RecordName* from;  // null when memory has run out
+  const char* attribute;
+  Place place;
+};
+
+// A line, and the offset of its first byte.
+struct LineStart {
+  int line = 0;
+  std::uint64_t offset = 0;
+};
+
+// Which complex instances have a part of a type.
+class ComplexTypes {
  public:
-  BigNames() = default;
-  ~BigNames() { delete[] names_; }
-  BigNames(const BigNames&) = delete;
-  BigNames& operator=(const BigNames&) = delete;
-
-  // The number of a name. Returns 0 when memory runs out.
-  int NumberOf(std::uint64_t name);
-
-  // The name that has this number, which is negative.
-  std::uint64_t NameOf(int number) const { return names_[-(number + 1)]; }
+  // Returns where the answer for that pair is to be kept: 0 while it is unknown. Null when memory runs out.
+  [[nodiscard]] signed char* Answer(const STEPheader* complex, int type);
 
  private:
-  static constexpr std::size_t kLeast = 64;
-
   struct Slot {
-    std::uint64_t name;
-    int number;
-    bool IsFree() const { return number == 0; }
+    const STEPheader* complex;
+    int type;
+    signed char answer;
+    bool IsFree() const { return !complex; }
   };
   HashTable<Slot, 6> table_;
-  std::uint64_t* names_ = nullptr;  // in the order of their numbers, -1 first
-  std::size_t capacity_ = 0;
   const HashSeed seed_ = ProcessSeed();
 };
 
@@ -82,7 +92,29 @@ struct WideRead {
   STEPtexts* const schemas = options.header ? &options.header->schemas : &ownSchemas;
   const char* searchedSchema = nullptr;
   bool isSearchedListed = false;
+
+  STEPentry* entry = nullptr;  // of the record that is read; it has no object yet
+
+  // What reports tell.
+  RecordName record;
+  const RecordName* keptRecord = nullptr;  // the same in `records`, once a fixup needs it
+  SlowToken slow;
+  LineStart lineStart;              // of the line that a report was about last
+  std::optional<Place> noted;       // see NoteFault
+  const WideFixup* from = nullptr;  // the reference that is resolved at the end of the read
+  bool isSkipping = false;          // a record that has been reported
+  bool isMuted = false;             // the read has been cancelled
+  std::uint32_t seenBlock = 0;      // for which the progress has been told
+
+  Pool<WideFixup> fixups;
+  Pool<RecordName> records;
+  KeptKeywords keywords;
+  ComplexTypes complexTypes;
 };
+
+// Makes the fixup of a reference that has just been read. Null in a read of the library's own form, and when memory
+// runs out.
+[[gnu::noinline]] STEPfixup* WideFixupOrNull(STEPtransfer* t);
 
 }  // namespace steprt
 
