@@ -16,6 +16,7 @@
 
 #include <steprt/record.h>
 #include <steprt/standard.h>
+#include <steprt/standard_write.h>
 
 #include <cstdint>
 
@@ -37,9 +38,9 @@ class AnyRecord : public Record {
 
   void Describe(Description& d) override { d("Keyword", Keyword)("Values", Values); }
 
-  /// The row for STEPreadOptions::unknown.
+  /// The row for STEPreadOptions::unknown and STEPwriteOptions::unknown.
   static const APPentity* Row() {
-    static constexpr APPentity row = {"", ReadAny, nullptr, kType, nullptr};
+    static constexpr APPentity row = {"", ReadAny, WriteAny, kType, nullptr};
     return &row;
   }
 
@@ -50,6 +51,11 @@ class AnyRecord : public Record {
     record->Name = rSTEPinstance(t);
     while (rSTEPkind(t, nullptr) != STEP_END) record->Values.Add().Read(t, nullptr);
     return record;
+  }
+  static void WriteAny(STEPtransfer* t, STEPheader* object) {
+    const auto* record = static_cast<AnyRecord*>(object);
+    wSTEPkeyword(t, record->Keyword.Get());
+    for (const Value& value : record->Values) value.Write(t, nullptr);
   }
 };
 

@@ -87,7 +87,7 @@ class Entity : public Base {
 
 /// An entity that has no instances of its own. A record of it in a file is reported as "Syntax" and skipped. A part of
 /// a complex instance may be of such an entity: then the class is made for it, unless it has no default constructor or
-/// a pure virtual function.
+/// a pure virtual function. An instance that a program makes all the same is written.
 template <class Self, int kNumber, class Base = Record>
 class AbstractEntity : public Entity<Self, kNumber, Base> {
  public:
@@ -163,7 +163,8 @@ template <class T>
 constexpr APPentity RowOf() {
   static_assert(!IsSameText(T::kKeyword, T::Super::kKeyword), "each entity class has a kKeyword of its own");
   if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
-    return {T::kKeyword, AbstractReader<T>(), nullptr, T::kType, T::Super::kKeyword};
+    return {T::kKeyword, AbstractReader<T>(), AbstractReader<T>() ? WriteRecord<T> : nullptr, T::kType,
+            T::Super::kKeyword};
   } else {
     return {T::kKeyword, ReadRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
   }

@@ -24,6 +24,7 @@
 #define STEPRT_STANDARD_H
 
 #include <steprt/export.h>
+#include <steprt/file_header.h>
 #include <steprt/fwd.h>
 #include <steprt/instance.h>
 

@@ -3,7 +3,6 @@
 #include "read/header_section.h"
 #include "read/transfer/report.h"
 #include "read/transfer/wide_read.h"
-#include "steprt/file_header.h"
 #include "steprt/items.h"
 #include "steprt/read.h"
 #include "support/ascii.h"

@@ -66,8 +66,8 @@ std::string At(int line, int column, const std::string& bytes) {
 TEST(StandardReports, TellThePlaceOfTheTokenAtFault) {
   SetProbe({"tribleft", kWall});
   for (const Texts& row : Table(R"(
-    #1=PROBE('a',1.,5,.T.,.T.,.RED.,#9,'h');       | unknown-reference 2:33 #1 PROBE G
-    #1=PROBE('a',1.,5,.T.,.T.,.RED.,\n/*#*/ #8 ,'');#2=PERSON(1);#8=PERSON(2); | reference-to-wrong-type 3:7 #1 PROBE G
+    #1=PROBE('a',1.,5,.T.,.T.,.RED.,#9,'h');       | dangling-reference 2:33 #1 PROBE G
+    #1=PROBE('a',1.,5,.T.,.T.,.RED.,\n/*#*/ #8 ,'');#2=PERSON(1);#8=PERSON(2); | wrong-reference 3:7 #1 PROBE G
     #1=PROBE('a',1.,5,.T.,.T.,.RED., 5 ,'');       | missing-reference 2:34 #1 PROBE G
     #1=PROBE('a',1.,5,.T.,.T.,.RED.,(#1,(2)),'');  | missing-reference 2:33 #1 PROBE G
     #1=PROBE(5,1.,5,.T.,.T.,.RED.,$,'');           | missing-text 2:10 #1 PROBE A
@@ -75,24 +75,24 @@ TEST(StandardReports, TellThePlaceOfTheTokenAtFault) {
     #1=PROBE('a',1.,5,.X.,.T.,.RED.,$,'');         | unknown-boolean 2:19 #1 PROBE D
     #1=PROBE('a',1.,5,.T.,.T.,\n   .PINK. /* x */ ,$,''); | unknown-enumerator 3:4 #1 PROBE F
     #1=PROBE('a',1.,99999999999,.T.,.T.,.RED.,$,''); | integer-out-of-range 2:17 #1 PROBE C
-    #1=PROBE('a\nb',1.,#,.T.,.T.,.RED.,$,'');      | invalid-name 3:7 #1 PROBE C & missing-integer 3:7 #1 PROBE C & missing-boolean 3:7 #1 PROBE D & unknown-enumerator 3:13 #1 PROBE F & missing-reference 3:17 #1 PROBE G & syntax 3:24 #1 PROBE -
+    #1=PROBE('a\nb',1.,#,.T.,.T.,.RED.,$,'');      | bad-name 3:7 #1 PROBE C & missing-integer 3:7 #1 PROBE C & missing-boolean 3:7 #1 PROBE D & unknown-enumerator 3:13 #1 PROBE F & missing-reference 3:17 #1 PROBE G & syntax 3:24 #1 PROBE -
     #1=PROBE((1,\n2),1.,5,.T.,.T.,.RED.,$,'');     | missing-text 2:10 #1 PROBE A
     #1=PROBE('a',1.,5,.T.,.T.,.RED.,$,'' 7);       | syntax 2:38 #1 PROBE -
     ; #1 = NONE(#7,'x;');                         | warning unknown-entity 2:8 #1 NONE -
     #1=!MINE/*x*/(1);                              | warning unknown-entity 2:4 #1 !MINE -
     #1=PRODUCT(1);                                 | syntax 2:4 #1 PRODUCT -
-    #1=PERSON(1);#1=PERSON(2);                     | name-used 2:14 #1 - -
+    #1=PERSON(1);#1=PERSON(2);                     | doubled-name 2:14 #1 - -
     #18446744073709551615=PERSON('x');             | missing-integer 2:30 #18446744073709551615 PERSON Age & syntax 2:30 #18446744073709551615 PERSON -
-    #18446744073709551616=PERSON(1);               | name-out-of-range 2:1 #0 - -
+    #18446744073709551616=PERSON(1);               | large-name 2:1 #0 - -
     #1=(PERSON(1)NONE('x')PERSON($));              | warning unknown-entity 2:14 #1 NONE - & missing-integer 2:30 #1 PERSON Age & syntax 2:30 #1 PERSON -
     #1 PERSON(1);                                  | syntax 2:4 #1 - -
     word (1);                                      | syntax 2:1 #0 - -
     5,'x';                                         | syntax 2:1 #0 - -
     #1=PERSON(1)),'x';                             | syntax 2:13 #0 - -
     #1=PERSON(1)#2=PERSON(2);;                     |
-    #1=PROBE('a',1.,5,.T.,.T.,.RED.,#1,'');#2=WALL('w',1.,$,(#1,$,#2,#9),(),.T.); | reference-to-wrong-type 2:58 #2 WALL Doors & unknown-reference 2:66 #2 WALL Doors & reference-to-wrong-type 2:63 #2 WALL Doors & reference-to-wrong-type 2:33 #1 PROBE G
-    #1=NOTE('a\nb\nc/*                             | unterminated-text 2:9 #1 NOTE Text & unexpected-end 2:9 #1 NOTE Text & missing-text 2:9 #1 NOTE Text & syntax 2:9 #1 NOTE - & missing-endsec 2:9 #0 - -
-    #1=PERSON(1); /* a\nb                          | unterminated-comment 2:15 #0 - - & missing-endsec 4:39 #0 - -
+    #1=PROBE('a',1.,5,.T.,.T.,.RED.,#1,'');#2=WALL('w',1.,$,(#1,$,#2,#9),(),.T.); | wrong-reference 2:58 #2 WALL Doors & dangling-reference 2:66 #2 WALL Doors & wrong-reference 2:63 #2 WALL Doors & wrong-reference 2:33 #1 PROBE G
+    #1=NOTE('a\nb\nc/*                             | open-text 2:9 #1 NOTE Text & unexpected-end 2:9 #1 NOTE Text & missing-text 2:9 #1 NOTE Text & syntax 2:9 #1 NOTE - & missing-endsec 2:9 #0 - -
+    #1=PERSON(1); /* a\nb                          | open-comment 2:15 #0 - - & missing-endsec 4:39 #0 - -
   )",
                                 2)) {
     const std::string bytes = kStart + row[0] + "\n#77=PERSON(1);ENDSEC;END-ISO-10303-21;";
@@ -121,7 +121,7 @@ TEST(StandardReports, TellTheColumnsOfALongLine) {
   const std::string record = "#1=PERSON($);";
   const Texts all = Diagnose(kStart + Repeat(20000, record));
   ASSERT_EQ(all.size(), 20000U * 3);  // name, attribute and bracket; no ENDSEC, but one name less
-  EXPECT_EQ(all[2], "name-used 2:14@" + std::to_string(kStart.size() + 13) + " #1 - -");
+  EXPECT_EQ(all[2], "doubled-name 2:14@" + std::to_string(kStart.size() + 13) + " #1 - -");
   EXPECT_EQ(all[59997], "missing-integer 2:259998@" + std::to_string(kStart.size() + 259997) + " #1 PERSON Age");
 }
 

@@ -9,7 +9,6 @@
 
 #include "read/transfer/names.h"
 #include "read/transfer/place.h"
-#include "steprt/file_header.h"
 #include "steprt/standard.h"
 #include "support/pool.h"
 
