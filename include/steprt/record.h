@@ -129,12 +129,8 @@ STEPheader* ReadRecord(STEPtransfer* t) {
 }
 
 template <class T>
-constexpr STEPreadFunc AbstractReader() {
-  if constexpr (std::is_default_constructible_v<T>) {
-    return [](STEPtransfer* t) { return rSTEPispart(t) ? ReadRecord<T>(t) : rSTEPabstract(t); };
-  } else {
-    return nullptr;
-  }
+STEPheader* ReadAbstractRecord(STEPtransfer* t) {
+  return rSTEPispart(t) ? ReadRecord<T>(t) : rSTEPabstract(t);
 }
 
 inline void WriteRecordAs(STEPtransfer* t, STEPheader* object, Describer describeBase, int further) {
@@ -162,11 +158,13 @@ constexpr bool IsSameText(const char* a, const char* b) {
 template <class T>
 constexpr APPentity RowOf() {
   static_assert(!IsSameText(T::kKeyword, T::Super::kKeyword), "each entity class has a kKeyword of its own");
-  if constexpr (std::is_same_v<typename T::AbstractSelf, T>) {
-    return {T::kKeyword, AbstractReader<T>(), AbstractReader<T>() ? WriteRecord<T> : nullptr, T::kType,
-            T::Super::kKeyword};
-  } else {
+  constexpr bool isAbstract = std::is_same_v<typename T::AbstractSelf, T>;
+  if constexpr (!isAbstract) {
     return {T::kKeyword, ReadRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
+  } else if constexpr (std::is_default_constructible_v<T>) {
+    return {T::kKeyword, ReadAbstractRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
+  } else {
+    return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
   }
 }
 

@@ -129,7 +129,8 @@ TEST(StandardReports, HaveACodeForEachMessage) {
   std::ifstream file(STEPRT_TEST_FOLDER "/../src/read/transfer/messages.h");
   const std::regex constant(R"re(.*char k(\w+)\[\] = "(.*)";.*)re");
   const std::string none =
-      "ReportCaption NoXmlService MemoryName CannotCreateFile ErrorWritingFile UnknownObject MissingRid";
+      "ReportCaption NoXmlService MemoryName CannotCreateFile ErrorWritingFile UnknownObject MissingRid "
+      "NoFiniteReal NotInFile";
   Texts codes;
   std::smatch m;
   for (std::string line; std::getline(file, line);) {

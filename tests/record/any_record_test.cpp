@@ -55,7 +55,7 @@ std::uint64_t NameOf(STEPheader* object, void* context) {
   return any ? any->Name : 1000 + static_cast<std::uint64_t>((*static_cast<int*>(context))++);
 }
 
-void ExpectSameAfterAWrite(steprt::Model& model, const STEPreadOptions& options) {
+void ExpectSameAfterAWrite(steprt::Model& model, const STEPreadOptions& options, const Texts& wanted) {
   int known = 0;
   STEPwriteOptions writing;
   writing.unknown = AnyRecord::Row();
@@ -64,12 +64,10 @@ void ExpectSameAfterAWrite(steprt::Model& model, const STEPreadOptions& options)
   const std::string path = TempPath("any_written.stp");
   EXPECT_GE(model.WriteStandard(path.c_str(), nullptr, &writing), 0);
   EXPECT_EQ(TakeReports(path), Texts());
-  const Texts before = Population(model);
   steprt::Model again(&schema);
   EXPECT_EQ(again.ReadStandard(path, &options), 0) << BytesOf(path);
   EXPECT_EQ(TakeReports(path), Texts());
-  const Texts after = Population(again);
-  EXPECT_EQ(after, before) << BytesOf(path);
+  EXPECT_EQ(Population(again), wanted) << BytesOf(path);
 }
 
 TEST(AnyRecord, KeepsWhatHasNoClass) {
@@ -78,7 +76,7 @@ TEST(AnyRecord, KeepsWhatHasNoClass) {
   const std::string longName(300, 'K');
   for (const Texts& row : Table(R"(
     #1=OTHER();                                  | 1=OTHER()                     |
-    #1=Other(1,2.5,'it''s',$,*,.T.,"0A",(1,()),K('x',(*))); | 1=Other(1,2.5,'it's',$,*,.T.,"0A",(1,()),K('x',(*))) |
+    #1=OTHER(1,2.5,'it''s',$,*,.T.,"0A",(1,()),K('x',(*))); | 1=OTHER(1,2.5,'it's',$,*,.T.,"0A",(1,()),K('x',(*))) |
     #5000000000=!MINE('a;b');#2=OTHER(#5000000000,#2); | 5000000000=!MINE('a;b') & 2=OTHER(#0,#0) |
     #1=(OTHER(1)KNOWN($)EMPTY('e')!MINE());      | 1=OTHER(1) KNOWN 1=EMPTY('e') 1=!MINE() |
     #1=KNOWN(#2);#2=OTHER();                     | KNOWN & 2=OTHER()             |
@@ -96,7 +94,7 @@ TEST(AnyRecord, KeepsWhatHasNoClass) {
     model.ReadStandardFromMemory(bytes.data(), bytes.size(), &options);
     EXPECT_EQ(TakeReports("any.stp"), ItemsOf(row[2])) << row[0];
     EXPECT_EQ(Population(model), ItemsOf(row[1])) << row[0];
-    ExpectSameAfterAWrite(model, options);
+    ExpectSameAfterAWrite(model, options, ItemsOf(row[1]));
   }
   steprt::Model model(&schema);
   const std::string bytes = "ISO-10303-21;HEADER;ENDSEC;DATA;#1=" + longName + "();ENDSEC;";
