@@ -63,7 +63,7 @@ void Scanner::SkipBlanks() {
   for (;;) {
     while (Is(*at_, kBlankChar)) ++at_;
     if (*at_ == '/' && at_[1] == '*') {
-      if (!SkipComment()) return;
+      SkipComment();
     } else if (*at_ == '\\' && (at_[1] == 'N' || at_[1] == 'F') && at_[2] == '\\') {
       at_ += 3;
     } else {
@@ -72,26 +72,31 @@ void Scanner::SkipBlanks() {
   }
 }
 
-// Null if it has no end.
-const char* Scanner::SkipCommentBytes(const char* p) const {
+// After a comment. If it has no end: at the next line that starts like a statement, or at the end of the bytes.
+const char* Scanner::SkipCommentBytes(const char* p, bool& closed) {
+  const char* const from = p;
   p += 2;
-  for (;;) {
+  // Where one comment has no end, later ones have none either, and need no search.
+  while (noCommentEnd_ == nullptr || p < noCommentEnd_) {
     p = static_cast<const char*>(std::memchr(p, '*', static_cast<std::size_t>(end_ - p)));
-    if (p == nullptr) return nullptr;
-    if (p[1] == '/') return p + 2;
+    if (p == nullptr) break;
+    closed = p[1] == '/';
+    if (closed) return p + 2;
     ++p;
   }
+  closed = false;
+  if (noCommentEnd_ == nullptr) noCommentEnd_ = from;
+  for (p = from; p != end_; ++p) {
+    if ((*p == '\n' || *p == '\r') && IsStatement(p + 1)) return p + 1;
+  }
+  return p;
 }
 
-bool Scanner::SkipComment() {
-  const char* const after = SkipCommentBytes(at_);
-  if (after == nullptr) {
-    Fault(Code::kOpenComment, at_, [] { return "expected '*/' before the end of the file"; });
-    at_ = end_;
-    return false;
-  }
+void Scanner::SkipComment() {
+  bool closed = false;
+  const char* const after = SkipCommentBytes(at_, closed);
+  if (!closed) Warn(Code::kOpenComment, at_, [] { return "expected '*/' at the end of this comment"; });
   at_ = after;
-  return true;
 }
 
 Token Scanner::ScanSymbol(TokenKind kind) { return Make(kind, at_++); }
@@ -286,8 +291,9 @@ const char* Scanner::SkipTextBytes(const char* p) const {
   return p;
 }
 
-std::size_t Scanner::Resync(std::size_t start, std::size_t from) const {
+std::size_t Scanner::Resync(std::size_t start, std::size_t from) {
   const char* p = begin_ + from;
+  bool closed = false;
   while (p != end_) {
     switch (*p) {
       case ';':
@@ -297,8 +303,7 @@ std::size_t Scanner::Resync(std::size_t start, std::size_t from) const {
         continue;
       case '/':
         if (p[1] != '*') break;
-        p = SkipCommentBytes(p);
-        if (p == nullptr) return OffsetOf(end_);
+        p = SkipCommentBytes(p, closed);
         continue;
       case '#':
         if (OffsetOf(p) > start && IsRecord(p)) return OffsetOf(p);

@@ -38,7 +38,7 @@ class Scanner {
 
   // Where to read on after a fault that was met at `from`: after the next semicolon, or at the next record or ENDSEC.
   // A record that starts at `from` counts only if `from` is after `start`.
-  std::size_t Resync(std::size_t start, std::size_t from) const;
+  std::size_t Resync(std::size_t start, std::size_t from);
 
  private:
   Token Make(TokenKind kind, const char* from) const { return {kind, OffsetOf(from)}; }
@@ -50,7 +50,7 @@ class Scanner {
   void Warn(Code code, const char* at, Message message);
 
   void SkipBlanks();
-  bool SkipComment();
+  void SkipComment();
   Token ScanSymbol(TokenKind kind);
   Token ScanHash();
   Token ScanAt();
@@ -73,13 +73,14 @@ class Scanner {
   bool IsRecord(const char* p) const;
   bool IsStatement(const char* p) const;
   const char* SkipTextBytes(const char* p) const;
-  const char* SkipCommentBytes(const char* p) const;
+  const char* SkipCommentBytes(const char* p, bool& closed);
 
   const char* begin_;
   const char* end_;
   const char* at_;
   const char* openText_ = nullptr;
   const char* lineInText_ = nullptr;
+  const char* noCommentEnd_ = nullptr;  // from here on nothing ends a comment
   Reports& reports_;
   Token last_;
   bool unread_ = false;

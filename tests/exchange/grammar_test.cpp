@@ -141,11 +141,22 @@ TEST(Grammar, AnOpenTextEndsBeforeTheNextStatement) {
   }
 }
 
-TEST(Grammar, AnOpenCommentEndsTheFile) {
-  EXPECT_EQ(SurveyLines(File("#1=A();/* x")),
-            "3:8 open-comment: expected '*/' before the end of the file\n"
-            "4:25 missing-part: expected ENDSEC; at the end of the section DATA\n"
-            "4:25 missing-part: expected END-ISO-10303-21; before the end of the file\n");
+TEST(Grammar, AnOpenCommentEndsBeforeTheNextStatement) {
+  const Row rows[] = {
+      {"#1=A();/* x\n#2=B();", "3:8 open-comment: expected '*/' at the end of this comment\n"},
+      {"#1=A(1,/* x\n#2=B();",
+       "3:8 open-comment: expected '*/' at the end of this comment\n"
+       "4:3 syntax: expected ',' or ')', found '='\n1/2\n"},
+      {"#1=A();/* x\n#2=B();/*\n#3=C();",
+       "3:8 open-comment: expected '*/' at the end of this comment\n"
+       "4:8 open-comment: expected '*/' at the end of this comment\n"},
+      {"#1=A();/* x\n#2=B();*/", ""},  // this one has an end
+  };
+  for (const Row& row : rows) Expect(row);
+  EXPECT_EQ(SurveyLines(std::string(kHead) + "\nDATA;\n#1=A();/* x"),
+            "3:8 open-comment: expected '*/' at the end of this comment\n"
+            "3:12 missing-part: expected ENDSEC; at the end of the section DATA\n"
+            "3:12 missing-part: expected END-ISO-10303-21; before the end of the file\n");
 }
 
 TEST(Grammar, ScopesOfEditionOneHoldRecords) {

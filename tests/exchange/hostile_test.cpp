@@ -100,7 +100,7 @@ TEST(Hostile, ManyFaultsAreCounted) {
 // A return to the line after an open text must not be bought again and again.
 TEST(Hostile, OpenTextsAreLeftInTime) {
   const std::string lines[] = {
-      "#1=A('\n", "#1=A('x);\n", "#1=A('/*\n", "#1=A('/*'/**/,'\n", "#1=A('''\n", "'\n#1=\n", "ENDSEC;'\n",
+      "#1=A('\n", "#1=A('x);\n", "#1=A(/*\n", "#1=A('/*\n", "#1=A('/*'/**/,'\n", "#1=A('''\n", "'\n#1=\n", "ENDSEC;'\n",
   };
   for (const std::string& line : lines) {
     const Counts counts = CheckText(File(Repeat(kMany, line.c_str())));
