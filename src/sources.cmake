@@ -59,6 +59,7 @@ set(STEPRT_SOURCES
     read/data_section.cpp
     read/file_reader.cpp
     read/standard_reader.cpp
+    read/element_values.cpp
     read/items.cpp
     read/attribute.cpp
     read/scalars.cpp
@@ -83,6 +84,8 @@ set(STEPRT_SOURCES
     write/standard_writer.cpp
     xml/error_handler.cpp
     xml/parser.cpp
+    xml/standard_parser.cpp
+    xml/standard_xml_reader.cpp
     xml/xml_reader.cpp
     xml/xml_writer.cpp
     exports/model_transfer.cpp

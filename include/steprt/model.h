@@ -119,7 +119,8 @@ class STEPRT_API STEPmodel {
   int WriteXml(char* fileName, const char* remark);
 
   /// Reads a file of ISO 10303-21 as it is published, and appends its instances. See standard.h for what that takes
-  /// beyond the form that Read takes, and for the options. There is no second pass for XML.
+  /// beyond the form that Read takes, and for the options. A file that begins with `<` is an XML document: one of
+  /// WriteStandardXml, or in the library's own form.
   ///
   /// Returns the number of reports, 0 for a clean read. Whatever is reported, instances that were read remain. Without
   /// a schema, nothing is read and the result is 1. Model, lock and name are as in Read.

@@ -2,6 +2,7 @@
 #ifndef STEPRT_READ_ATTRIBUTE_H
 #define STEPRT_READ_ATTRIBUTE_H
 
+#include "read/element_values.h"
 #include "read/transfer/record.h"
 
 namespace steprt {
@@ -10,7 +11,9 @@ namespace steprt {
 inline bool TakesElement(STEPtransfer* t, const char* name) {
   if (!t->byName) return false;
   if (t->xml) return true;
-  if (t->items.depth == 0) t->attribute = name;
+  if (t->items.depth > 0) return false;
+  t->attribute = name;
+  if (t->items.isDocument) EnterElementValue(t, name);
   return false;
 }
 

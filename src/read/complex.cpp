@@ -26,8 +26,7 @@ class PartScope {
   const CurrentModelScope none_{nullptr};
 };
 
-// Reads the attributes of a part by the row's function. Returns false if the record has ended.
-bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
+void ReadPartBy(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
   STEPheader* part = nullptr;
   t->lastToken = kNoToken;
   {
@@ -37,6 +36,22 @@ bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
   if (part) complex->Add(part);
   CloseOpenItems(t);
   t->attribute = nullptr;
+}
+
+// Keeps the keyword of a part, which has been reported.
+void KeepUnknownPart(STEPtransfer* t, STEPcomplex* complex) {
+  const CurrentModelScope none(nullptr);
+  if (auto* part = MakeOrNull<STEPheader>()) {
+    part->Id(t->where);
+    complex->Add(part);
+  } else {
+    ReportError(t, kOutOfMemory);
+  }
+}
+
+// Reads the attributes of a part and the `)` after them. Returns false if the record has ended.
+bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
+  ReadPartBy(t, row, complex);
   if (t->lastToken == TOK_SEMI) return false;
   const int token = NextToken(t, ')', TOK_CLOSE);
   if (token == TOK_CLOSE) return true;
@@ -46,16 +61,9 @@ bool ReadPart(STEPtransfer* t, const APPentity& row, STEPcomplex* complex) {
   return t->lastToken != TOK_SEMI;
 }
 
-// Keeps the keyword of a part, which has been reported, and passes over its values. Returns false if the record has
-// ended.
-bool KeepUnknownPart(STEPtransfer* t, STEPcomplex* complex) {
-  const CurrentModelScope none(nullptr);
-  if (auto* part = MakeOrNull<STEPheader>()) {
-    part->Id(t->where);
-    complex->Add(part);
-  } else {
-    ReportError(t, kOutOfMemory);
-  }
+// Passes over the values of a part. Returns false if the record has ended.
+bool SkipPart(STEPtransfer* t, STEPcomplex* complex) {
+  KeepUnknownPart(t, complex);
   t->lastToken = kNoToken;
   t->wide->isSkipping = true;
   SkipToClose(t, 1);
@@ -79,7 +87,7 @@ void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
     if (!row) ReportError(t, kUnknownEntity, t->value.text);
     token = NextToken(t, '(', TOK_OPEN);
     if (token != TOK_OPEN) return RefuseToken(t, token);
-    if (row ? ReadPart(t, *row, complex) : KeepUnknownPart(t, complex)) continue;
+    if (row ? ReadPart(t, *row, complex) : SkipPart(t, complex)) continue;
     t->pushedToken = TOK_SEMI;
     if (t->errors == errors) ReportError(t, kSyntax);
     return;
@@ -87,6 +95,11 @@ void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
 }
 
 }  // namespace
+
+void ReadPartValues(STEPtransfer* t, const APPentity* row, STEPcomplex* complex) {
+  if (row) return ReadPartBy(t, *row, complex);
+  KeepUnknownPart(t, complex);
+}
 
 void ReadComplex(STEPtransfer* t, STEPentry* entry) {
   auto* complex = MakeOrNull<STEPcomplex>();

@@ -146,7 +146,8 @@ const char* TokenFromTokens(STEPtransfer* t) {
   const STEPitem kind = Peek(t);
   if (kind == STEP_END || kind == STEP_TYPED || kind == STEP_LIST) return EmptyText();
   const std::string_view text = TokenText(t, std::exchange(t->pushedToken, kNoToken));
-  if (text.data() == t->buffer || (t->wide && text.data() == t->wide->token.Chars())) return text.data();
+  const bool isWhole = t->wide && (kind == STEP_TEXT || text.data() == t->wide->token.Chars());
+  if (isWhole || text.data() == t->buffer) return text.data();
   const std::size_t length = text.copy(t->buffer, kTokenLimit);
   t->buffer[length] = '\0';
   return t->buffer;

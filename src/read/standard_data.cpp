@@ -161,6 +161,16 @@ void SkipParameters(STEPtransfer* t) {
 
 }  // namespace
 
+STEPentry* EnterDocumentRecord(STEPtransfer* t, int number) {
+  if (number == kRefusedName) return nullptr;
+  EnterRecord(t, NameOf(t, number));
+  if (number == 0) return Refuse(t, kInvalidName, nullptr);
+  STEPentry* entry = RegisterEntry(t, number);
+  if (!entry) return Refuse(t, kOutOfMemory, nullptr);
+  t->wide->entry = entry;
+  return entry;
+}
+
 const APPentity* EnterKeyword(STEPtransfer* t, const APPentity* row) {
   WideRead& wide = *t->wide;
   const char* const keyword = t->value.text;

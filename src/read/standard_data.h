@@ -17,6 +17,9 @@ namespace steprt {
 // the file.
 int ReadStandardData(STEPtransfer* t);
 
+// Enters the number of a record of XML. Returns null, with a report, for a number that no record can have.
+STEPentry* EnterDocumentRecord(STEPtransfer* t, int number);
+
 // Enters the keyword of a record or part that has just been read. Returns the row that reads it: that of the entity,
 // or the one of the options for unknown entities. Returns null if there is none. `row` is that of the entity; if it has
 // no read function, it does not count.

@@ -1,4 +1,4 @@
-// STEPreadStandard: the driver of a read of ISO 10303-21 as it is published.
+// The driver of a read of ISO 10303-21 as it is published.
 //
 //   file = [byte order mark] "ISO-10303-21" ";" { section } "END-ISO-10303-21" ";"
 //   section = header | data | other
@@ -6,6 +6,8 @@
 //
 // Header and data are read as in the library's own form, by a tokeniser that knows more. Only the end of the file ends
 // the read.
+#include "read/standard_reader.h"
+
 #include <memory>
 
 #include "platform/input_file.h"
@@ -100,14 +102,28 @@ void CheckStart(STEPtransfer* t) {
   ReportError(t, kNotAStepFile);
 }
 
-void ReadFile(STEPtransfer* t, std::string_view memory, bool isInMemory) {
+// Whether XML begins here, after blanks.
+bool IsDocument(STEPtransfer* t) {
+  InputFile& in = *t->file.in;
+  for (int c; (c = in.Peek()) == ' ' || c == '\t' || c == '\r' || c == '\n';) {
+    in.Get();
+    if (c == '\n') CountLine(t);
+  }
+  return in.Peek() == '<';
+}
+
+void ReadFile(STEPtransfer* t, std::string_view memory, bool isInMemory, DocumentReader* readDocument) {
   const std::unique_ptr<InputFile> file(isInMemory ? InputFile::MemoryOrNull() : InputFile::OpenOrNull(t->fileName));
   if (!file) return ReportError(t, isInMemory ? kOutOfMemory : kFileNotFound);
   if (isInMemory) file->Restart(memory);
   t->file.in = file.get();
   SkipByteOrderMark(*file);
-  CheckStart(t);
-  ReadSections(t);
+  if (IsDocument(t)) {
+    readDocument(t, isInMemory ? memory.data() : nullptr, memory.size());
+  } else {
+    CheckStart(t);
+    ReadSections(t);
+  }
   ResolveFixups(t);
   TellEnd(t);
 }
@@ -122,15 +138,19 @@ TransferOwner Begin(const char* name, APPobject0* schema, bool isInMemory) {
 
 }  // namespace
 
-int STEPreadStandard(const char* name, const char* bytes, std::size_t size, APPobject0* schema,
-                     const STEPreadOptions* options) {
+namespace steprt {
+
+int ReadStandardFile(const char* name, std::string_view memory, bool isInMemory, APPobject0* schema,
+                     const STEPreadOptions* options, DocumentReader* readDocument) {
   if (!name || !schema) return kNoTransfer;
   WideRead wide(options ? *options : STEPreadOptions());
-  const TransferOwner t = Begin(name, schema, bytes != nullptr);
+  const TransferOwner t = Begin(name, schema, isInMemory);
   if (!t) return kNoTransfer;
   t->wide = &wide;
   t->byName = true;
   t->store->fixupPool.Close();
-  ReadFile(t.get(), bytes ? std::string_view(bytes, size) : std::string_view(), bytes != nullptr);
+  ReadFile(t.get(), memory, isInMemory, readDocument);
   return t->errors;
 }
+
+}  // namespace steprt

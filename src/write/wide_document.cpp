@@ -25,7 +25,7 @@ void PutElementName(STEPtransfer* t, const char* keyword) {
   if (*keyword == '!') {
     out.Put(kUserDefinedPrefix);
     ++keyword;
-  } else if (!IsLetter(*keyword)) {
+  } else if (!IsLetter(*keyword) && *keyword != '_') {
     out.Put('_');
   }
   for (; *keyword; ++keyword) {

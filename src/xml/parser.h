@@ -32,13 +32,15 @@ class XmlParser : public SAXContentHandlerImpl {
   char text[kTextLimit + 1];         // the current name or value
   int depth = kOutside;
 
+ protected:
+  std::size_t NarrowText(std::u16string_view units);  // into `text`; returns its length
+
  private:
   SaxResult StartEntity(SaxAttributes& attributes);
   SaxResult RefuseEntity();
   void BeginInstance(int number);
   void StartChild(std::size_t nameLength);
   void ReadInstance();
-  std::size_t NarrowText(std::u16string_view units);  // into `text`; returns its length
 };
 
 }  // namespace steprt

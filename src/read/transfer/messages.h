@@ -56,6 +56,7 @@ inline constexpr char kUnterminatedBinary[] = "Unterminated binary";
 inline constexpr char kIntegerOutOfRange[] = "Integer out of range";
 inline constexpr char kInvalidName[] = "Invalid instance name";
 inline constexpr char kNameOutOfRange[] = "Instance name out of range";
+inline constexpr char kNotWellFormed[] = "XML: %s";
 inline constexpr char kSectionNotRead[] = "Section %s is not read";
 inline constexpr char kCancelled[] = "Cancelled";
 

@@ -55,6 +55,7 @@ struct STEPfixup {
 struct ItemState {
   int depth = 0;
   bool isInElement = false;                  // the outermost one is in an XML element; `xml` is false meanwhile
+  bool isDocument = false;                   // each element of the standard file in XML is a value in clear text
   bool isListAsked = false;                  // while a `(` is pushed back: rSTEPkind did it
   int line = 0;                              // in the file, where the element is read
   int lastToken = 0;                         // of the transfer, where the element is written

@@ -71,6 +71,12 @@ class ComplexTypes {
   const HashSeed seed_ = ProcessSeed();
 };
 
+// The element of a standard file in XML whose value is read, and the one after it.
+struct ElementCursor {
+  const STEPelement* current = nullptr;
+  const STEPelement* next = nullptr;
+};
+
 struct WideRead {
   explicit WideRead(const STEPreadOptions& given) : options(given) {
     if (options.header) options.header->Clear();
@@ -85,6 +91,7 @@ struct WideRead {
   std::uint32_t wordBlock = 0;
   BigNames bigNames;
   bool isPart = false;  // see rSTEPispart
+  ElementCursor elements;
 
   // The names of FILE_SCHEMA, and the one that was searched last among them.
   STEPtexts ownSchemas;
