@@ -16,6 +16,10 @@ void CheckClearText(const std::string& bytes);
 // written, but may not come back: the library's own form does not hold it all.
 void CheckStandard(const std::string& bytes);
 
+// Reads the bytes as a standard file, every record as it is, and writes that, twice. If the first read reports nothing,
+// neither does the second, and both files are the same.
+void CheckStandardWrite(const std::string& bytes);
+
 // Reads the bytes up to the first that is 0 as a document in memory, and as a file that arrives in pieces. Both must
 // agree, and what was read must come back.
 void CheckDocument(const std::string& bytes);
