@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check_command.sh COMMAND SOURCE FOLDER - the subcommands `stat` and `check` as a person uses them: exit status and
+# check_command.sh COMMAND SOURCE FOLDER - the subcommands for exchange files as a person uses them: exit status and
 # output. What docs/command.md shows is run here, and must be what comes out.
 set -euo pipefail
 command=$1 source=$2 folder=$3
@@ -65,6 +65,30 @@ expect 1 'records 0, read 0, errors 4, warnings 0' check page.stp
 : >none.stp
 expect 1 'records 0, read 0, errors 4, warnings 0' check none.stp
 
+# No value changes on the way to a standard file and through XML, whatever the file holds.
+cp "$source"/tests/exchange/command/all.exp .
+data() { sed -n '/^DATA/,$p' "$1" | tr -d '\n'; }
+expect 0 '^records 3, written 3$' convert all.stp again.stp
+diff <(data all.stp) <(data again.stp)
+expect 0 '^records 3, written 3$' convert all.stp all.xml --schema all.exp
+expect 0 '^records 3, written 3$' convert all.xml again.stp --schema all.exp
+diff <(data all.stp) <(data again.stp)
+grep -q "FILE_NAME('all.stp','2026-11-24T12:00:00',('A','B'),('C'),'d','e','f')" again.stp
+
+printf 'ISO-10303-21;HEADER;ENDSEC;DATA;#3=a(12345678901,1e400,.5,#9,-0,+7);ENDSEC;END-ISO-10303-21;' >odd.stp
+expect 0 'written 1' convert odd.stp again.stp
+grep -q '^#3=A(12345678901,1.E400,0.5,#9,-0,+7);' again.stp
+expect 1 ' 1  integers beyond 32 bits' convert odd.stp again.stp --to native
+grep -q '^#1 = a(2147483647,1.79769e+308,0.5,$,0,7);' again.stp
+expect 1 '"references": 1' convert odd.stp again.stp --to native --json
+cp faults.stp itself.stp
+expect 1 'itself.stp:9:1: error' convert itself.stp itself.stp --to native # IN was read before OUT is written
+expect 2 'add --schema' convert plant.stp plant.xml
+expect 2 'cannot read nothing.stp' convert nothing.stp again.stp
+expect 2 'cannot write ' convert plant.stp nowhere/again.stp
+expect 2 'OUT is required' convert plant.stp
+expect 2 'form' convert plant.stp again.stp --to form
+
 # The completion offers what the help lists.
 # shellcheck source=/dev/null
 source "$source/tools/steprt/completion.bash"
@@ -74,7 +98,7 @@ offers() {
   _steprt
   printf '%s\n' "${COMPREPLY[@]}" | sort
 }
-for subcommand in stat check compile; do
+for subcommand in stat check convert compile; do
   diff <(offers "$subcommand") <(steprt "$subcommand" --help | grep -oE '^ *(-h,)?--[a-z-]+' | grep -oE -- '--[a-z-]+' | sort)
   for option in $(offers "$subcommand"); do # and so does the manual page
     grep -q -- "${option//-/\\\\-}" "$source/tools/steprt/steprt.1" || { echo "steprt.1 lacks $option" >&2 && exit 1; }

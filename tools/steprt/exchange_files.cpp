@@ -24,17 +24,9 @@ std::string Painted(const char* colour, const std::string& text, bool colours) {
   return colours ? colour + text + kPlain : text;
 }
 
-void PrintReport(const exchange::Input& input, const exchange::Report& report, exchange::Position at, bool colours) {
-  const exchange::Severity severity = SeverityOf(report.code);
-  const std::string place =
-      Harmless(input.Name()) + ":" + std::to_string(at.line) + ":" + std::to_string(at.column) + ":";
-  const std::string kind = std::string(SeverityName(severity)) + ":";
-  std::printf("%s %s %s [%s]\n", Painted(kBold, place, colours).c_str(),
-              Painted(ColourOf(severity), kind, colours).c_str(), Harmless(report.message).c_str(),
-              CodeName(report.code).data());
-  const exchange::Excerpt excerpt = exchange::ExcerptAt(input.Bytes(), report.offset);
-  std::printf("  %s\n  %s%s\n", Harmless(excerpt.text).c_str(), std::string(excerpt.caret, ' ').c_str(),
-              Painted(kGreen, "^", colours).c_str());
+Finding FindingOf(const exchange::Report& report, exchange::Position at) {
+  return {SeverityOf(report.code), std::string(CodeName(report.code)),      report.message, at.line, at.column,
+          report.offset,           report.hasInstance ? report.instance : 0};
 }
 
 }  // namespace
@@ -59,11 +51,35 @@ int ForEachFile(const ExchangeRequest& request, const std::function<int(const ex
   return status;
 }
 
-void PrintReports(const exchange::Input& input, const exchange::Reports& reports) {
+void PrintFinding(const exchange::Input& input, const Finding& finding) {
   const bool colours = UsesColour();
+  std::string place = Harmless(input.Name()) + ":" + std::to_string(finding.line) + ":";
+  if (finding.column > 0) place += std::to_string(finding.column) + ":";
+  const std::string kind = std::string(SeverityName(finding.severity)) + ":";
+  std::printf("%s %s %s [%s]\n", Painted(kBold, place, colours).c_str(),
+              Painted(ColourOf(finding.severity), kind, colours).c_str(), Harmless(finding.message).c_str(),
+              finding.code.c_str());
+  if (finding.column == 0) return;
+  const exchange::Excerpt excerpt = exchange::ExcerptAt(input.Bytes(), finding.offset);
+  std::printf("  %s\n  %s%s\n", Harmless(excerpt.text).c_str(), std::string(excerpt.caret, ' ').c_str(),
+              Painted(kGreen, "^", colours).c_str());
+}
+
+Json FindingAsJson(const Finding& finding) {
+  Json entry{{"severity", SeverityName(finding.severity)},
+             {"code", finding.code},
+             {"message", finding.message},
+             {"line", finding.line},
+             {"column", finding.column},
+             {"offset", finding.offset}};
+  if (finding.instance != 0) entry["instance"] = finding.instance;
+  return entry;
+}
+
+void PrintReports(const exchange::Input& input, const exchange::Reports& reports) {
   exchange::Lines lines(input.Bytes());
   for (const exchange::Report& report : reports.All()) {
-    PrintReport(input, report, lines.PositionAt(report.offset), colours);
+    PrintFinding(input, FindingOf(report, lines.PositionAt(report.offset)));
   }
   for (std::size_t i = 0; i < exchange::kCodes; ++i) {
     const auto code = static_cast<exchange::Code>(i);
@@ -76,15 +92,7 @@ Json ReportsAsJson(const exchange::Input& input, const exchange::Reports& report
   exchange::Lines lines(input.Bytes());
   Json list = Json::array();
   for (const exchange::Report& report : reports.All()) {
-    const exchange::Position at = lines.PositionAt(report.offset);
-    Json entry{{"severity", SeverityName(SeverityOf(report.code))},
-               {"code", CodeName(report.code)},
-               {"message", report.message},
-               {"line", at.line},
-               {"column", at.column},
-               {"offset", report.offset}};
-    if (report.hasInstance) entry["instance"] = report.instance;
-    list.push_back(std::move(entry));
+    list.push_back(FindingAsJson(FindingOf(report, lines.PositionAt(report.offset))));
   }
   Json counts = Json::object();
   for (std::size_t i = 0; i < exchange::kCodes; ++i) {

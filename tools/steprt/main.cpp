@@ -5,6 +5,7 @@
 
 #include "check.h"
 #include "compile.h"
+#include "convert.h"
 #include "exit_status.h"
 #include "stat.h"
 
@@ -17,6 +18,7 @@ int main(int argc, char** argv) try {
   app.get_formatter()->column_width(kColumn);
   int status = kClean;
   AddCompile(app, status);
+  AddConvert(app, status);
   AddStat(app, status);
   AddCheck(app, status);
   try {

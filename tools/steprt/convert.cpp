@@ -1,0 +1,244 @@
+#include "convert.h"
+
+#include <steprt/file_header.h>
+#include <steprt/standard.h>
+#include <steprt/standard_write.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "console.h"
+#include "exchange_files.h"
+#include "exit_status.h"
+#include "express/cpp/program.h"
+#include "express/cpp/selection.h"
+#include "late_schema.h"
+#include "raw_records.h"
+#include "read_reports.h"
+#include "schema_files.h"
+
+namespace steprt_tools {
+namespace {
+
+struct ConvertRequest {
+  std::string in;
+  std::string out;
+  std::string form;  // standard, native, xml, or empty
+  std::vector<std::string> schemas;
+  bool json = false;
+};
+
+struct Outcome {
+  std::size_t records = 0;
+  int written = 0;
+  Losses lost;
+};
+
+bool EndsWith(const std::string& text, const std::string& end) {
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// After a byte order mark and blanks, XML begins with a tag.
+bool IsXml(std::string_view bytes) {
+  if (bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
+  const std::size_t start = bytes.find_first_not_of(" \t\r\n");
+  return start != std::string_view::npos && bytes[start] == '<';
+}
+
+// A name in FILE_SCHEMA without its object identifier.
+std::string SchemaName(const STEPfileHeader& header) {
+  const std::string name = header.schemas.At(0);
+  return name.substr(0, name.find_first_of(" \t{"));
+}
+
+// One conversion: a model with the records, and what reads and writes them.
+class Conversion {
+ public:
+  Conversion(const ConvertRequest& request, const exchange::Input& input, ReadReports& reports)
+      : request_(request), input_(input), reports_(reports) {}
+
+  // Any schema: the records are tokens.
+  Outcome Raw() {
+    RawRecords records;
+    steprt::Model model(records.ReadDescriptor());
+    STEPreadOptions options;
+    options.unknown = RawRecords::Row();
+    reports_.Ignore("integer-out-of-range");  // a token has it whole
+    Read(model, options);
+    Outcome outcome{Count(model), 0, {}};
+    model.schema = records.WriteDescriptor(model, SchemaName(header_), request_.form == "native");
+    outcome.written = Write(model, [](STEPheader* record, void*) {
+      const auto* part = static_cast<RawRecord*>(FirstPart(record));
+      return part->Name();
+    });
+    if (request_.form == "native") outcome.lost = records.Lost();
+    return outcome;
+  }
+
+  // A schema that is known: the records are those that its compiled classes read and write.
+  Outcome Late(const express::cpp::Program& program) {
+    LateSchema schema(program);
+    steprt::Model model(schema.Descriptor());
+    Read(model, STEPreadOptions());
+    Outcome outcome{Count(model), 0, {}};
+    if (request_.form == "native") CountLosses(model, outcome.lost);
+    outcome.written = Write(model, [](STEPheader* record, void*) {
+      const auto* part = static_cast<LateRecord*>(FirstPart(record));
+      return part->Name();
+    });
+    return outcome;
+  }
+
+ private:
+  // A complex instance has the name that its parts have.
+  static STEPheader* FirstPart(STEPheader* record) {
+    return record->type == STEPcomplex::kType ? static_cast<STEPcomplex*>(record)->Parts() : record;
+  }
+
+  static std::size_t Count(STEPmodel& model) {
+    std::size_t count = 0;
+    for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++count;
+    return count;
+  }
+
+  static void CountLosses(STEPmodel& model, Losses& lost) {
+    for (STEPheader* object = model.Inst(); object; object = object->NextHead()) {
+      if (object->type == STEPcomplex::kType) {
+        ++lost.complex;
+      } else {
+        static_cast<LateRecord*>(object)->CountLosses(lost);
+      }
+    }
+  }
+
+  void Read(steprt::Model& model, STEPreadOptions options) {
+    ProgressBar bar(input_.Name());
+    std::pair<ReadReports*, ProgressBar*> both(&reports_, &bar);
+    options.header = &header_;
+    options.context = &both;
+    options.diagnose = [](const STEPdiagnostic* diagnostic, void* context) {
+      static_cast<decltype(both)*>(context)->first->Add(*diagnostic);
+    };
+    options.progress = [](std::uint64_t done, std::uint64_t total, void* context) {
+      static_cast<decltype(both)*>(context)->second->Show(done, total);
+      return true;
+    };
+    model.ReadStandardFromMemory(input_.Bytes().data(), input_.Bytes().size(), &options);
+    if (!request_.json) reports_.Print(input_);  // before the write: OUT may be IN
+  }
+
+  int Write(steprt::Model& model, std::uint64_t (*nameOf)(STEPheader*, void*)) {
+    STEPwriteOptions options;
+    options.nameOf = nameOf;
+    if (request_.form == "native") return model.Write(request_.out);
+    if (request_.form == "xml") return model.WriteStandardXml(request_.out, &header_, &options);
+    return model.WriteStandard(request_.out, &header_, &options);
+  }
+
+  const ConvertRequest& request_;
+  const exchange::Input& input_;
+  ReadReports& reports_;
+  STEPfileHeader header_;
+};
+
+void PrintLosses(const Losses& lost) {
+  const std::pair<std::size_t, const char*> all[] = {
+      {lost.digits, "reals of more than six digits: rounded"},
+      {lost.texts, "texts of 256 characters or more: a reader of the form keeps 256"},
+      {lost.integers, "integers beyond 32 bits: the nearest that is not"},
+      {lost.complex, "complex instances: left out"},
+      {lost.references, "references to what is not written: omitted"}};
+  std::puts("The form cannot hold:");
+  for (const auto& [count, text] : all) {
+    if (count > 0) std::printf("%8zu  %s\n", count, text);
+  }
+}
+
+Json LossesAsJson(const Losses& lost) {
+  return {{"digits", lost.digits},
+          {"texts", lost.texts},
+          {"integers", lost.integers},
+          {"complex", lost.complex},
+          {"references", lost.references}};
+}
+
+bool HasLosses(const Losses& lost) {
+  return lost.digits + lost.texts + lost.integers + lost.complex + lost.references > 0;
+}
+
+int Tell(const ConvertRequest& request, const exchange::Input& input, const ReadReports& reports,
+         const Outcome& outcome) {
+  if (request.json) {
+    Json document{{"in", input.Name()},         {"out", request.out},         {"form", request.form},
+                  {"records", outcome.records}, {"written", outcome.written}, {"losses", LossesAsJson(outcome.lost)}};
+    document.update(reports.AsJson());
+    PrintJson(document);
+  } else {
+    if (HasLosses(outcome.lost)) PrintLosses(outcome.lost);
+    std::printf("records %zu, written %d\n", outcome.records, outcome.written);
+  }
+  return reports.Errors() > 0 || HasLosses(outcome.lost) ? kFindings : kClean;
+}
+
+int Fail(const std::string& text) {
+  std::fprintf(stderr, "steprt: error: %s\n", Harmless(text).c_str());
+  return kUnusable;
+}
+
+int Convert(ConvertRequest request) {
+  std::string reason;
+  const auto input = exchange::Input::Open(request.in, reason);
+  if (!input) return Fail("cannot read " + request.in + ": " + reason);
+  if (request.form.empty()) request.form = EndsWith(request.out, ".xml") ? "xml" : "standard";
+  ReadReports reports;
+  Outcome outcome;
+  if (request.form == "xml" || IsXml(input->Bytes())) {
+    if (request.schemas.empty()) return Fail("XML has names that only the schema knows: add --schema FILE.exp");
+    express::Diagnostics diagnostics;
+    const auto model = LoadSchemas(request.schemas, diagnostics);
+    if (PrintDiagnostics(diagnostics) != kClean) return kUnusable;
+    const auto selection = express::cpp::SelectDeclarations(*model, {}, diagnostics);
+    const auto program = express::cpp::BuildProgram(selection, "late", 0, diagnostics);
+    if (PrintDiagnostics(diagnostics) != kClean) return kUnusable;
+    outcome = Conversion(request, *input, reports).Late(program);
+  } else {
+    outcome = Conversion(request, *input, reports).Raw();
+  }
+  if (outcome.written < 0) return Fail("cannot write " + request.out);
+  return Tell(request, *input, reports, outcome);
+}
+
+}  // namespace
+
+void AddConvert(CLI::App& app, int& status) {
+  auto request = std::make_shared<ConvertRequest>();
+  CLI::App* const command = app.add_subcommand("convert", "Write an exchange file in another form");
+  command->footer(
+      "IN is clear text of ISO 10303-21, editions 1 to 3, the library's own clear text, or XML.\n"
+      "The records keep their order, and in the forms standard and xml their names. From standard to\n"
+      "standard no value changes. What the form of OUT cannot hold is counted.\n\n"
+      "  standard  ISO 10303-21 as it is published\n"
+      "  native    what the library's Write writes: six digits, texts of 256 characters\n"
+      "  xml       an XML document with all digits; reading and writing it needs --schema\n\n"
+      "The last line is \"records N, written M\": N records of IN were read.\n\n"
+      "Exit status: 0 done, 1 faults in IN or something lost, 2 wrong usage or a file that cannot be used.\n\n"
+      "Example: steprt convert house.ifc house.xml --schema IFC4.exp");
+  command->add_option("IN", request->in, "The file to read")->required()->type_name(" ");
+  command->add_option("OUT", request->out, "The file to write; .stp is added to a name without a dot")
+      ->required()
+      ->type_name(" ");
+  command->add_option("--to", request->form, "standard, native or xml; default: xml for OUT.xml, else standard")
+      ->type_name("FORM")
+      ->check(CLI::IsMember({"standard", "native", "xml"}).description(""));
+  command->add_option("--schema", request->schemas, "A file in EXPRESS; may be repeated")
+      ->type_name("FILE.exp")
+      ->allow_extra_args(false)
+      ->take_all();
+  command->add_flag("--json", request->json, "Print one JSON document");
+  command->callback([request, &status] { status = Convert(*request); });
+}
+
+}  // namespace steprt_tools

@@ -1,0 +1,33 @@
+#include "read_reports.h"
+
+#include <cstdio>
+
+#include "console.h"
+
+namespace steprt_tools {
+
+void ReadReports::Add(const STEPdiagnostic& diagnostic) {
+  if (diagnostic.code == ignored_) return;
+  const bool isError = diagnostic.severity == STEP_ERROR;
+  if (isError) ++errors_;
+  if (++counts_[diagnostic.code] > kMostOfOne) return;
+  kept_.push_back({isError ? exchange::Severity::kError : exchange::Severity::kWarning, diagnostic.code,
+                   diagnostic.message, static_cast<std::size_t>(diagnostic.line),
+                   static_cast<std::size_t>(diagnostic.column), diagnostic.offset, diagnostic.instance});
+}
+
+void ReadReports::Print(const exchange::Input& input) const {
+  for (const Finding& finding : kept_) PrintFinding(input, finding);
+  for (const auto& [code, count] : counts_) {
+    if (count <= kMostOfOne) continue;
+    std::printf("%s: %zu more of [%s]\n", Harmless(input.Name()).c_str(), count - kMostOfOne, code.c_str());
+  }
+}
+
+Json ReadReports::AsJson() const {
+  Json list = Json::array();
+  for (const Finding& finding : kept_) list.push_back(FindingAsJson(finding));
+  return {{"reports", std::move(list)}, {"counts", counts_}};
+}
+
+}  // namespace steprt_tools

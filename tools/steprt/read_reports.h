@@ -1,0 +1,36 @@
+// The reports of a read by the library, in the form of the command.
+#ifndef STEPRT_TOOLS_READ_REPORTS_H
+#define STEPRT_TOOLS_READ_REPORTS_H
+
+#include <steprt/standard.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "exchange_files.h"
+
+namespace steprt_tools {
+
+class ReadReports {
+ public:
+  // A report with this code does not count.
+  void Ignore(std::string code) { ignored_ = std::move(code); }
+  void Add(const STEPdiagnostic& diagnostic);
+
+  std::size_t Errors() const { return errors_; }
+  void Print(const exchange::Input& input) const;
+  Json AsJson() const;
+
+ private:
+  static constexpr std::size_t kMostOfOne = 5;  // reports of one code
+
+  std::string ignored_;
+  std::size_t errors_ = 0;
+  std::vector<Finding> kept_;
+  std::map<std::string, std::size_t> counts_;  // by code
+};
+
+}  // namespace steprt_tools
+
+#endif
