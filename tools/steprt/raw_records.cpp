@@ -1,6 +1,5 @@
 #include "raw_records.h"
 
-#include <steprt/read.h>
 #include <steprt/standard.h>
 #include <steprt/write.h>
 
