@@ -46,15 +46,17 @@ class OutputFile {
     *Buffer(1) = c;
     ++used_;
   }
-  template <std::size_t kSize>
-  void Put(const char (&literal)[kSize]) {
-    std::memcpy(Buffer(kSize), literal, kSize - 1);
-    used_ += kSize - 1;
-  }
   void Put(std::string_view text) {
     if (text.size() > kBlock - used_) return PutInPieces(text);
     text.copy(block_ + used_, text.size());
     used_ += text.size();
+  }
+
+  // The same for a literal of a few characters, without a call.
+  template <std::size_t kSize>
+  void PutLiteral(const char (&literal)[kSize]) {
+    std::memcpy(Buffer(kSize), literal, kSize - 1);
+    used_ += kSize - 1;
   }
 
   // Returns a buffer of `count` characters, at most 64, to print into. Advance marks the end of what was printed.

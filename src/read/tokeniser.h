@@ -15,7 +15,7 @@ namespace steprt {
 // read from the file. A caller pushes a token back by storing its kind in t->pushedToken, which holds one.
 int NextToken(STEPtransfer* t);
 
-// The same, faster if the next byte is the delimiter `c`, whose kind is `kind`.
+// The same, faster if the next byte is the delimiter `c`, whose kind is `kind`. It is not for a line feed.
 inline int NextToken(STEPtransfer* t, char c, int kind) {
   InputFile& in = *t->file.in;
   if (t->pushedToken != kNoToken || *in.Cursor() != c) return NextToken(t);

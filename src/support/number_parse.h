@@ -30,7 +30,7 @@ inline const char* ScanDigits(const char* p, Digits* digits) {
   return p;
 }
 
-inline constexpr std::size_t kScanReach = 8;  // ScanDigitsFast reads so many bytes from p on, wherever the digits end
+inline constexpr std::size_t kScanReach = 8;  // AppendEight reads so many bytes, wherever the digits end
 inline constexpr unsigned long long kEightPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 
 // Appends the digits among the eight bytes from *p on, moves *p to their end, and returns whether there are eight.

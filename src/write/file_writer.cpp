@@ -42,12 +42,12 @@ void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
 void OpenRecord(STEPtransfer* t, std::string_view name, int number) {
   OutputFile& out = *t->file.out;
   PutNumber(t, number);
-  out.Put(" = ");
+  out.PutLiteral(" = ");
   out.Put(name);
   out.Put('(');
 }
 
-void CloseRecord(STEPtransfer* t, std::string_view /*name*/) { t->file.out->Put(");\n"); }
+void CloseRecord(STEPtransfer* t, std::string_view /*name*/) { t->file.out->PutLiteral(");\n"); }
 
 void PutTail(STEPtransfer* t) { EndFile(t, {SectionKeyword(SEC_ENDSEC), ";\n\n", SectionKeyword(SEC_END), ";\n"}); }
 

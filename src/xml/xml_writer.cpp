@@ -29,18 +29,18 @@ void PutHead(STEPtransfer* t, const char* shownName, const char* remark) {
 
 void OpenEntity(STEPtransfer* t, std::string_view name, int number) {
   OutputFile& out = *t->file.out;
-  out.Put("\t<");
+  out.PutLiteral("\t<");
   out.Put(name);
-  out.Put(" rid=\"");
+  out.PutLiteral(" rid=\"");
   PutNumber(t, number);
-  out.Put("\">");
+  out.PutLiteral("\">");
 }
 
 void CloseEntity(STEPtransfer* t, std::string_view name) {
   OutputFile& out = *t->file.out;
-  out.Put("</");
+  out.PutLiteral("</");
   out.Put(name);
-  out.Put(">\n");
+  out.PutLiteral(">\n");
 }
 
 void PutTail(STEPtransfer* t) { EndFile(t, {"</", NameOf(*t->schema), ">\n"}); }
