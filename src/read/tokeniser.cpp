@@ -284,8 +284,8 @@ constexpr std::array<unsigned char, 256> kKindOfFirst = [] {
   for (unsigned c = 0; c < kinds.size(); ++c) {
     if (IsLetter(static_cast<char>(c))) kinds[c] = TOK_NAME;
   }
-  for (const unsigned char c : std::string_view("+-0123456789")) kinds[c] = TOK_INT;
-  for (const unsigned char c : std::string_view(" \t\r\n/")) kinds[c] = TOK_EOF;
+  for (const char c : std::string_view("+-0123456789")) kinds[static_cast<unsigned char>(c)] = TOK_INT;
+  for (const char c : std::string_view(" \t\r\n/")) kinds[static_cast<unsigned char>(c)] = TOK_EOF;
   kinds['#'] = TOK_REF;
   kinds['\''] = TOK_TEXT;
   kinds['.'] = TOK_ENUM;
