@@ -5,6 +5,7 @@
 //
 //   steprt_bench --benchmark_filter=/10k     some seconds: every task, small
 //   steprt_bench --benchmark_filter='^read/'
+//   steprt_bench --benchmark_filter=^read_standard  ISO 10303-21 as published, against the library's own form
 //   steprt_bench --benchmark_filter=^described   classes that describe their attributes, against functions by hand
 //   steprt_bench --benchmark_filter='^schema/'   lookups and queries by type, for each size of a schema
 //   steprt_bench --benchmark_filter='^doubling/'  files of twice the size, for each shape in shapes.h

@@ -14,6 +14,8 @@ constexpr int kStrideRecords = 500'000;  // more do not have a number
 constexpr double kWantedRead = 1.2;
 constexpr double kWantedShuffled = 1.2;
 constexpr double kWantedUnhashed = 1.1;
+constexpr double kWantedStandard = 1.05;
+constexpr double kWantedStandardShuffled = 1.1;  // each reference to a later record notes its place for reports
 
 bool SamePopulation(const Population& population) {
   BuildingModel model;
@@ -61,6 +63,33 @@ void ReadUnhashed(benchmark::State& state, int records) {
   Report(state, pairs, {records, population.bytes}, kWantedUnhashed);
 }
 
+bool StandardReadsTheSame(const Population& population) {
+  BuildingModel told;
+  BuildingModel standard;
+  if (told.Read(true, const_cast<char*>(population.path.c_str())) != 0) return false;
+  if (standard.ReadStandard(population.path.c_str()) != 0) return false;
+  return Fingerprint(told.Inst()) == Fingerprint(standard.Inst());
+}
+
+// A standard read, measured against the read of the same file in the library's own form.
+void ReadStandard(benchmark::State& state, Order order, int records) {
+  const Population& population = PopulationFile(order, records);
+  if (!StandardReadsTheSame(population)) return Fail(state, "a standard read makes another population");
+  Pairs pairs;
+  for (auto _ : state) {
+    pairs.Measure([&] { return TimeStandardRead(population); },
+                  [&] { return TimeRead(population, Lookup::kLinear); });
+    state.SetIterationTime(pairs.LastSubject());
+  }
+  const double wanted = order == Order::kShuffled ? kWantedStandardShuffled : kWantedStandard;
+  Report(state, pairs, {records, population.bytes}, wanted);
+}
+
+void RegisterStandardRead(Order order, int records) {
+  Register("read_standard/" + std::string(OrderName(order)) + "/" + SizeName(records), TurnsFor(records),
+           [=](benchmark::State& state) { ReadStandard(state, order, records); });
+}
+
 void RegisterRead(Order order, int records, Lookup lookup) {
   const char* task = lookup == Lookup::kIndexed ? "read_hashed/" : "read/";
   Register(task + std::string(OrderName(order)) + "/" + SizeName(records), TurnsFor(records),
@@ -79,6 +108,9 @@ void RegisterReads(int records) {
   if (records == 1'000'000) RegisterRead(Order::kStride, kStrideRecords, Lookup::kLinear);
   Register("read_unhashed_to_hashed/" + SizeName(records), TurnsFor(records),
            [=](benchmark::State& state) { ReadUnhashed(state, records); });
+  for (const Order order : {Order::kAscending, Order::kShuffled, Order::kDescending}) {
+    RegisterStandardRead(order, records);
+  }
 }
 
 }  // namespace bench

@@ -30,6 +30,14 @@ double TimeRead(const Population& population, Lookup lookup) {
   return seconds;
 }
 
+double TimeStandardRead(const Population& population) {
+  BeginTurn();
+  BuildingModel model;
+  const double seconds = TimeOf([&] { model.ReadStandard(population.path.c_str()); });
+  if (!model.Inst()) GiveUp(population.path);
+  return seconds;
+}
+
 double TimeReadFloor(const Population& population) {
   BeginTurn();
   BuildingModel model;

@@ -9,6 +9,7 @@ namespace bench {
 enum class Lookup { kLinear, kIndexed };  // without and with STEPmodel::PrepareHash, which is part of the time
 
 double TimeRead(const Population& population, Lookup lookup);
+double TimeStandardRead(const Population& population);
 double TimeReadFloor(const Population& population);
 
 }  // namespace bench

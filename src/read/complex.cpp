@@ -82,7 +82,7 @@ void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
     int token = NextToken(t, ')', TOK_CLOSE);
     if (token == TOK_CLOSE) return;
     if (token != TOK_NAME) return RefuseToken(t, token);
-    const APPentity* row = EnterKeyword(t, t->lookups.FindEntityByName(t->value.text));
+    const APPentity* row = EnterKeyword(t, t->lookups.FindEntityByName({t->value.text, t->nameLength}));
     const int errors = t->errors;
     if (!row) ReportError(t, kUnknownEntity, t->value.text);
     token = NextToken(t, '(', TOK_OPEN);

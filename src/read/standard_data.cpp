@@ -85,14 +85,23 @@ void ReadBrackets(STEPtransfer* t, const APPentity& row, STEPentry* entry) {
   if (token != TOK_CLOSE) RefuseToken(t, token);
 }
 
+void EnterKnown(STEPtransfer* t, const APPentity& row) {
+  std::memcpy(t->where, t->value.text, kWhereLimit);  // what follows a shorter name does no harm
+  t->wide->record.keyword = row.name;
+}
+
 void ReadKeywordAndBrackets(STEPtransfer* t, STEPentry* entry) {
-  const APPentity* const row = t->lookups.FindEntityByName(t->value.text);
-  if (row && !row->read) {
+  const APPentity* const row = t->lookups.FindEntityByName({t->value.text, t->nameLength});
+  if (row && row->read) {
+    EnterKnown(t, *row);
+    return ReadBrackets(t, *row, entry);
+  }
+  if (row) {
     Copy(t->where, t->value.text, kWhereLimit);
     t->wide->record.keyword = row->name;
     return RefuseRecord(t, kSyntax);
   }
-  if (const APPentity* reader = EnterKeyword(t, row)) return ReadBrackets(t, *reader, entry);
+  if (const APPentity* reader = EnterKeyword(t, nullptr)) return ReadBrackets(t, *reader, entry);
   ReportError(t, kUnknownEntity, t->value.text);
   SkipRecord(t);
 }
@@ -120,6 +129,7 @@ void ReadRecord(STEPtransfer* t, int number, OpenScopes& scopes) {
   int token = NextToken(t, '=', TOK_EQUAL);
   if (token != TOK_EQUAL) return RefuseToken(t, token);
   token = NextToken(t);
+  if (token == TOK_NAME && *t->value.text != '&') return ReadKeywordAndBrackets(t, entry);
   if (!IsWord(t, token, "&SCOPE")) return ReadBody(t, entry, token);
   if (!scopes.Push(number)) RefuseRecord(t, kOutOfMemory);
 }
@@ -174,13 +184,13 @@ STEPentry* EnterDocumentRecord(STEPtransfer* t, int number) {
 const APPentity* EnterKeyword(STEPtransfer* t, const APPentity* row) {
   WideRead& wide = *t->wide;
   const char* const keyword = t->value.text;
-  std::memcpy(t->where, keyword, kWhereLimit);  // what follows a shorter name does no harm
   t->attribute = nullptr;
   wide.keptRecord = nullptr;
   if (row && row->read) {
-    wide.record.keyword = row->name;
+    EnterKnown(t, *row);
     return row;
   }
+  std::memcpy(t->where, keyword, kWhereLimit);
   wide.record.keyword = keyword;  // for one report
   if (!wide.options.unknown || !wide.options.unknown->read) return nullptr;
   wide.record.keyword = wide.keywords.Keep(keyword);

@@ -47,6 +47,13 @@ constexpr std::uint64_t MarkEqual(std::uint64_t bytes, char c) {
 // The place of the first mark, from 0 on; 8 if there is none.
 constexpr int FirstMarked(std::uint64_t marks) { return std::countr_zero(marks) / 8; }
 
+// The start of the line that `p` is on: after the last line feed before it, or `begin`.
+inline const char* StartOfLine(const char* begin, const char* p) {
+  while (p - begin >= 8 && MarkEqual(LoadEight(p - 8), '\n') == 0) p -= 8;
+  while (p > begin && p[-1] != '\n') --p;
+  return p;
+}
+
 }  // namespace steprt
 
 #endif

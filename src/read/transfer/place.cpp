@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "read/transfer/wide_read.h"
+#include "support/eight_bytes.h"
 
 namespace steprt {
 namespace {
@@ -25,9 +26,7 @@ Place PlaceOf(STEPtransfer* t, const char* byte, int line) {
   LineStart& known = t->wide->lineStart;
   const std::uint64_t offset = in.OffsetOf(byte);
   if (known.line != line || known.offset > offset) {
-    const char* start = byte;
-    const char* const begin = Begin(in);
-    while (start > begin && start[-1] != '\n') --start;
+    const char* const start = StartOfLine(Begin(in), byte);
     const bool isBefore = start <= in.Begin() && in.Before() != '\n';
     known = {line, isBefore ? in.LineStart() : in.OffsetOf(start)};
   }
@@ -103,6 +102,15 @@ void KeepSlowToken(STEPtransfer* t) {
 Place PlaceOfSlowToken(STEPtransfer* t) {
   const SlowToken& token = t->wide->slow;
   return token.hasCrossed ? token.place : PlaceOf(t, token.start, token.line);
+}
+
+Place PlaceOfReference(STEPtransfer* t) {
+  const InputFile& in = *t->file.in;
+  const char* const begin = Begin(in);
+  const char* p = in.Cursor();
+  while (p != begin && p[-1] >= '0' && p[-1] <= '9') --p;
+  const bool isOfFastPath = p != in.Cursor() && p != begin && p[-1] == '#';
+  return isOfFastPath ? PlaceOf(t, p - 1, t->line) : PlaceOfLastToken(t);
 }
 
 Place PlaceOfLastToken(STEPtransfer* t) {

@@ -40,6 +40,9 @@ Place PlaceOfSlowToken(STEPtransfer* t);
 // The place of the token that was read last, without the blanks that were read after it.
 Place PlaceOfLastToken(STEPtransfer* t);
 
+// The same for a token that is a reference, which is quicker.
+Place PlaceOfReference(STEPtransfer* t);
+
 // Notes the last token as the one that the next report is about, although more will be read before. Only a standard
 // read does.
 [[gnu::noinline, gnu::cold]] void NoteFault(STEPtransfer* t);

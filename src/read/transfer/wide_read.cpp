@@ -46,7 +46,7 @@ STEPfixup* WideFixupOrNull(STEPtransfer* t) {
   }
   fixup->from = wide->keptRecord;
   fixup->attribute = t->attribute;
-  fixup->place = PlaceOfLastToken(t);
+  fixup->place = PlaceOfReference(t);
   return fixup;
 }
 
