@@ -77,8 +77,7 @@ void ReadStandard(benchmark::State& state, Order order, int records) {
   if (!StandardReadsTheSame(population)) return Fail(state, "a standard read makes another population");
   Pairs pairs;
   for (auto _ : state) {
-    pairs.Measure([&] { return TimeStandardRead(population); },
-                  [&] { return TimeRead(population, Lookup::kLinear); });
+    pairs.Measure([&] { return TimeStandardRead(population); }, [&] { return TimeRead(population, Lookup::kLinear); });
     state.SetIterationTime(pairs.LastSubject());
   }
   const double wanted = order == Order::kShuffled ? kWantedStandardShuffled : kWantedStandard;
