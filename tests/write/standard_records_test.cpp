@@ -48,9 +48,7 @@ struct Unit : steprt::Entity<Unit, 3> {
   void Describe(steprt::Description&) override {}
 };
 
-struct Hidden : steprt::Entity<Hidden, 5, Curve> {
-  static constexpr const char* kKeyword = "HIDDEN";
-};
+struct Hidden : steprt::Entity<Hidden, 5, Curve> {};  // without a row
 
 auto curves = steprt::Schema<Curve, Spline, Unit>("Curves", CollectReport);
 
