@@ -95,7 +95,9 @@ bool Parser::ParseSection(Token token) {
     ParseData();
   } else if (IsWord(token, "ANCHOR") || IsWord(token, "REFERENCE")) {
     TakeSemicolon();
+    scanner_.AllowTags(IsWord(token, "ANCHOR"));
     ParseOther(IsWord(token, "REFERENCE"));
+    scanner_.AllowTags(false);
   } else if (IsWord(token, "SIGNATURE")) {
     ParseSignature();
   } else if (IsWord(token, kLast)) {

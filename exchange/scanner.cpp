@@ -260,6 +260,7 @@ Token Scanner::ScanResource() {
 
 Token Scanner::ScanBad() {
   const char* const from = at_++;
+  if (tags_ && (*from == '{' || *from == '}' || *from == ':')) return Make(TokenKind::kBad, from);
   while ((static_cast<unsigned char>(*at_) & 0xC0U) == 0x80U) ++at_;
   Fault(Code::kBadCharacter, from, [] { return "expected a token, found a character that starts none"; });
   return Make(TokenKind::kBad, from);

@@ -35,6 +35,8 @@ class Scanner {
 
   // Edition 3 allows texts in UTF-8.
   void AllowUtf8(bool allow) { utf8_ = allow; }
+  // The items of an ANCHOR section may have tags: <a>=#1{T:5};
+  void AllowTags(bool allow) { tags_ = allow; }
 
   // Where to read on after a fault that was met at `from`: after the next semicolon, or at the next record or ENDSEC.
   // A record that starts at `from` counts only if `from` is after `start`.
@@ -86,6 +88,7 @@ class Scanner {
   bool unread_ = false;
   bool faulty_ = false;
   bool utf8_ = false;
+  bool tags_ = false;
 };
 
 template <class Message>

@@ -105,6 +105,7 @@ TEST(Grammar, ADirectiveInAnotherFormLeavesTheRecord) {
   const Row rows[] = {
       {"#1=A('C:\\dir');", "3:9 " + unknown},
       {"#1=A('\\');", "3:7 " + unknown},
+      {"#1=A('C:\\S\\');#2=B('x');", "3:9 " + unknown},  // the apostrophe ends the text
       {"#1=A('\\PJ\\');", "3:7 " + unknown + "3:10 " + unknown},
       {"#1=A('\\S\\\x80');", "3:7 " + unknown + "3:9 " + unknown +
                                  "3:10 raw-character: expected a directive, such as "

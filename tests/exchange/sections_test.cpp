@@ -28,10 +28,17 @@ TEST(Sections, AllOfEditionThreeAreTaken) {
       {kFrame + "DATA;" + kEnd, ""},
       {kFrame + "DATA('one',('S'));#1=A(#2);ENDSEC;\nDATA('two',('S'));#2=A(#1);" + kEnd, ""},
       {kFrame + "ANCHOR;<a>=#1;<b>=$;ENDSEC;REFERENCE;#7=<other.stp#x>;@8=<y#z>;ENDSEC;DATA;#1=A(#7,@8);" + kEnd, ""},
+      {kFrame + "ANCHOR;<a>=#1{T:5}{u:('}',#1)};ENDSEC;DATA;#1=A();" + kEnd, ""},
       {kFrame + "DATA;" + kEnd + "SIGNATURE; MIIG'(+/= ENDSEC;\n", ""},
       {level4 + "DATA;#1=A('\xC3\xA9\xF0\x9F\x98\x80');" + kEnd, ""},
       {kFrame + "ANCHOR;<a>=#3;ENDSEC;DATA;" + kEnd,
        "1:123 dangling-reference: expected the name of a record, no record is called #3\n"},
+      {kFrame + "ANCHOR;<a>=1{T:#3};ENDSEC;DATA;" + kEnd,
+       "1:127 dangling-reference: expected the name of a record, no record is called #3\n"},
+      {kFrame + "REFERENCE;#1=<a>{T:5};ENDSEC;DATA;" + kEnd,
+       "1:128 bad-character: expected a token, found a character that starts none\n"
+       "1:130 bad-character: expected a token, found a character that starts none\n"
+       "1:132 bad-character: expected a token, found a character that starts none\n"},
   };
   for (const Row& row : rows) Expect(row);
 }
