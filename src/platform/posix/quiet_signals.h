@@ -2,6 +2,7 @@
 #ifndef STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
 #define STEPRT_PLATFORM_POSIX_QUIET_SIGNALS_H
 
+#include <cerrno>
 #include <csignal>
 #include <ctime>
 #include <initializer_list>
@@ -9,7 +10,7 @@
 namespace steprt {
 
 // As long as it lives, it keeps the signals of a failing write (a closed pipe, a size limit) from the host. A signal
-// that was pending before stays pending.
+// that was pending before stays pending, and errno tells why the write has failed.
 class QuietSignals {
  public:
   QuietSignals() {
@@ -23,10 +24,12 @@ class QuietSignals {
     pthread_sigmask(SIG_BLOCK, &ours_, &before_);
   }
   ~QuietSignals() {
+    const int reason = errno;
     const timespec now = {0, 0};
     while (sigtimedwait(&ours_, nullptr, &now) > 0) {
     }
     pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    errno = reason;
   }
   QuietSignals(const QuietSignals&) = delete;
   QuietSignals& operator=(const QuietSignals&) = delete;
