@@ -84,10 +84,52 @@ expect 1 '"references": 1' convert odd.stp again.stp --to native --json
 cp faults.stp itself.stp
 expect 1 'itself.stp:9:1: error' convert itself.stp itself.stp --to native # IN was read before OUT is written
 expect 2 'add --schema' convert plant.stp plant.xml
-expect 2 'cannot read nothing.stp' convert nothing.stp again.stp
-expect 2 'cannot write ' convert plant.stp nowhere/again.stp
+expect 2 "cannot read 'nothing.stp'" convert nothing.stp again.stp
+expect 2 "cannot write 'nowhere/again.stp': No such file or directory" convert plant.stp nowhere/again.stp
 expect 2 'OUT is required' convert plant.stp
 expect 2 'form' convert plant.stp again.stp --to form
+
+# Nothing is left out in silence: the exit status is 1, and the form is said to lack it.
+wide() { printf "ISO-10303-21;HEADER;FILE_DESCRIPTION((''),'2;1');FILE_NAME('','',(''),(''),'','','');%s" \
+  "FILE_SCHEMA(('ALL_KINDS'));ENDSEC;$1;END-ISO-10303-21;" >wide.stp; }
+wide "DATA;#1=VALVE('x');#2=(BASE('x')VALVE(1));#3=BASE('x');ENDSEC"
+expect 1 ' 2  records or parts of entities' convert wide.stp again.xml --schema all.exp
+expect 1 '"entities": 2' convert wide.stp again.xml --schema all.exp --json
+wide "ANCHOR;<a>=#1;ENDSEC;DATA;#1=BASE('x');ENDSEC"
+expect 1 ' 1  sections of edition 3' convert wide.stp again.stp
+wide "DATA;#1=();#2=BASE('x');ENDSEC"
+expect 1 ' 1  other records' convert wide.stp again.stp
+wide "DATA;#1=BASE('x');#2=KINDS(*,'','',\$,(),1.E400,1.,-1.E400,1,\"0\",.T.,.U.,\$,\$,\$,(),(),(),(),\$,\$);ENDSEC"
+expect 1 ' 2  reals beyond the range' convert wide.stp again.xml --schema all.exp
+
+# Enumerators and binaries get their capitals.
+wide 'DATA;#1=a(.t.,"0ab",x(.Red.));ENDSEC'
+expect 0 'written 1' convert wide.stp again.stp
+grep -q '^#1=A(.T.,"0AB",X(.RED.));' again.stp
+
+# OUT has the name that it is given. A file that cannot be converted leaves it as it was.
+expect 0 'written 5' convert plant.stp bare
+cmp bare <(steprt convert plant.stp bare.stp >bare.txt && sed 's/bare.stp/bare/' bare.stp)
+mkdir -p folder
+expect 1 'written 4' convert plant.stp folder/bare --to native
+test -f folder/bare
+echo 'a letter' >letter.txt
+for form in standard native; do
+  expect 2 "cannot convert 'letter.txt'" convert letter.txt letter.txt --to $form
+done
+test "$(cat letter.txt)" = 'a letter'
+printf '<html><p>x</p></html>' >page.xml
+expect 2 "cannot convert 'page.xml'" convert page.xml page.xml --schema all.exp
+if [ -e /dev/full ]; then
+  expect 2 "cannot write '/dev/full': No space left on device" convert plant.stp /dev/full
+  for subcommand in 'stat' 'check' 'convert bare'; do
+    status=0
+    # shellcheck disable=SC2086
+    steprt $subcommand plant.stp >/dev/full 2>full.txt || status=$?
+    test "$status" = 2
+    grep -q 'cannot write standard output' full.txt
+  done
+fi
 
 # The completion offers what the help lists.
 # shellcheck source=/dev/null

@@ -4,9 +4,14 @@
 #include <steprt/standard.h>
 #include <steprt/standard_write.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -35,6 +40,7 @@ struct Outcome {
   std::size_t records = 0;
   int written = 0;
   Losses lost;
+  bool isUseless = false;  // IN has faults and no record, so OUT was not touched
 };
 
 bool EndsWith(const std::string& text, const std::string& end) {
@@ -54,6 +60,20 @@ std::string SchemaName(const STEPfileHeader& header) {
   return name.substr(0, name.find_first_of(" \t{"));
 }
 
+// The library adds .stp to a name without a dot after its last backslash. OUT is the name of the file as it is.
+std::string WithDot(std::string path) {
+  const std::size_t start = path.rfind('\\') + 1;  // 0 if there is none
+  if (path.find('.', start) == std::string::npos) path.insert(std::max(start, path.rfind('/') + 1), "./");
+  return path;
+}
+
+// How often a write has met a real that is not finite. A write has no diagnose function.
+std::size_t infiniteReals = 0;
+
+void CountWriteReport(const char* text) {
+  if (EndsWith(text, "]Real is not finite")) ++infiniteReals;
+}
+
 // One conversion: a model with the records, and what reads and writes them.
 class Conversion {
  public:
@@ -68,13 +88,15 @@ class Conversion {
     options.unknown = RawRecords::Row();
     reports_.Ignore("integer-out-of-range");  // a token has it whole
     Read(model, options);
-    Outcome outcome{Count(model), 0, {}};
+    Outcome outcome = Survey(model);
+    if (outcome.isUseless) return outcome;
     model.schema = records.WriteDescriptor(model, SchemaName(header_), request_.form == "native");
     outcome.written = Write(model, [](STEPheader* record, void*) {
       const auto* part = static_cast<RawRecord*>(FirstPart(record));
       return part->Name();
     });
     if (request_.form == "native") outcome.lost = records.Lost();
+    CountUnwritten(outcome);
     return outcome;
   }
 
@@ -82,13 +104,17 @@ class Conversion {
   Outcome Late(const express::cpp::Program& program) {
     LateSchema schema(program);
     steprt::Model model(schema.Descriptor());
-    Read(model, STEPreadOptions());
-    Outcome outcome{Count(model), 0, {}};
+    STEPreadOptions options;
+    options.check = IsXml(input_.Bytes());  // a document of another schema would be passed over in silence
+    Read(model, options);
+    Outcome outcome = Survey(model);
+    if (outcome.isUseless) return outcome;
     if (request_.form == "native") CountLosses(model, outcome.lost);
     outcome.written = Write(model, [](STEPheader* record, void*) {
       const auto* part = static_cast<LateRecord*>(FirstPart(record));
       return part->Name();
     });
+    CountUnwritten(outcome);
     return outcome;
   }
 
@@ -98,10 +124,21 @@ class Conversion {
     return record->type == STEPcomplex::kType ? static_cast<STEPcomplex*>(record)->Parts() : record;
   }
 
-  static std::size_t Count(STEPmodel& model) {
-    std::size_t count = 0;
-    for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++count;
-    return count;
+  Outcome Survey(STEPmodel& model) const {
+    Outcome outcome;
+    for (STEPheader* object = model.Inst(); object; object = object->NextHead()) ++outcome.records;
+    outcome.isUseless = outcome.records == 0 && reports_.Errors() > 0;
+    return outcome;
+  }
+
+  // After the write: what no write function has counted.
+  void CountUnwritten(Outcome& outcome) const {
+    if (outcome.written < 0) return;
+    Losses& lost = outcome.lost;
+    lost.entities = reports_.Count("unknown-entity");
+    lost.sections = reports_.Count("section-not-read");
+    lost.infinite = infiniteReals;
+    lost.others = outcome.records - static_cast<std::size_t>(outcome.written) - lost.complex;
   }
 
   static void CountLosses(STEPmodel& model, Losses& lost) {
@@ -133,9 +170,12 @@ class Conversion {
   int Write(steprt::Model& model, std::uint64_t (*nameOf)(STEPheader*, void*)) {
     STEPwriteOptions options;
     options.nameOf = nameOf;
-    if (request_.form == "native") return model.Write(request_.out);
-    if (request_.form == "xml") return model.WriteStandardXml(request_.out, &header_, &options);
-    return model.WriteStandard(request_.out, &header_, &options);
+    model.schema->errorProc = CountWriteReport;
+    const std::string out = WithDot(request_.out);
+    errno = 0;
+    if (request_.form == "native") return model.Write(out);
+    if (request_.form == "xml") return model.WriteStandardXml(out, &header_, &options);
+    return model.WriteStandard(out, &header_, &options);
   }
 
   const ConvertRequest& request_;
@@ -144,29 +184,39 @@ class Conversion {
   STEPfileHeader header_;
 };
 
+struct Loss {
+  std::size_t Losses::*count;
+  const char* key;   // in JSON
+  const char* text;  // for a reader
+};
+
+constexpr Loss kLosses[] = {
+    {&Losses::digits, "digits", "reals of more than six digits: rounded"},
+    {&Losses::texts, "texts", "texts of 256 characters or more: a reader of the form keeps 256"},
+    {&Losses::integers, "integers", "integers beyond 32 bits: the nearest that is not"},
+    {&Losses::infinite, "infinite", "reals beyond the range of a double: omitted"},
+    {&Losses::complex, "complex", "complex instances: left out"},
+    {&Losses::entities, "entities", "records or parts of entities that the schema does not have: left out"},
+    {&Losses::others, "others", "other records, such as complex instances without a part: left out"},
+    {&Losses::sections, "sections", "sections of edition 3: left out"},
+    {&Losses::references, "references", "references to what is not written: omitted"},
+};
+
 void PrintLosses(const Losses& lost) {
-  const std::pair<std::size_t, const char*> all[] = {
-      {lost.digits, "reals of more than six digits: rounded"},
-      {lost.texts, "texts of 256 characters or more: a reader of the form keeps 256"},
-      {lost.integers, "integers beyond 32 bits: the nearest that is not"},
-      {lost.complex, "complex instances: left out"},
-      {lost.references, "references to what is not written: omitted"}};
   std::puts("The form cannot hold:");
-  for (const auto& [count, text] : all) {
-    if (count > 0) std::printf("%8zu  %s\n", count, text);
+  for (const Loss& loss : kLosses) {
+    if (lost.*loss.count > 0) std::printf("%8zu  %s\n", lost.*loss.count, loss.text);
   }
 }
 
 Json LossesAsJson(const Losses& lost) {
-  return {{"digits", lost.digits},
-          {"texts", lost.texts},
-          {"integers", lost.integers},
-          {"complex", lost.complex},
-          {"references", lost.references}};
+  Json json;
+  for (const Loss& loss : kLosses) json[loss.key] = lost.*loss.count;
+  return json;
 }
 
 bool HasLosses(const Losses& lost) {
-  return lost.digits + lost.texts + lost.integers + lost.complex + lost.references > 0;
+  return std::any_of(std::begin(kLosses), std::end(kLosses), [&](const Loss& loss) { return lost.*loss.count > 0; });
 }
 
 int Tell(const ConvertRequest& request, const exchange::Input& input, const ReadReports& reports,
@@ -188,10 +238,13 @@ int Fail(const std::string& text) {
   return kUnusable;
 }
 
+// Why the write has failed, if the system has told it.
+std::string Reason() { return errno != 0 ? std::string(": ") + std::strerror(errno) : ""; }
+
 int Convert(ConvertRequest request) {
   std::string reason;
   const auto input = exchange::Input::Open(request.in, reason);
-  if (!input) return Fail("cannot read " + request.in + ": " + reason);
+  if (!input) return Fail("cannot read '" + request.in + "': " + reason);
   if (request.form.empty()) request.form = EndsWith(request.out, ".xml") ? "xml" : "standard";
   ReadReports reports;
   Outcome outcome;
@@ -207,7 +260,8 @@ int Convert(ConvertRequest request) {
   } else {
     outcome = Conversion(request, *input, reports).Raw();
   }
-  if (outcome.written < 0) return Fail("cannot write " + request.out);
+  if (outcome.isUseless) return Fail("cannot convert '" + request.in + "': it has faults and no record");
+  if (outcome.written < 0) return Fail("cannot write '" + request.out + "'" + Reason());
   return Tell(request, *input, reports, outcome);
 }
 
@@ -227,9 +281,7 @@ void AddConvert(CLI::App& app, int& status) {
       "Exit status: 0 done, 1 faults in IN or something lost, 2 wrong usage or a file that cannot be used.\n\n"
       "Example: steprt convert house.ifc house.xml --schema IFC4.exp");
   command->add_option("IN", request->in, "The file to read")->required()->type_name(" ");
-  command->add_option("OUT", request->out, "The file to write; .stp is added to a name without a dot")
-      ->required()
-      ->type_name(" ");
+  command->add_option("OUT", request->out, "The file to write")->required()->type_name(" ");
   command->add_option("--to", request->form, "standard, native or xml; default: xml for OUT.xml, else standard")
       ->type_name("FORM")
       ->check(CLI::IsMember({"standard", "native", "xml"}).description(""));

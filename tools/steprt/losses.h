@@ -1,4 +1,4 @@
-// What the library's own form cannot hold of a population, as counts.
+// What a form cannot hold of a population, as counts.
 #ifndef STEPRT_TOOLS_LOSSES_H
 #define STEPRT_TOOLS_LOSSES_H
 
@@ -12,6 +12,10 @@ struct Losses {
   std::size_t integers = 0;    // of more than 32 bits
   std::size_t complex = 0;     // complex instances
   std::size_t references = 0;  // to what is not written
+  std::size_t entities = 0;    // records and parts of entities that the schema does not have
+  std::size_t sections = 0;    // of edition 3
+  std::size_t infinite = 0;    // reals beyond the range of a double
+  std::size_t others = 0;      // records that are not written for another reason
 
   void AddReal(double real);
   void AddText(const char* text);

@@ -24,9 +24,11 @@ int main(int argc, char** argv) try {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kClean : kUnusable;
+    status = app.exit(error) == 0 ? kClean : kUnusable;
   }
-  return status;
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  std::fputs("steprt: error: cannot write standard output\n", stderr);
+  return kUnusable;
 } catch (const std::exception& error) {
   std::fprintf(stderr, "steprt: error: %s\n", error.what());
   return steprt_tools::kUnusable;

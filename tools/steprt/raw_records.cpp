@@ -143,9 +143,21 @@ void RawRecords::WriteToken(STEPtransfer* t, STEPitem kind, const char* text) {
       return wSTEPtext(t, nullptr, text);
     case STEP_REF:
       return WriteReference(t, text);
+    case STEP_ENUM:
+    case STEP_BINARY:
+      return WriteCapitals(t, text);
     default:
       return wSTEPtoken(t, nullptr, text);
   }
+}
+
+// A strict reader wants them, and no reader tells the difference.
+void RawRecords::WriteCapitals(STEPtransfer* t, const char* token) {
+  std::string capitals = token;
+  for (char& c : capitals) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  wSTEPtoken(t, nullptr, capitals.c_str());
 }
 
 void RawRecords::WriteInteger(STEPtransfer* t, const char* token) {

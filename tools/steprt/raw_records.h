@@ -63,6 +63,7 @@ class RawRecords {
 
   void Enter(STEPheader* object);
   void WriteToken(STEPtransfer* t, STEPitem kind, const char* text);
+  void WriteCapitals(STEPtransfer* t, const char* token);
   void WriteInteger(STEPtransfer* t, const char* token);
   void WriteReal(STEPtransfer* t, const char* token);
   void WriteReference(STEPtransfer* t, const char* token);

@@ -16,6 +16,11 @@ void ReadReports::Add(const STEPdiagnostic& diagnostic) {
                    static_cast<std::size_t>(diagnostic.column), diagnostic.offset, diagnostic.instance});
 }
 
+std::size_t ReadReports::Count(const std::string& code) const {
+  const auto found = counts_.find(code);
+  return found == counts_.end() ? 0 : found->second;
+}
+
 void ReadReports::Print(const exchange::Input& input) const {
   for (const Finding& finding : kept_) PrintFinding(input, finding);
   for (const auto& [code, count] : counts_) {

@@ -19,6 +19,7 @@ class ReadReports {
   void Add(const STEPdiagnostic& diagnostic);
 
   std::size_t Errors() const { return errors_; }
+  std::size_t Count(const std::string& code) const;
   void Print(const exchange::Input& input) const;
   Json AsJson() const;
 
