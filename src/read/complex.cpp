@@ -84,7 +84,7 @@ void ReadParts(STEPtransfer* t, STEPcomplex* complex) {
     if (token != TOK_NAME) return RefuseToken(t, token);
     const APPentity* row = EnterKeyword(t, t->lookups.FindEntityByName({t->value.text, t->nameLength}));
     const int errors = t->errors;
-    if (!row) ReportError(t, kUnknownEntity, t->value.text);
+    if (!row) ReportUnknownEntity(t);
     token = NextToken(t, '(', TOK_OPEN);
     if (token != TOK_OPEN) return RefuseToken(t, token);
     if (row ? ReadPart(t, *row, complex) : SkipPart(t, complex)) continue;

@@ -102,7 +102,7 @@ void ReadKeywordAndBrackets(STEPtransfer* t, STEPentry* entry) {
     return RefuseRecord(t, kSyntax);
   }
   if (const APPentity* reader = EnterKeyword(t, nullptr)) return ReadBrackets(t, *reader, entry);
-  ReportError(t, kUnknownEntity, t->value.text);
+  ReportUnknownEntity(t);
   SkipRecord(t);
 }
 
@@ -191,11 +191,16 @@ const APPentity* EnterKeyword(STEPtransfer* t, const APPentity* row) {
     return row;
   }
   std::memcpy(t->where, keyword, kWhereLimit);
-  wide.record.keyword = keyword;  // for one report
+  wide.record.keyword = keyword;  // until ReportUnknownEntity
   if (!wide.options.unknown || !wide.options.unknown->read) return nullptr;
   wide.record.keyword = wide.keywords.Keep(keyword);
   if (wide.record.keyword) return wide.options.unknown;
   return Refuse(t, kOutOfMemory, nullptr);
+}
+
+void ReportUnknownEntity(STEPtransfer* t) {
+  ReportError(t, kUnknownEntity, t->value.text);
+  t->wide->record.keyword = t->where;  // the next token will replace the whole one
 }
 
 int ReadStandardData(STEPtransfer* t) {

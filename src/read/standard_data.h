@@ -25,6 +25,9 @@ STEPentry* EnterDocumentRecord(STEPtransfer* t, int number);
 // no read function, it does not count.
 const APPentity* EnterKeyword(STEPtransfer* t, const APPentity* row);
 
+// Reports a keyword for which EnterKeyword has returned null. It must be the last token.
+void ReportUnknownEntity(STEPtransfer* t);
+
 }  // namespace steprt
 
 #endif

@@ -36,7 +36,8 @@ constexpr int kNoTransfer = 1;
 
 void SkipByteOrderMark(InputFile& in) {
   for (const int byte : {0xEF, 0xBB, 0xBF}) {
-    if (in.Peek() == byte) in.Get();
+    if (in.Peek() != byte) break;
+    in.Get();
   }
   in.StartLine();
 }

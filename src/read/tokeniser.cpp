@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "read/char_class.h"
+#include "read/transfer/place.h"
 #include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
 #include "read/wide_tokens.h"
@@ -343,13 +344,16 @@ int NextToken(STEPtransfer* t) {
 }
 
 bool NextByteIs(STEPtransfer* t, char c) {
+  InputFile& in = *t->file.in;
+  if (*in.Cursor() == c) return true;  // never the line feed at the limit
+  const Place place = t->wide ? PlaceOfLastToken(t) : Place();
   int next;
   do {
     next = SkipBlanks(t);
   } while (next == '/' && t->wide && SkipComment(t));
-  if (next == InputFile::kEnd) return false;
-  t->file.in->MoveTo(t->file.in->Cursor() - 1);
-  return next == c;
+  if (next != InputFile::kEnd) in.MoveTo(in.Cursor() - 1);
+  if (t->wide) KeepPlaceOfLastToken(t, place);
+  return next == static_cast<unsigned char>(c);
 }
 
 }  // namespace steprt

@@ -104,9 +104,12 @@ void SkipCommentAfterWord(STEPtransfer* t) {
 }
 
 void PutBinary(STEPtransfer* t, WideSink& sink) {
-  if (PutUpTo(t, kStopsWord, sink) != '"') return ReportValue(t, kUnterminatedBinary);
-  t->file.in->Get();
-  sink.Put("\"", 1);
+  if (PutUpTo(t, kStopsWord, sink) == '"') {
+    t->file.in->Get();
+  } else {
+    ReportValue(t, kUnterminatedBinary);
+  }
+  sink.Put("\"", 1);  // one that was left open ends here
 }
 
 struct Number {

@@ -107,7 +107,7 @@ bool StandardXmlParser::ReadNumber(SaxAttributes& attributes) {
 void StandardXmlParser::EnterEntity(char* keyword) {
   transfer->value.text = keyword;
   reader_ = EnterKeyword(transfer, transfer->lookups.FindEntityByName(keyword));
-  if (!reader_) ReportError(transfer, kUnknownEntity, keyword);
+  if (!reader_) ReportUnknownEntity(transfer);
   transfer->store->childElements.Reset();
 }
 

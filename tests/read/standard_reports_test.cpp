@@ -71,6 +71,7 @@ TEST(StandardReports, TellThePlaceOfTheTokenAtFault) {
     #1=PROBE('a',1.,5,.T.,.T.,.RED., 5 ,'');       | missing-reference 2:34 #1 PROBE G
     #1=PROBE('a',1.,5,.T.,.T.,.RED.,(#1,(2)),'');  | missing-reference 2:33 #1 PROBE G
     #1=PROBE(5,1.,5,.T.,.T.,.RED.,$,'');           | missing-text 2:10 #1 PROBE A
+    #1=PROBE(/*x*/5,*7,"0A"B,.T.,.T.,.RED.,$,'');   | missing-text 2:15 #1 PROBE A & missing-real 2:17 #1 PROBE B & missing-integer 2:17 #1 PROBE C & missing-logical 2:18 #1 PROBE E & missing-enumerator 2:20 #1 PROBE F & missing-reference 2:24 #1 PROBE G & missing-text 2:26 #1 PROBE H & syntax 2:29 #1 PROBE -
     #1=PROBE('a','it''s',2,.T.,.T.,.RED.,$,'');    | missing-real 2:14 #1 PROBE B & missing-integer 2:14 #1 PROBE C & missing-boolean 2:14 #1 PROBE D & missing-logical 2:22 #1 PROBE E & unknown-enumerator 2:24 #1 PROBE F & missing-reference 2:28 #1 PROBE G & missing-text 2:32 #1 PROBE H & syntax 2:37 #1 PROBE -
     #1=PROBE('a',1.,5,.X.,.T.,.RED.,$,'');         | unknown-boolean 2:19 #1 PROBE D
     #1=PROBE('a',1.,5,.T.,.T.,\n   .PINK. /* x */ ,$,''); | unknown-enumerator 3:4 #1 PROBE F

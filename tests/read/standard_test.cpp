@@ -73,8 +73,8 @@ TEST(Standard, TakesCommentsLongTextsAndWideNumbers) {
     2147483648                                         | 2147483648         | (1) [PROBE]Integer out of range
     -99999999999999999999                              | -99999999999999999999 | (1) [PROBE]Integer out of range
     1/2                                                | 1/2                |
-    "0A,1                                              | "0A,1              | (1) [PROBE]Unterminated binary
-    "                                                  | "                  | (1) [PROBE]Unterminated binary
+    "0A,1                                              | "0A",1             | (1) [PROBE]Unterminated binary
+    "                                                  | ""                 | (1) [PROBE]Unterminated binary
     #PI,#,#0,#12X,1                                    | #PI,#,#0,#12X,1    | (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name
     #18446744073709551616                              | #18446744073709551616 | (1) [PROBE]Instance name out of range
   )",

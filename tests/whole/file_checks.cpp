@@ -6,9 +6,6 @@
 #include <filesystem>
 
 #include "platform/sax.h"
-#include "steprt/any_record.h"
-#include "steprt/file_header.h"
-#include "steprt/standard.h"
 #include "support/faulty_calls.h"
 #include "support/soundness.h"
 #include "support/tame.h"
@@ -105,62 +102,6 @@ void CheckClearText(const std::string& bytes) {
   if (bytes.size() % 4 == 0) Write(model, Form::kClearText);  // values that do not come back
   ExpectComesBack(model, Form::kClearText);
   if (bytes.size() % 4 == 1 && steprt::saxService) ExpectComesBack(model, Form::kXml);
-}
-
-void CheckStandard(const std::string& bytes) {
-  STEPreadOptions options;
-  options.check = bytes.size() % 3 == 1;
-  if (bytes.size() % 2 == 0) options.tokenLimit = 300;
-  ProjModel model;
-  model.Name("memory.stp");
-  const Outcome outcome =
-      ReadInto(model, model.Name(), [&] { return model.ReadStandardFromMemory(bytes.data(), bytes.size(), &options); });
-  EXPECT_EQ(outcome.result, ResultOf(outcome.reports));
-  const FaultyCalls calls({.interrupted = true, .atMost = [&] { return bytes.size() % 2 ? 3 : 50; }});
-  ProjModel again;
-  const std::string path = MakeFile("read.xml", bytes);
-  EXPECT_EQ(ReadInto(again, path, [&] { return again.ReadStandard(path.c_str(), &options); }), outcome);
-  if (bytes.size() % 4 == 0) TakeReports(Write(model, Form::kClearText));  // of complex instances
-}
-
-namespace {
-
-// An entity that no file has, since a schema needs one.
-struct NoEntity : steprt::Entity<NoEntity, 0> {
-  static constexpr const char* kKeyword = "-";
-  void Describe(steprt::Description& /*d*/) override {}
-};
-
-}  // namespace
-
-void CheckStandardWrite(const std::string& bytes) {
-  static constinit auto schema = steprt::Schema<NoEntity>("PROJ", CollectReport);
-  STEPreadOptions reading;
-  reading.unknown = steprt::AnyRecord::Row();
-  STEPwriteOptions writing;
-  writing.unknown = steprt::AnyRecord::Row();
-  const std::string path = TempPath("standard-write.stp");
-  std::string written;
-  bool isSound = true;
-  for (int pass = 0; pass < 2; ++pass) {
-    steprt::Model model(&schema);
-    if (pass == 0) {
-      model.Name("memory.stp");
-      model.ReadStandardFromMemory(bytes.data(), bytes.size(), &reading);
-      isSound = TakeReports("memory.stp").empty();
-    } else {
-      const int reports = model.ReadStandard(path, &reading);
-      EXPECT_TRUE(!isSound || reports == 0) << reports;
-      TakeReports(path);
-    }
-    STEPfileHeader header;
-    header.timeStamp = "now";
-    model.WriteStandard(path, &header, &writing);
-    TakeReports(path);
-    const std::string result = BytesOf(path);
-    EXPECT_TRUE(pass == 0 || !isSound || result == written) << written << result;
-    written = result;
-  }
 }
 
 void CheckDocument(const std::string& bytes) {

@@ -12,12 +12,13 @@ namespace steprt_test {
 // come back after a write in either form.
 void CheckClearText(const std::string& bytes);
 
-// Reads the bytes as a standard file, in memory and as a file that arrives in pieces. Both must agree. What was read is
+// Reads the bytes as a standard file, in memory and as a file that arrives in pieces. Both must agree, and each report
+// must have a place in the file. Options follow from the number of bytes; some reads are cancelled. What was read is
 // written, but may not come back: the library's own form does not hold it all.
 void CheckStandard(const std::string& bytes);
 
-// Reads the bytes as a standard file, every record as it is, and writes that, twice. If the first read reports nothing,
-// neither does the second, and both files are the same.
+// Reads the bytes as a standard file, every record as it is, and writes that in clear text and in XML. A read of what
+// was written reports nothing and finds the same values, unless the write reports one that no file can have.
 void CheckStandardWrite(const std::string& bytes);
 
 // Reads the bytes up to the first that is 0 as a document in memory, and as a file that arrives in pieces. Both must

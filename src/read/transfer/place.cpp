@@ -9,8 +9,8 @@ namespace steprt {
 namespace {
 
 constexpr std::string_view kEndsOfWords =
-    "' ()\n;=,\r$\t";                             // as the tokeniser has them, but for the `#` of a reference
-constexpr std::string_view kSingles = "(),;=$*";  // tokens of one byte
+    "' ()\n;=,\r$\t";                            // as the tokeniser has them, but for the `#` of a reference
+constexpr std::string_view kSingles = "(),;=$";  // tokens of one byte that no word has
 
 bool IsOneOf(std::string_view bytes, char c) { return bytes.find(c) != std::string_view::npos; }
 
@@ -63,12 +63,24 @@ const char* StartOfText(const char* begin, const char* end) {
   return end - 1;
 }
 
+// Where a word begins that nothing separates from what is before it: a comment, a binary, or the token `*`. `start` is
+// where those may begin.
+const char* StartAfterNeighbours(const char* start, const char* end) {
+  std::string_view word(start, static_cast<std::size_t>(end - start));
+  const std::size_t comment = word.rfind("*/");
+  if (comment != word.npos) word.remove_prefix(comment + 2);
+  const std::size_t quote = word.rfind('"');
+  if (quote != word.npos && quote + 1 != word.size() && word[0] == '"') word.remove_prefix(quote + 1);
+  while (word.size() > 1 && word[0] == '*') word.remove_prefix(1);
+  return word.empty() ? end - 1 : word.data();
+}
+
 const char* StartOfWord(const char* begin, const char* end) {
   const char* p = end;
   while (p != begin && !IsOneOf(kEndsOfWords, p[-1])) {
     if (*--p == '#') break;
   }
-  return p == end ? end - 1 : p;
+  return StartAfterNeighbours(p, end);
 }
 
 const char* StartOfToken(const char* begin, const char* end) {
@@ -123,6 +135,13 @@ Place PlaceOfLastToken(STEPtransfer* t) {
   if (isSlow(last.end)) return PlaceOfSlowToken(t);
   const char* const begin = Begin(*in);
   return PlaceOf(t, last.end == begin ? begin : StartOfToken(begin, last.end), last.line);
+}
+
+void KeepPlaceOfLastToken(STEPtransfer* t, const Place& place) {
+  SlowToken& token = t->wide->slow;
+  token.place = place;
+  token.hasCrossed = true;
+  EndSlowToken(t);
 }
 
 void NoteFault(STEPtransfer* t) {

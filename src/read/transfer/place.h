@@ -43,6 +43,10 @@ Place PlaceOfLastToken(STEPtransfer* t);
 // The same for a token that is a reference, which is quicker.
 Place PlaceOfReference(STEPtransfer* t);
 
+// Tells that blanks and comments after the last token, whose place was that, have been read up to the cursor. The block
+// may have been replaced meanwhile.
+void KeepPlaceOfLastToken(STEPtransfer* t, const Place& place);
+
 // Notes the last token as the one that the next report is about, although more will be read before. Only a standard
 // read does.
 [[gnu::noinline, gnu::cold]] void NoteFault(STEPtransfer* t);
