@@ -3,7 +3,6 @@
 // the same works afterwards.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <memory>
