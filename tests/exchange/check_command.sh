@@ -93,6 +93,12 @@ expect 2 'form' convert plant.stp again.stp --to form
 expect 1 'written 4' convert plant.stp own.stp --to native
 expect 0 'warning: Missing text \[missing-text\]' convert own.stp again.stp
 expect 0 '^records 4, written 4$' convert own.stp again.stp
+sed 's/FILE_NAME(/FILE_NAME((1),/' own.stp >wrong.stp # a value of another kind is lost
+expect 1 'error: Missing text' convert wrong.stp again.stp
+printf 'ISO-10303-21;HEADER;ENDSEC;DATA;#1=BASE(#8);#2=BASE(#9);#3=BASE(5);ENDSEC;END-ISO-10303-21;' >order.stp
+expect 1 'written 3' convert order.stp order.xml --schema all.exp
+test "$(steprt convert order.stp order.xml --schema all.exp | grep -oE '^order.stp:1:[0-9]+')" = \
+  "$(steprt convert order.stp order.xml --schema all.exp | grep -oE '^order.stp:1:[0-9]+' | sort -t: -k3n)"
 
 # Nothing is left out in silence: the exit status is 1, and the form is said to lack it.
 wide() { printf "ISO-10303-21;HEADER;FILE_DESCRIPTION((''),'2;1');FILE_NAME('','',(''),(''),'','','');%s" \

@@ -257,7 +257,7 @@ int Convert(ConvertRequest request) {
   const auto input = exchange::Input::Open(request.in, reason);
   if (!input) return Fail("cannot read '" + request.in + "': " + reason);
   if (request.form.empty()) request.form = EndsWith(request.out, ".xml") ? "xml" : "standard";
-  ReadReports reports;
+  ReadReports reports(input->Bytes());
   Outcome outcome;
   if (request.form == "xml" || IsXml(input->Bytes())) {
     if (request.schemas.empty()) return Fail("XML has names that only the schema knows: add --schema FILE.exp");

@@ -1,19 +1,18 @@
 #include "read_reports.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
 
 #include "console.h"
 
 namespace steprt_tools {
-namespace {
-
 // A field of the header that the file lacks, as files in the library's own form do, gets its default. Nothing is lost.
-bool IsMissingField(const STEPdiagnostic& diagnostic) {
-  return diagnostic.instance == 0 && std::string_view(diagnostic.code).starts_with("missing-text");
+bool ReadReports::IsMissingField(const STEPdiagnostic& diagnostic) const {
+  if (diagnostic.instance != 0 || !std::string_view(diagnostic.code).starts_with("missing-text")) return false;
+  const std::string_view there = bytes_.substr(std::min<std::size_t>(diagnostic.offset, bytes_.size()), 1);
+  return there == "$" || there == ")";
 }
-
-}  // namespace
 
 void ReadReports::Add(const STEPdiagnostic& diagnostic) {
   if (diagnostic.code == ignored_) return;
@@ -30,7 +29,8 @@ std::size_t ReadReports::Count(const std::string& code) const {
   return found == counts_.end() ? 0 : found->second;
 }
 
-void ReadReports::Print(const exchange::Input& input) const {
+void ReadReports::Print(const exchange::Input& input) {
+  std::stable_sort(kept_.begin(), kept_.end(), [](const Finding& a, const Finding& b) { return a.offset < b.offset; });
   for (const Finding& finding : kept_) PrintFinding(input, finding);
   for (const auto& [code, count] : counts_) {
     if (count <= kMostOfOne) continue;

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "exchange_files.h"
@@ -14,18 +15,24 @@ namespace steprt_tools {
 
 class ReadReports {
  public:
+  // `bytes`: what is read. They must not change until the read is over.
+  explicit ReadReports(std::string_view bytes) : bytes_(bytes) {}
+
   // A report with this code does not count.
   void Ignore(std::string code) { ignored_ = std::move(code); }
   void Add(const STEPdiagnostic& diagnostic);
 
   std::size_t Errors() const { return errors_; }
   std::size_t Count(const std::string& code) const;
-  void Print(const exchange::Input& input) const;
+  void Print(const exchange::Input& input);  // in the order of the file: references are read last
   Json AsJson() const;
 
  private:
   static constexpr std::size_t kMostOfOne = 5;  // reports of one code
 
+  bool IsMissingField(const STEPdiagnostic& diagnostic) const;
+
+  std::string_view bytes_;
   std::string ignored_;
   std::size_t errors_ = 0;
   std::vector<Finding> kept_;
