@@ -103,8 +103,17 @@ void SkipCommentAfterWord(STEPtransfer* t) {
   t->wide->slow = word;
 }
 
+bool IsBlank(int c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// A binary may be over several lines: blanks do not belong to it.
 void PutBinary(STEPtransfer* t, WideSink& sink) {
-  if (PutUpTo(t, kStopsWord, sink) == '"') {
+  int c = PutUpTo(t, kStopsWord, sink);
+  while (IsBlank(c)) {
+    t->file.in->Get();
+    if (c == '\n') CountLine(t);
+    c = PutUpTo(t, kStopsWord, sink);
+  }
+  if (c == '"') {
     t->file.in->Get();
   } else {
     ReportValue(t, kUnterminatedBinary);

@@ -73,6 +73,8 @@ TEST(Standard, TakesCommentsLongTextsAndWideNumbers) {
     2147483648                                         | 2147483648         | (1) [PROBE]Integer out of range
     -99999999999999999999                              | -99999999999999999999 | (1) [PROBE]Integer out of range
     1/2                                                | 1/2                |
+    "0A  1\r\n2B",3,"\n0\n"                            | "0A12B",3,"0"      |
+    "0A\n2B,1                                          | "0A2B",1           | (1) [PROBE]Unterminated binary
     "0A,1                                              | "0A",1             | (1) [PROBE]Unterminated binary
     "                                                  | ""                 | (1) [PROBE]Unterminated binary
     #PI,#,#0,#12X,1                                    | #PI,#,#0,#12X,1    | (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name & (1) [PROBE]Invalid instance name
