@@ -70,7 +70,7 @@ const char* StartAfterNeighbours(const char* start, const char* end) {
   const std::size_t comment = word.rfind("*/");
   if (comment != word.npos) word.remove_prefix(comment + 2);
   const std::size_t quote = word.rfind('"');
-  if (quote != word.npos && quote + 1 != word.size() && word[0] == '"') word.remove_prefix(quote + 1);
+  if (quote != word.npos && quote + 1 != word.size()) word.remove_prefix(quote + 1);
   while (word.size() > 1 && word[0] == '*') word.remove_prefix(1);
   return word.empty() ? end - 1 : word.data();
 }
