@@ -8,7 +8,8 @@
 ///
 /// It takes what Read takes, and also: a byte order mark of UTF-8; comments between any two tokens; texts and binaries
 /// over several lines and of any length; instance names up to 18446744073709551615; user-defined keywords; several DATA
-/// sections with parameters; brackets inside a value that is passed over. Nothing but the end of the file ends the read.
+/// sections with parameters; brackets inside a value that is passed over. Nothing but the end of the file ends the
+/// read.
 ///
 /// Each of these costs one report, and the read goes on after it:
 ///   - "Unknown entity !KEY": a record with a user-defined keyword is passed over.
