@@ -25,6 +25,9 @@ void PutBytes(STEPtransfer* t, std::string_view bytes) {
   t->wideWrite->column += bytes.size();
 }
 
+// A letter in upper case, and `_` for a byte that no file may have in a token.
+char ToStandard(char c) { return c >= ' ' && c <= '~' ? ToUpper(c) : '_'; }
+
 // Ends the line if it has no place for a token of that length.
 void MakePlace(STEPtransfer* t, std::size_t length) {
   const WideWrite& wide = *t->wideWrite;
@@ -114,7 +117,7 @@ void PutUpperCase(STEPtransfer* t, const char* keyword) {
   char upper[64];
   for (std::size_t at = 0; at < word.size(); at += sizeof upper) {
     const std::string_view piece = word.substr(at, sizeof upper);
-    std::transform(piece.begin(), piece.end(), upper, ToUpper);
+    std::transform(piece.begin(), piece.end(), upper, ToStandard);
     PutBytes(t, std::string_view(upper, piece.size()));
   }
 }
@@ -165,7 +168,9 @@ void WriteWideKeyword(STEPtransfer* t, const char* name, const char* keyword) {
 
 void WriteWideToken(STEPtransfer* t, const char* name, const char* token) {
   const ValueFrame frame(t, name, TOK_NAME);
-  PutToken(t, token ? token : "$");
+  if (!token) return PutToken(t, "$");
+  if (*token == '\'') return PutToken(t, token);
+  PutUpperCase(t, token);
 }
 
 // An instance that the file does not have is reported at its first reference.

@@ -188,6 +188,10 @@ void PutValue(std::string& out, const steprt::Value& value, const Places& places
       for (const steprt::Value& member : value) PutValue(out, member, places);
       out += ')';
       return;
+    case STEP_ENUM:
+    case STEP_BINARY:
+      out += KeywordText(value.Chars());
+      return;
     default:
       value.Print(out);
       out += ' ';

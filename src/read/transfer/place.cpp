@@ -75,17 +75,19 @@ const char* StartAfterNeighbours(const char* start, const char* end) {
   return word.empty() ? end - 1 : word.data();
 }
 
-const char* StartOfWord(const char* begin, const char* end) {
+const char* StartOfWord(const InputFile& in, const char* end) {
+  const char* const begin = Begin(in);
   const char* p = end;
   while (p != begin && !IsOneOf(kEndsOfWords, p[-1])) {
     if (*--p == '#') break;
   }
+  if (p == in.Begin() && *p == '/' && in.Before() == '*') ++p;  // the end of a comment
   return StartAfterNeighbours(p, end);
 }
 
-const char* StartOfToken(const char* begin, const char* end) {
-  if (end[-1] == '\'') return StartOfText(begin, end);
-  return IsOneOf(kSingles, end[-1]) ? end - 1 : StartOfWord(begin, end);
+const char* StartOfToken(const InputFile& in, const char* end) {
+  if (end[-1] == '\'') return StartOfText(Begin(in), end);
+  return IsOneOf(kSingles, end[-1]) ? end - 1 : StartOfWord(in, end);
 }
 
 }  // namespace
@@ -133,8 +135,8 @@ Place PlaceOfLastToken(STEPtransfer* t) {
   if (isSlow(in->Cursor())) return PlaceOfSlowToken(t);  // a comment may have ended a word
   const Ending last = BeforeBlanks(t);
   if (isSlow(last.end)) return PlaceOfSlowToken(t);
-  const char* const begin = Begin(*in);
-  return PlaceOf(t, last.end == begin ? begin : StartOfToken(begin, last.end), last.line);
+  const bool isAtBegin = last.end == Begin(*in);
+  return PlaceOf(t, isAtBegin ? last.end : StartOfToken(*in, last.end), last.line);
 }
 
 void KeepPlaceOfLastToken(STEPtransfer* t, const Place& place) {
