@@ -75,6 +75,7 @@ int main(int argc, char** argv) {
   if (options.isFull) RegisterAll(kFullSize);
   bench::RegisterSchemas();
   bench::RegisterDoublings(bench::ClearTextShapes(), nullptr);
+  bench::RegisterDoublings(bench::StandardShapes(), nullptr);
 #ifdef STEPRT_BENCH_XML
   bench::RegisterDoublings(bench::XmlShapes(), bench::ParseAtOnce);
 #endif

@@ -100,6 +100,10 @@ void ShapeModel::Read(Form form, const std::string& path) {
   Name(path.c_str());
   if (form == Form::kXml) {
     ReadXml(nullptr);
+  } else if (form == Form::kStandard) {
+    STEPreadOptions options;
+    options.check = true;
+    ReadStandard(path.c_str(), &options);
   } else {
     STEPmodel::Read(true, nullptr);
   }

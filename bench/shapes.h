@@ -8,7 +8,7 @@
 
 namespace bench {
 
-enum class Form { kClearText, kXml };
+enum class Form { kClearText, kStandard, kXml };
 
 // A number that goes with that of a file's items.
 struct Amount {
@@ -29,6 +29,7 @@ struct Shape {
 };
 
 std::span<const Shape> ClearTextShapes();
+std::span<const Shape> StandardShapes();
 std::span<const Shape> XmlShapes();
 
 // False where the file cannot be written.

@@ -104,7 +104,8 @@ class Ref : public detail::Reference {
   }
   /// Refers to an instance of any class, such as a STEPcomplex with a part of class T. The caller answers for its type.
   void SetObject(STEPheader* object) { Become(object ? STEP_END : STEP_OMITTED, object); }
-  /// The instance, or the part of a complex one; null if there is none of class T.
+  /// The instance, or the part of a complex one; null if there is none of class T. It looks through the parts each
+  /// time, so a loop should ask once.
   T* Get() const { return detail::As<T>(Object()); }
   T* operator->() const { return Get(); }  ///< as Get
 

@@ -107,8 +107,8 @@ void ReadComplex(STEPtransfer* t, STEPentry* entry) {
     ReportError(t, kOutOfMemory);
     return SkipToClose(t, 1);
   }
-  SetObject(entry, complex);
   ReadParts(t, complex);
+  SetObject(entry, complex);  // a reference from a part waits until all parts are there
 }
 
 }  // namespace steprt

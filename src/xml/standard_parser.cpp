@@ -120,7 +120,6 @@ void StandardXmlParser::StartComplex() {
     kind_ = Kind::kSkipped;
     return;
   }
-  SetObject(entry, complex_);
   complex_->number = entry->number > 0 ? entry->number : 0;
 }
 
@@ -166,6 +165,7 @@ void StandardXmlParser::EndRecord() {
     for (const STEPelement* each = t->elements; each; each = each->next) ReadHeaderRecord(t, *each);
     t->items.isDocument = true;
   }
+  if (kind_ == Kind::kComplex) SetObject(entry, complex_);  // a reference from a part waits until all parts are there
   if (kind_ != Kind::kRecord || !reader_) return;
   BeginElementValues(t);
   SetObject(entry, reader_->read(t));

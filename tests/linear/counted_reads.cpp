@@ -72,6 +72,7 @@ int main(int argc, char** argv) {
   if (argc < 2) return 2;
   const char* only = argc > 2 ? argv[2] : nullptr;
   bool isGood = CountShapes(bench::ClearTextShapes(), argv[1], only);
+  isGood = CountShapes(bench::StandardShapes(), argv[1], only) && isGood;
 #ifdef STEPRT_TEST_XML
   isGood = CountShapes(bench::XmlShapes(), argv[1], only) && isGood;
 #endif
