@@ -161,9 +161,11 @@ Places PlacesOf(STEPmodel& model) {
 
 // As it is written: in upper case, and with `_` for a byte that no keyword has.
 std::string KeywordText(std::string keyword) {
-  for (char& c : keyword) {
+  for (std::size_t i = 0; i < keyword.size(); ++i) {
+    char& c = keyword[i];
     if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    if (c != '!' && !(c >= 'A' && c <= 'Z') && !(c >= '0' && c <= '9')) c = '_';
+    const bool isOfKeyword = (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || (c == '!' && i == 0);
+    if (!isOfKeyword) c = '_';
   }
   return keyword;
 }
