@@ -34,9 +34,10 @@ class InputFile {
   const char* Cursor() const { return cursor_; }
   const char* Limit() const { return limit_; }
 
-  // The first byte of the block, and the one before it; a line feed before the first block.
+  // The first byte of the block, and the one before it; a line feed before the first block. The cursor may be moved to
+  // that byte, too.
   const char* Begin() const { return block_; }
-  char Before() const { return before_; }
+  char Before() const { return block_[-1]; }
 
   void MoveTo(const char* cursor) { cursor_ = cursor; }
 
@@ -79,7 +80,10 @@ class InputFile {
  private:
   static constexpr std::size_t kBlock = 1 << 16;
 
-  InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) { EndBlock(); }
+  InputFile(int handle, std::uint64_t size) : handle_(handle), size_(size) {
+    block_[-1] = '\n';
+    EndBlock();
+  }
 
   std::size_t ReadBlock();
   void NoteLineStart();
@@ -88,15 +92,15 @@ class InputFile {
   const int handle_;         // -1: the bytes are in memory
   std::string_view memory_;  // the bytes not yet read
   std::uint64_t size_;       // 0: unknown
-  char before_ = '\n';
   std::uint64_t lineStart_ = 0;
   std::uint64_t taken_ = 0;
   std::uint32_t blocks_ = 0;
   bool ended_ = false;
   bool failed_ = false;
+  char* const block_ = bytes_ + 1;
   const char* cursor_ = block_;
   const char* limit_ = block_;
-  char block_[kBlock + kScanReach];
+  char bytes_[1 + kBlock + kScanReach];
 };
 
 }  // namespace steprt

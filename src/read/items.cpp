@@ -15,6 +15,7 @@
 #include "read/attribute.h"
 #include "read/char_class.h"
 #include "read/tokeniser.h"
+#include "read/transfer/place.h"
 #include "read/transfer/read_store.h"
 #include "read/transfer/report.h"
 #include "read/transfer/wide_read.h"
@@ -38,7 +39,8 @@ std::string_view NumberText(STEPtransfer* t) {
   if (wide && wide->wordEnd == in.Cursor() && wide->wordBlock == in.Blocks()) return wide->word;
   const char* start = in.Cursor();
   while (start != in.Begin() && !IsIn(kIsDelimiter, start[-1])) --start;
-  const bool crosses = start == in.Begin() && (!IsIn(kIsDelimiter, in.Before()) || in.Before() == '#');
+  if (wide) start = StartOfLastWord(in, start, in.Cursor());
+  const bool crosses = !wide && start == in.Begin() && (!IsIn(kIsDelimiter, in.Before()) || in.Before() == '#');
   if (crosses) return t->buffer;
   if (start != in.Begin() && start[-1] == '#') --start;
   return {start, static_cast<std::size_t>(in.Cursor() - start)};

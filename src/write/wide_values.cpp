@@ -171,6 +171,8 @@ void WriteWideToken(STEPtransfer* t, const char* name, const char* token) {
   if (!token) return PutToken(t, "$");
   if (*token == '\'') return PutToken(t, token);
   PutUpperCase(t, token);
+  const bool isOpen = *token == '"' && (token[1] == '\0' || token[std::strlen(token) - 1] != '"');
+  if (isOpen) PutBytes(t, "\"");  // a binary with a null character
 }
 
 // An instance that the file does not have is reported at its first reference.

@@ -62,6 +62,7 @@ Texts Row(const std::string& items, const std::string& reports) {
 
 TEST(Standard, TakesCommentsLongTextsAndWideNumbers) {
   for (const Texts& row : Table(R"(
+    /*x*/0.,/*y*/5,(/**/2.5,/*\n*/-0.,/*x*/#7)        | 0.,5,(2.5,-0.,#7)  |
     /**/1/* a, 'b' ) ; */,/*\n\n*/2/***/               | 1,2                |
     'a'/*x*/,/* / * ** */'b/*c*/''d'                   | 'a','b/*c*/'d'     |
     .A./*x*/,$/*x*/,*/*x*/,#7/*x*/,1.5/*x*/,"0A"/*x*/  | .A.,$,*,#7,1.5,"0A" |

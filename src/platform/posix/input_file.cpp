@@ -29,7 +29,7 @@ void InputFile::Restart(std::string_view text) {
   memory_ = text;
   size_ = text.size();
   taken_ = lineStart_ = 0;
-  before_ = '\n';
+  block_[-1] = '\n';
   ended_ = failed_ = false;
   cursor_ = limit_ = block_;
   EndBlock();
@@ -65,7 +65,7 @@ void InputFile::NoteLineStart() {
 bool InputFile::Refill() {
   if (ended_) return false;
   NoteLineStart();
-  if (limit_ != block_) before_ = limit_[-1];
+  if (limit_ != block_) block_[-1] = limit_[-1];
   const std::size_t count = ReadBlock();
   ended_ = count == 0;
   ++blocks_;

@@ -63,26 +63,13 @@ const char* StartOfText(const char* begin, const char* end) {
   return end - 1;
 }
 
-// Where a word begins that nothing separates from what is before it: a comment, a binary, or the token `*`. `start` is
-// where those may begin.
-const char* StartAfterNeighbours(const char* start, const char* end) {
-  std::string_view word(start, static_cast<std::size_t>(end - start));
-  const std::size_t comment = word.rfind("*/");
-  if (comment != word.npos) word.remove_prefix(comment + 2);
-  const std::size_t quote = word.rfind('"');
-  if (quote != word.npos && quote + 1 != word.size()) word.remove_prefix(quote + 1);
-  while (word.size() > 1 && word[0] == '*') word.remove_prefix(1);
-  return word.empty() ? end - 1 : word.data();
-}
-
 const char* StartOfWord(const InputFile& in, const char* end) {
   const char* const begin = Begin(in);
   const char* p = end;
   while (p != begin && !IsOneOf(kEndsOfWords, p[-1])) {
     if (*--p == '#') break;
   }
-  if (p == in.Begin() && *p == '/' && in.Before() == '*') ++p;  // the end of a comment
-  return StartAfterNeighbours(p, end);
+  return StartOfLastWord(in, p, end);
 }
 
 const char* StartOfToken(const InputFile& in, const char* end) {
@@ -91,6 +78,17 @@ const char* StartOfToken(const InputFile& in, const char* end) {
 }
 
 }  // namespace
+
+const char* StartOfLastWord(const InputFile& in, const char* start, const char* end) {
+  if (start == in.Begin() && *start == '/' && in.Before() == '*') ++start;  // the end of a comment
+  std::string_view word(start, static_cast<std::size_t>(end - start));
+  const std::size_t comment = word.rfind("*/");
+  if (comment != word.npos) word.remove_prefix(comment + 2);
+  const std::size_t quote = word.rfind('"');
+  if (quote != word.npos && quote + 1 != word.size()) word.remove_prefix(quote + 1);
+  while (word.size() > 1 && word[0] == '*') word.remove_prefix(1);
+  return word.empty() ? end - 1 : word.data();
+}
 
 void BeginSlowToken(STEPtransfer* t) {
   SlowToken& token = t->wide->slow;

@@ -47,6 +47,10 @@ Place PlaceOfReference(STEPtransfer* t);
 // may have been replaced meanwhile.
 void KeepPlaceOfLastToken(STEPtransfer* t, const Place& place);
 
+// Where the last token begins of what is between `start` and `end` and has no other separators than a comment, a binary
+// or a `*` before it.
+const char* StartOfLastWord(const InputFile& in, const char* start, const char* end);
+
 // Notes the last token as the one that the next report is about, although more will be read before. Only a standard
 // read does.
 [[gnu::noinline, gnu::cold]] void NoteFault(STEPtransfer* t);
