@@ -170,6 +170,8 @@ std::string KeywordText(std::string keyword) {
   return keyword;
 }
 
+bool IsOpenBinary(const std::string& token) { return token[0] == '"' && (token.size() == 1 || token.back() != '"'); }
+
 // A reference that was reported is written as an omitted value. Texts are decoded, because a directive may be written
 // that the file has not.
 void PutValue(std::string& out, const steprt::Value& value, const Places& places) {
@@ -193,7 +195,7 @@ void PutValue(std::string& out, const steprt::Value& value, const Places& places
     case STEP_ENUM:
     case STEP_BINARY:
       out += KeywordText(value.Chars());
-      if (*value.Chars() == '"' && out.back() != '_') out += '_';  // a null character has cut it
+      if (IsOpenBinary(value.Chars())) out += '_';  // a null character has cut it
       return;
     default:
       value.Print(out);
