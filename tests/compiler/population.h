@@ -4,7 +4,6 @@
 #define STEPRT_TESTS_COMPILER_POPULATION_H
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace steprt_test {
