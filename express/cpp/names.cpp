@@ -105,6 +105,7 @@ constexpr auto kMembers = Sorted(std::to_array<std::string_view>({"AbstractEntit
                                                                   "AbstractSelf",
                                                                   "Changed",
                                                                   "Describe",
+                                                                  "DescribeInherited",
                                                                   "Entity",
                                                                   "EntityName",
                                                                   "Id",

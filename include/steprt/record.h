@@ -56,6 +56,11 @@ class Record : public STEPheader {
 
   /// Names every attribute to the description, those of the supertype first: `Super::Describe(d);`
   virtual void Describe(Description& description) = 0;
+
+  /// @cond
+  // Names the attributes of the supertype. Returns how many attributes of further supertypes follow them.
+  virtual int DescribeInherited(Description& /*description*/) { return 0; }
+  /// @endcond
 };
 
 // A base class between Record and an entity need not describe anything.
@@ -83,6 +88,13 @@ class Entity : public Base {
   using AbstractSelf = void;  ///< see AbstractEntity
 
   Entity() { this->type = kNumber; }
+
+  /// @cond
+  int DescribeInherited(Description& description) override {
+    Base::Describe(description);
+    return Self::kFurtherAttributes;
+  }
+  /// @endcond
 };
 
 /// An entity that has no instances of its own. A record of it in a file is reported as "Syntax" and skipped. A part of
@@ -96,31 +108,20 @@ class AbstractEntity : public Entity<Self, kNumber, Base> {
 
 namespace detail {
 
-using Describer = void (*)(Record*, Description&);
-
-// Reads or writes what the record's own class declares: what comes after the attributes of its base and `further` ones.
-inline void TransferPart(STEPtransfer* t, Record* record, Describer describeBase, int further, bool isWrite) {
-  OwnTransfer base(t, isWrite);
-  if (describeBase) describeBase(record, base);
+// Reads or writes what the record's own class declares: what comes after all that it inherits.
+inline void TransferPart(STEPtransfer* t, Record* record, bool isWrite) {
+  OwnTransfer inherited(t, isWrite);
+  const int further = record->DescribeInherited(inherited);
   OwnTransfer own(t, isWrite);
-  own.Skip(base.Count() + further);
+  own.Skip(inherited.Count() + further);
   record->Describe(own);
-}
-
-template <class T>
-constexpr Describer BaseDescriber() {
-  if constexpr (std::is_same_v<typename T::Super, Record>) {
-    return nullptr;
-  } else {
-    return [](Record* record, Description& d) { static_cast<T*>(record)->T::Super::Describe(d); };
-  }
 }
 
 template <class T>
 STEPheader* ReadRecord(STEPtransfer* t) {
   auto* record = new T;
   if (rSTEPispart(t)) {
-    TransferPart(t, record, BaseDescriber<T>(), T::kFurtherAttributes, false);
+    TransferPart(t, record, false);
     return record;
   }
   Reader reader(t);
@@ -133,16 +134,11 @@ STEPheader* ReadAbstractRecord(STEPtransfer* t) {
   return rSTEPispart(t) ? ReadRecord<T>(t) : rSTEPabstract(t);
 }
 
-inline void WriteRecordAs(STEPtransfer* t, STEPheader* object, Describer describeBase, int further) {
+inline void WriteRecord(STEPtransfer* t, STEPheader* object) {
   auto* record = static_cast<Record*>(object);
-  if (wSTEPispart(t)) return TransferPart(t, record, describeBase, further, true);
+  if (wSTEPispart(t)) return TransferPart(t, record, true);
   Writer writer(t);
   record->Describe(writer);
-}
-
-template <class T>
-void WriteRecord(STEPtransfer* t, STEPheader* object) {
-  WriteRecordAs(t, object, BaseDescriber<T>(), T::kFurtherAttributes);
 }
 
 // Null is no text.
@@ -160,9 +156,9 @@ constexpr APPentity RowOf() {
   static_assert(!IsSameText(T::kKeyword, T::Super::kKeyword), "each entity class has a kKeyword of its own");
   constexpr bool isAbstract = std::is_same_v<typename T::AbstractSelf, T>;
   if constexpr (!isAbstract) {
-    return {T::kKeyword, ReadRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
+    return {T::kKeyword, ReadRecord<T>, WriteRecord, T::kType, T::Super::kKeyword};
   } else if constexpr (std::is_default_constructible_v<T>) {
-    return {T::kKeyword, ReadAbstractRecord<T>, WriteRecord<T>, T::kType, T::Super::kKeyword};
+    return {T::kKeyword, ReadAbstractRecord<T>, WriteRecord, T::kType, T::Super::kKeyword};
   } else {
     return {T::kKeyword, nullptr, nullptr, T::kType, T::Super::kKeyword};
   }
