@@ -246,6 +246,24 @@ TEST(Complex, IsReferredToByItsOwnParts) {
   EXPECT_EQ((*again.All<User>().begin()).One->Degree.Get(), 3);
 }
 
+// Answers about instances with many parts are kept, so each is asked for twice: before the record and after it.
+TEST(Complex, IsReferredToByAPartAfterManyOthers) {
+  constexpr int kInstances = 100;
+  std::string units;
+  for (int i = 0; i < 30; ++i) units += "UNIT()";
+  std::string records;
+  for (int i = 1; i <= kInstances; ++i) {
+    const std::string name = "#" + std::to_string(i);
+    const std::string user = "=USER(" + name + ",(),$);";
+    records += name + "0000" + user + name + "=(" + units + (i % 2 ? "SPLINE(3,())" : "") + ");" + name + "0001" + user;
+  }
+  Reading read(records);
+  EXPECT_EQ(read.reports.size(), kInstances);  // two for each second one
+  int found = 0;
+  for (const User& user : read.model.All<User>()) found += user.One.Get() ? 1 : 0;
+  EXPECT_EQ(found, kInstances);
+}
+
 TEST(Complex, TakesItsPartsToAnotherModel) {
   Reading read("#1=(UNIT());");
   steprt::Model other(&schema);
