@@ -8,7 +8,7 @@
 
 namespace exchange {
 
-// What a name stands for; a check against a schema has its own numbers from kFirstType on.
+// What a name refers to; a check against a schema has its own numbers from kFirstType on.
 inline constexpr std::uint16_t kUnknownType = 0;
 inline constexpr std::uint16_t kFirstType = 1;
 inline constexpr std::uint16_t kLastType = 0xFFFF;

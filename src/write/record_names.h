@@ -24,7 +24,7 @@ class RecordNames {
   // Makes a table for that many instances, parts included. Returns false when memory runs out.
   [[nodiscard]] bool Reserve(std::size_t count);
 
-  // Gives an instance its name. A part has the name of its complex instance.
+  // Sets the name of an instance. A part has the name of its complex instance.
   void Add(STEPheader* object, std::uint64_t name) {
     entries_[count_] = {object, name};
     object->number = static_cast<int>(++count_);

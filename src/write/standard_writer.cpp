@@ -37,9 +37,9 @@ void PutHead(STEPtransfer* t, const STEPfileHeader* header) {
   t->wideWrite->isNamed = true;  // the records of the header are no records of the data
   if (t->wideWrite->isDocument) {
     BeginDocument(t);
-    BeginEntity(t, kHeaderElement);
+    BeginFrame(t, kHeaderElement);
     WriteStandardHeader(t, header);
-    EndEntity(t, kHeaderElement);
+    EndFrame(t, kHeaderElement);
     return PutLineEnd(t);
   }
   PutSection(t, SEC_START);

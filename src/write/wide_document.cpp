@@ -19,7 +19,8 @@
 namespace steprt {
 namespace {
 
-// Writes a keyword as the name of an element. What cannot be in one is replaced.
+// Writes a keyword as the name of an element. What cannot be in a keyword is replaced, as in clear text: a dot is only
+// in the names of xml/values/names.h.
 void PutElementName(STEPtransfer* t, const char* keyword) {
   OutputFile& out = *t->file.out;
   if (*keyword == '!') {
@@ -30,16 +31,18 @@ void PutElementName(STEPtransfer* t, const char* keyword) {
   }
   for (; *keyword; ++keyword) {
     const char c = *keyword;
-    out.Put(IsLetter(c) || IsDigit(c) || c == '.' || c == '-' ? c : '_');
+    out.Put(IsLetter(c) || IsDigit(c) ? c : '_');
   }
 }
 
-}  // namespace
+void PutOwnName(STEPtransfer* t, const char* name) { Put(t, {name}); }
 
-void BeginEntity(STEPtransfer* t, const char* keyword) {
+using NameWriter = void (*)(STEPtransfer* t, const char* name);
+
+void Begin(STEPtransfer* t, NameWriter putName, const char* name) {
   const WideWrite& wide = *t->wideWrite;
   Put(t, {wide.isPart ? "<" : "\t<"});
-  PutElementName(t, keyword);
+  putName(t, name);
   if (!wide.isPart) {
     Put(t, {" rid=\""});
     PutName(t, wide.name);
@@ -48,11 +51,18 @@ void BeginEntity(STEPtransfer* t, const char* keyword) {
   Put(t, {">"});
 }
 
-void EndEntity(STEPtransfer* t, const char* keyword) {
+void End(STEPtransfer* t, NameWriter putName, const char* name) {
   Put(t, {"</"});
-  PutElementName(t, keyword);
+  putName(t, name);
   Put(t, {">"});
 }
+
+}  // namespace
+
+void BeginEntity(STEPtransfer* t, const char* keyword) { Begin(t, PutElementName, keyword); }
+void EndEntity(STEPtransfer* t, const char* keyword) { End(t, PutElementName, keyword); }
+void BeginFrame(STEPtransfer* t, const char* name) { Begin(t, PutOwnName, name); }
+void EndFrame(STEPtransfer* t, const char* name) { End(t, PutOwnName, name); }
 
 void BeginDocument(STEPtransfer* t) {
   Put(t, {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>"});

@@ -94,10 +94,10 @@ void WriteParts(STEPtransfer* t, STEPheader* complex) {
 
 void WriteComplex(STEPtransfer* t, STEPheader* complex) {
   if (!t->wideWrite->isDocument) PutToken(t, "(");
-  if (t->wideWrite->isDocument) BeginEntity(t, kComplexElement);
+  if (t->wideWrite->isDocument) BeginFrame(t, kComplexElement);
   WriteParts(t, complex);
   if (!t->wideWrite->isDocument) PutToken(t, ")");
-  if (t->wideWrite->isDocument) EndEntity(t, kComplexElement);
+  if (t->wideWrite->isDocument) EndFrame(t, kComplexElement);
 }
 
 void WriteRecord(STEPtransfer* t, STEPheader* object, std::uint64_t name) {

@@ -6,7 +6,7 @@
 
 namespace steprt {
 
-// Gives a name to each instance of the chain that will have a record. Returns false, with a report, when memory runs
+// Assigns a name to each instance of the chain that will have a record. Returns false, with a report, when memory runs
 // out.
 [[nodiscard]] bool NameRecords(STEPtransfer* t, STEPheader* first);
 

@@ -64,7 +64,7 @@ SaxResult StandardXmlParser::StartRoot(SaxAttributes& attributes) {
   return kSaxOk;
 }
 
-// The keyword that an element stands for, or its name. It is valid until the next element.
+// The keyword of an element, or its name if it has none. It is valid until the next element.
 char* StandardXmlParser::Keyword(std::u16string_view localName) {
   NarrowText(localName);
   char* keyword = text;

@@ -113,7 +113,7 @@ class Conversion {
     LateSchema schema(program);
     steprt::Model model(schema.Descriptor());
     STEPreadOptions options;
-    options.check = IsXml(input_.Bytes());  // a document of another schema would be passed over in silence
+    options.check = IsXml(input_.Bytes());  // a document of another schema would be passed over without a report
     Read(model, options);
     Outcome outcome = Survey(model);
     if (outcome.isUseless) return outcome;

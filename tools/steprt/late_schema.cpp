@@ -9,24 +9,6 @@ namespace {
 
 const LateSchema* bound = nullptr;
 
-class Reader final : public steprt::Description {
- public:
-  explicit Reader(STEPtransfer* t) : t_(t) {}
-
- private:
-  void Visit(const char* name, void* value, const steprt::AttributeType& type) override { type.read(value, t_, name); }
-  STEPtransfer* const t_;
-};
-
-class Writer final : public steprt::Description {
- public:
-  explicit Writer(STEPtransfer* t) : t_(t) {}
-
- private:
-  void Visit(const char* name, void* value, const steprt::AttributeType& type) override { type.write(value, t_, name); }
-  STEPtransfer* const t_;
-};
-
 }  // namespace
 
 // Enumerators, booleans, integers, selects and nested lists are Values: these are read and written alike.
@@ -95,7 +77,7 @@ LateSchema::LateSchema(const express::cpp::Program& program) {
   for (const auto& made : program.classes) {
     classes_.emplace(made->keyword, made.get());
     const char* const super = made->base ? made->base->keyword.c_str() : nullptr;
-    rows.push_back({made->keyword.c_str(), Read, Write, made->type, super});
+    rows.push_back({made->keyword.c_str(), Read, steprt::detail::WriteRecord, made->type, super});
   }
   table_ = std::make_unique<Table>(program.schemaName, rows);
   bound = this;
@@ -105,15 +87,7 @@ LateSchema::~LateSchema() { bound = nullptr; }
 
 STEPheader* LateSchema::Read(STEPtransfer* t) {
   const express::cpp::Class& entity = *bound->classes_.at(rSTEPkeyword(t));
-  auto* record = new LateRecord(entity, rSTEPinstance(t), rSTEPispart(t));
-  Reader reader(t);
-  record->Describe(reader);
-  return record;
-}
-
-void LateSchema::Write(STEPtransfer* t, STEPheader* object) {
-  Writer writer(t);
-  static_cast<LateRecord*>(object)->Describe(writer);
+  return steprt::detail::ReadInto(t, new LateRecord(entity, rSTEPinstance(t), rSTEPispart(t)));
 }
 
 }  // namespace steprt_tools

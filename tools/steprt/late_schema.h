@@ -57,7 +57,6 @@ class LateSchema {
 
  private:
   static STEPheader* Read(STEPtransfer* t);
-  static void Write(STEPtransfer* t, STEPheader* object);
 
   std::unordered_map<std::string_view, const express::cpp::Class*> classes_;  // by keyword
   std::unique_ptr<Table> table_;
