@@ -161,17 +161,10 @@ void DataSections(std::string& file, int items) {
   }
 }
 
-constexpr Amount kNone = {0, 0};
-constexpr Amount kOne = {0, 1};
-constexpr Amount kTwo = {0, 2};
-constexpr Amount kEach = {1, 0};
 constexpr Amount kEachAndOne = {1, 1};
 constexpr Amount kEachButOne = {1, -1};
 
-constexpr Shape Row(const char* name, int measured, int counted, Amount instances, Amount reports,
-                    void (*put)(std::string&, int)) {
-  return {name, Form::kClearText, measured, counted, instances, reports, put};
-}
+constexpr auto Row = RowOf<Form::kClearText>;
 
 constexpr Shape kShapes[] = {
     Row("ascending", 250'000, 10'000, kEach, kNone, Ascending),

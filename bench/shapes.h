@@ -18,6 +18,11 @@ struct Amount {
   constexpr long Of(long items) const { return forEach * items + more; }
 };
 
+inline constexpr Amount kNone = {0, 0};
+inline constexpr Amount kOne = {0, 1};
+inline constexpr Amount kTwo = {0, 2};
+inline constexpr Amount kEach = {1, 0};
+
 struct Shape {
   const char* name;
   Form form;
@@ -27,6 +32,13 @@ struct Shape {
   Amount reports;
   void (*put)(std::string& file, int items);  // what lies between the head and the tail
 };
+
+// A shape of that form.
+template <Form form>
+constexpr Shape RowOf(const char* name, int measured, int counted, Amount instances, Amount reports,
+                      void (*put)(std::string&, int)) {
+  return {name, form, measured, counted, instances, reports, put};
+}
 
 std::span<const Shape> ClearTextShapes();
 std::span<const Shape> StandardShapes();

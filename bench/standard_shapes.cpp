@@ -101,15 +101,7 @@ void LargeNames(std::string& file, int items) {
   }
 }
 
-constexpr Amount kNone = {0, 0};
-constexpr Amount kOne = {0, 1};
-constexpr Amount kTwo = {0, 2};
-constexpr Amount kEach = {1, 0};
-
-constexpr Shape Row(const char* name, int measured, int counted, Amount instances, Amount reports,
-                    void (*put)(std::string&, int)) {
-  return {name, Form::kStandard, measured, counted, instances, reports, put};
-}
+constexpr auto Row = RowOf<Form::kStandard>;
 
 constexpr Shape kShapes[] = {
     Row("parts_and_references", 125'000, 5'000, kTwo, kNone, PartsTimesReferences),

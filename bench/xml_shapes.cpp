@@ -141,15 +141,7 @@ void CollidingChildren(std::string& file, int items) {
   file += "<Count>0</Count></FAMILY>\n";
 }
 
-constexpr Amount kNone = {0, 0};
-constexpr Amount kOne = {0, 1};
-constexpr Amount kTwo = {0, 2};
-constexpr Amount kEach = {1, 0};
-
-constexpr Shape Row(const char* name, int measured, int counted, Amount instances, Amount reports,
-                    void (*put)(std::string&, int)) {
-  return {name, Form::kXml, measured, counted, instances, reports, put};
-}
+constexpr auto Row = RowOf<Form::kXml>;
 
 constexpr Shape kShapes[] = {
     Row("xml_ascending", 250'000, 5'000, kEach, kNone, Ascending),

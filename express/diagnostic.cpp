@@ -7,9 +7,6 @@ namespace express {
 
 namespace {
 
-constexpr std::size_t kExcerpt = 120;       // bytes of a line that are shown
-constexpr std::size_t kExcerptBefore = 80;  // at most so many of them before the caret
-
 std::string_view SeverityName(Severity severity) {
   switch (severity) {
     case Severity::kError:
@@ -23,21 +20,12 @@ std::string_view SeverityName(Severity severity) {
 }
 
 // The line with its caret. Control characters become blanks, so that the caret is under its character.
-std::string Excerpt(const Place& place) {
-  const std::string_view line = place.source->LineAt(place.offset);
-  const std::size_t at = std::min(place.offset - place.source->LineStart(place.offset), line.size());
-  std::size_t from = at > kExcerptBefore ? at - kExcerptBefore : 0;
-  while (from < at && ContinuesCharacter(line[from])) ++from;
-  std::size_t to = std::min(line.size(), from + kExcerpt);
-  while (to < line.size() && ContinuesCharacter(line[to])) ++to;
-
-  std::string text(line.substr(from, to - from));
+std::string LineAndCaret(const Place& place) {
+  const Excerpt excerpt = ExcerptAt(place.source->Text(), place.offset);
+  std::string text(excerpt.text);
   std::replace_if(
       text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
-  const std::string_view before = line.substr(from, at - from);
-  const auto skipped = std::count_if(before.begin(), before.end(), ContinuesCharacter);
-  const std::size_t blanks = before.size() - static_cast<std::size_t>(skipped);
-  return "  " + text + "\n  " + std::string(blanks, ' ') + "^\n";
+  return "  " + text + "\n  " + std::string(excerpt.caret, ' ') + "^\n";
 }
 
 }  // namespace
@@ -100,7 +88,7 @@ std::string Format(const Diagnostic& diagnostic) {
   text.append(SeverityName(diagnostic.severity)).append(": ").append(diagnostic.message);
   if (diagnostic.severity != Severity::kNote) text.append(" [").append(CodeName(diagnostic.code)).append("]");
   text += "\n";
-  if (diagnostic.place.source != nullptr) text += Excerpt(diagnostic.place);
+  if (diagnostic.place.source != nullptr) text += LineAndCaret(diagnostic.place);
   return text;
 }
 

@@ -12,22 +12,12 @@ Source::Source(std::string name, std::string text) : name_(std::move(name)), tex
   }
 }
 
-std::size_t Source::LineStart(std::size_t offset) const {
-  offset = std::min(offset, text_.size());
-  return *(std::upper_bound(lineStarts_.begin(), lineStarts_.end(), offset) - 1);
-}
-
 Position Source::PositionAt(std::size_t offset) const {
   offset = std::min(offset, text_.size());
   const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), offset);
   const std::string_view before = Text().substr(*(next - 1), offset - *(next - 1));
   const auto skipped = std::count_if(before.begin(), before.end(), ContinuesCharacter);
   return {static_cast<std::size_t>(next - lineStarts_.begin()), before.size() - static_cast<std::size_t>(skipped) + 1};
-}
-
-std::string_view Source::LineAt(std::size_t offset) const {
-  const std::string_view rest = Text().substr(LineStart(offset));
-  return rest.substr(0, rest.find_first_of("\r\n"));
 }
 
 std::string Fold(std::string_view name) {

@@ -9,13 +9,9 @@
 #include <string_view>
 #include <vector>
 
-namespace express {
+#include "excerpt.h"
 
-// Both count from 1. A column is a character of UTF-8; a tab is one.
-struct Position {
-  std::size_t line = 1;
-  std::size_t column = 1;
-};
+namespace express {
 
 class Source {
  public:
@@ -29,10 +25,6 @@ class Source {
 
   // An offset beyond the text counts as its end.
   Position PositionAt(std::size_t offset) const;
-  // The offset where the line that holds `offset` starts.
-  std::size_t LineStart(std::size_t offset) const;
-  // Without its line end.
-  std::string_view LineAt(std::size_t offset) const;
 
  private:
   std::string name_;
@@ -56,9 +48,6 @@ using Name = Text;
 
 // The form in which names are compared: EXPRESS ignores the case of ASCII letters.
 std::string Fold(std::string_view name);
-
-// True for the bytes of a character of UTF-8 after its first.
-constexpr bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 }  // namespace express
 

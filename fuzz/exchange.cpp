@@ -79,7 +79,7 @@ void CheckReports(const Reports& reports, const Input& input) {
     const Position at = lines.PositionAt(report.offset);
     Check(at.line > last.line || (at.line == last.line && at.column >= last.column));
     last = at;
-    const Excerpt excerpt = ExcerptAt(input.Bytes(), report.offset);
+    const express::Excerpt excerpt = express::ExcerptAt(input.Bytes(), report.offset);
     Check(excerpt.caret <= excerpt.text.size());
     Check(excerpt.text.find_first_of("\r\n") == std::string_view::npos);
   }

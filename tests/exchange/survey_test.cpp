@@ -148,7 +148,7 @@ TEST(Lines, AnExcerptIsThePieceOfTheLineAroundThePlace) {
       {longLine, 500, std::string(80, 'a') + "X" + std::string(39, 'b'), 80},
   };
   for (const auto& row : rows) {
-    const Excerpt excerpt = ExcerptAt(row.text, row.offset);
+    const express::Excerpt excerpt = express::ExcerptAt(row.text, row.offset);
     EXPECT_EQ(excerpt.text, row.excerpt);
     EXPECT_EQ(excerpt.caret, row.caret) << row.text;
   }

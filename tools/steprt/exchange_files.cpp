@@ -60,7 +60,7 @@ void PrintFinding(const exchange::Input& input, const Finding& finding) {
               Painted(ColourOf(finding.severity), kind, colours).c_str(), Harmless(finding.message).c_str(),
               finding.code.c_str());
   if (finding.column == 0) return;
-  const exchange::Excerpt excerpt = exchange::ExcerptAt(input.Bytes(), finding.offset);
+  const express::Excerpt excerpt = express::ExcerptAt(input.Bytes(), finding.offset);
   std::printf("  %s\n  %s%s\n", Harmless(excerpt.text).c_str(), std::string(excerpt.caret, ' ').c_str(),
               Painted(kGreen, "^", colours).c_str());
 }
